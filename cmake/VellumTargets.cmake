@@ -1,0 +1,49 @@
+# SPDX-License-Identifier: MIT
+# What every target of the project shares, and the one way to add a plug-in or a test program.
+
+# The project's own warnings and sanitizers, for one target.
+function(vellum_target_defaults target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
+  if(VELLUM_WARNINGS_AS_ERRORS)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  target_compile_definitions(${target} PRIVATE QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_USE_QSTRINGBUILDER
+                                               QT_NO_MESSAGELOGCONTEXT)
+  if(VELLUM_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize=vptr -fno-omit-frame-pointer)
+    target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# vellum_add_plugin(<target> LIBRARIES <libraries>): a loadable module without prefix in build/plugins that defines
+# nothing but the two entry points of Qt's plug-in loader.
+function(vellum_add_plugin target)
+  cmake_parse_arguments(arg "" "" "LIBRARIES" ${ARGN})
+  set(symbols ${PROJECT_SOURCE_DIR}/cmake/plugin.symbols)
+  add_library(${target} MODULE)
+  vellum_target_defaults(${target})
+  target_link_libraries(${target} PRIVATE ${arg_LIBRARIES})
+  # Hosts keep connections to code of the plug-in and meta types that it registered, so its code stays mapped until the
+  # process ends, also after an unload.
+  target_link_options(${target} PRIVATE -Wl,--version-script=${symbols} -Wl,-z,nodelete)
+  set_target_properties(${target} PROPERTIES
+    PREFIX "" LINK_DEPENDS ${symbols} LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/plugins
+    BUILD_RPATH "$ORIGIN/../lib" BUILD_RPATH_USE_ORIGIN ON INSTALL_RPATH "$ORIGIN/../..")
+  install(TARGETS ${target} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/vellum/plugins)
+endfunction()
+
+# vellum_add_test(<name> SOURCES <files> LIBRARIES <libraries>): the test program <name>, run without a display.
+function(vellum_add_test name)
+  cmake_parse_arguments(arg "" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  vellum_target_defaults(${name})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} Qt5::Test)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+  add_test(NAME ${name} COMMAND ${name})
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT 300)
+  endif()
+  set_tests_properties(${name} PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=;LC_ALL=C.UTF-8" TIMEOUT ${arg_TIMEOUT}
+    LABELS "${arg_LABELS}")
+endfunction()

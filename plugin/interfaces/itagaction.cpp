@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "itagaction.h"
+
+ITagAction::ITagAction(QObject* parent)
+    : QObject(parent)
+{
+}
+
+ITagAction::~ITagAction() = default;

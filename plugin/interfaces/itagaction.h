@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "iresponseinfo.h"
+#include "tagrecords.h"
+#include "vlhostglobal.h"
+
+#include <QObject>
+#include <QSharedPointer>
+#include <QVector>
+
+/// Asynchronous requests that change tags.
+///
+/// Every operation returns a request id at once; the answer arrives later as signalTagResult with that id, on the GUI
+/// thread, exactly once. What changed is reported by the data providers' signals, not by the answer.
+class VLHOST_EXPORT ITagAction : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ITagAction(QObject* parent = nullptr);
+    ~ITagAction() override;
+
+    /// [0]
+    virtual qint64 createTags(const QVector<NewTagRecord>& tags) = 0;
+    /// [1]
+    virtual qint64 renameTag(qint64 tagId, const QString& newName) = 0;
+    /// [2] \a colorIndex is an index of the host's palette.
+    virtual qint64 setTagColor(qint64 tagId, int colorIndex) = 0;
+    /// [3]
+    virtual qint64 deleteTags(const QVector<qint64>& tagIds) = 0;
+    /// [4] Adding to category 1 makes favourites.
+    virtual qint64 addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) = 0;
+    virtual void reserved5() {}
+    virtual void reserved6() {}
+    /// [7]
+    virtual qint64 removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) = 0;
+
+signals:
+    void signalTagResult(qint64 requestId, QSharedPointer<const IResponseInfo> response);
+};

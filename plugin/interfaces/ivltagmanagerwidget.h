@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "vlhostglobal.h"
+
+#include <QVector>
+#include <QWidget>
+
+/// Base class of the tag manager window: what it asks of the host's window, and what the host tells it.
+class VLHOST_EXPORT IVLTagManagerWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit IVLTagManagerWidget(QWidget* parent = nullptr);
+    ~IVLTagManagerWidget() override;
+
+    /// [0] The host's window became maximised, or normal again.
+    virtual void updateMaximizeButton(bool maximized) = 0;
+
+signals:
+    /// The user wants to see the files that carry these tags.
+    void signalCheckoutTagFile(const QVector<qint64>& tagIds);
+    /// The user wants to see the files of these categories.
+    void signalCheckoutGroupFile(const QVector<qint64>& groupIds);
+    void signalSoftWareMin();
+    /// Maximise the host's window, or restore it when it is maximised.
+    void signalSoftWareMax();
+    void signalSoftWareClose();
+};

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "iresponseinfo.h"
+
+#include <QMetaType>
+#include <QVector>
+
+namespace {
+
+/// Signals of the interfaces may cross threads in queued connections, which look their argument types up by name.
+const struct MetaTypes
+{
+    MetaTypes()
+    {
+        qRegisterMetaType<QVector<qint64>>("QVector<qint64>");
+        qRegisterMetaType<QSharedPointer<const IResponseInfo>>("QSharedPointer<const IResponseInfo>");
+    }
+} registerMetaTypes;
+
+}  // namespace

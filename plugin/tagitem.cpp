@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#include "plugin/tagitem.h"
+
+#include "plugin/vltagmanagersingleton.h"
+
+#include <itagdataprovider.h>
+#include <tagrecords.h>
+
+std::optional<TagItem> readTagItem(const QSharedPointer<ITagDataProvider>& provider)
+{
+    if (!provider)
+        return std::nullopt;
+    const auto info = provider->tagInfo();
+    if (!info)
+        return std::nullopt;
+    return TagItem{info->id(), info->name(), VLTagManagerSingleton::instance()->tagColor(info->colorIndex()),
+                   provider->fileCount(1), provider};
+}
+
+void registerTagItemMetaType()
+{
+    qRegisterMetaType<TagItem>("TagItem");
+}

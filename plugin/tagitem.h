@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QMetaType>
+#include <QSharedPointer>
+#include <QString>
+
+#include <optional>
+
+class ITagDataProvider;
+
+/// What one row of a tag list carries: a snapshot of the tag and the provider that it was read from.
+struct TagItem
+{
+    qint64 id = 0;
+    QString name;
+    QColor color;  ///< Chip colour, from the palette; invalid when there is no palette.
+    int fileCount = 0;
+    QSharedPointer<ITagDataProvider> provider;
+};
+
+Q_DECLARE_METATYPE(TagItem)
+
+/// Reads the provider's record, its colour in the shared palette and its file count.
+/// Nothing when the provider or its record is null.
+std::optional<TagItem> readTagItem(const QSharedPointer<ITagDataProvider>& provider);
+
+/// Makes TagItem known to the meta-type system by its name; called once when the plug-in is loaded.
+void registerTagItemMetaType();

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "plugin/tagitem.h"
+
+#include <QHash>
+#include <QMap>
+#include <QScrollArea>
+#include <QSharedPointer>
+#include <QVector>
+
+class ITagAction;
+class ITagDataProvider;
+class ITagGroupDataProvider;
+class VLTagListView;
+
+/// The body of every tag page: the tags of one category as a column of letter sections, with the tag context menu and
+/// every tag command.
+///
+/// The view is as tall as its sections need and never scrolls itself; the page puts it into a scroll area.
+/// Changes are requests to the host; what is shown changes only when the host's signals report it. GUI thread only.
+class VLTagGroupListView : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// \a drag: chips can be dragged out of the sections.
+    VLTagGroupListView(QWidget* parent, bool drag);
+    ~VLTagGroupListView() override;
+
+    /// Shows the tags of \a provider from now on and follows its signals; null shows nothing.
+    /// Linear in the number of tags.
+    void setDataProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
+    /// As setDataProvider(), but reads no tag until reload() is called with a filter: for a list of search results.
+    void setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
+    /// Shows the tags whose names contain \a filter, compared without case, as one list sorted by closeness to it; with
+    /// an empty filter every tag in its letter section.
+    void reload(const QString& filter);
+};

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+class QMenu;
+
+/// Pops \a menu up at the mouse cursor. The menu is laid out once off screen first, so that its size is known;
+/// placement at the edges of the screen is left to QMenu. Does not block.
+void popUpMenuAtCursor(QMenu* menu);
