@@ -36,4 +36,36 @@ public:
     /// Shows the tags whose names contain \a filter, compared without case, as one list sorted by closeness to it; with
     /// an empty filter every tag in its letter section.
     void reload(const QString& filter);
+
+signals:
+    /// The host is to show the files that carry these tags.
+    void signalsCheckoutFile(QVector<qint64> ids);
+    /// Tags were created or added, or a tag's data changed: open create and rename dialogs close.
+    void signalClosePopup();
+    /// The last section is gone.
+    void signalEmpty();
+    /// So many tags joined the category.
+    void signalAddTag(int count);
+    /// So many tags left the category.
+    void signalRemoveTag(int count);
+
+public slots:
+    /// Opens the dialog that creates a tag.
+    void slotAddTag();
+    void slotAddTagsCallBack(QVector<qint64> tag_ids);
+    void slotRemoveTagsCallBack(QVector<qint64> tag_ids);
+    void slotTagUpdateNoMatch(QVector<qint64> tag_ids);
+    void slotPopMenu(qint64 tag_id, QString name);
+    void slotCheckTagLinkFile(qint64 tag_id, QString name);
+    void slotSetCommonTag(qint64 tag_id);
+    void slotSetGroupTag(qint64 g_id, qint64 tag_id);
+    void slotRenameTag(qint64 tag_id);
+    void slotSetTagColor(qint64 tag_id, int color_index);
+    void slotDelTag(qint64 tag_id);
+    void slotUiRemoveTagListView();
+    void slotAddGroupAction(qint64 g_id);
+    void slotRemoveGroupAction(qint64 g_id);
+    void slotUpdateGroupAction(qint64 g_id);
+    void slotTagProviderUpdate();
+    void slotDetachTag(qint64 tag_id);
 };
