@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QSize>
+#include <QString>
+
+#include <optional>
+
+/// What the person asked for on the command line. Paths are the bytes that were given, so names that are no valid
+/// UTF-8 survive.
+struct CommandLine
+{
+    enum class Action
+    {
+        OpenWindow,   ///< Open the library of folder, or libraryFile; both may be empty.
+        Screenshot,   ///< Render the window to screenshotFile and end.
+        Import,       ///< Import folder into libraryFile without a display.
+        List,         ///< Print libraryFile without a display.
+        ShowHelp,     ///< Print helpText() to standard output and end with status 0.
+        ShowVersion,  ///< Print versionText() to standard output and end with status 0.
+        ReadMetadata  ///< Serve as a reader process of an import: return runMetadataReader() at once.
+    };
+    enum class List
+    {
+        Tags,
+        Categories,
+        Files
+    };
+    enum class Page
+    {
+        All,
+        Categories,
+        Favorites
+    };
+
+    Action action = Action::OpenWindow;
+    QByteArray folder;            ///< The folder to open or to import; empty when none was named.
+    QByteArray libraryFile;       ///< The library's file; empty when none was named.
+    List list = List::Tags;       ///< For List.
+    bool json = false;            ///< For List: JSON in place of tab-separated lines.
+    QByteArray screenshotFile;    ///< For Screenshot.
+    Page page = Page::All;        ///< The page shown first.
+    QString search;               ///< The text typed into that page's search field.
+    std::optional<QSize> size;    ///< The window's size in logical pixels.
+    std::optional<double> scale;  ///< Screen scale, to be applied before a QApplication exists.
+    QByteArray pluginFile;        ///< The plug-in's file; empty for the one beside the program.
+    QString error;                ///< Not empty for wrong usage: print it to stderr and end with exitUsage.
+
+    /// Exit status of wrong usage, and of a folder or a library that does not exist.
+    static constexpr int exitUsage = 2;
+
+    /// Reads the arguments of main; needs no application object.
+    [[nodiscard]] static CommandLine parse(int argc, const char* const* argv);
+    /// Complete texts, with a line feed at the end.
+    [[nodiscard]] static QString helpText();
+    [[nodiscard]] static QString versionText();
+
+    /// True when neither a window nor a display is needed: main makes a QCoreApplication, or none at all.
+    [[nodiscard]] bool needsNoDisplay() const;
+};
