@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "plugin/vltagmanagersingleton.h"
+#include "tests/support/memoryhost.h"
+
+/// A host in memory that the shared state uses while this object lives.
+class InstalledHost final : public MemoryHost
+{
+public:
+    explicit InstalledHost(const QStringList& tagNames = {})
+        : MemoryHost(tagNames)
+    {
+        VLTagManagerSingleton::instance()->setDataProvider(library());
+        VLTagManagerSingleton::instance()->setTagColorProvider(palette());
+    }
+
+    ~InstalledHost() override
+    {
+        VLTagManagerSingleton::instance()->clear();
+        VLTagManagerSingleton::instance()->setTagColorProvider(nullptr);
+    }
+};

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "tests/support/memorypalette.h"
+#include "tests/support/memoryproviders.h"
+#include "tests/support/memoryrecords.h"
+#include "tests/support/memoryrequest.h"
+
+#include <QHash>
+#include <QObject>
+#include <QSharedPointer>
+#include <QStringList>
+#include <QVector>
+
+/// A tag to put into the library.
+struct MemoryTagSpec
+{
+    QString name;
+    int colorIndex = 0;
+    int fileCount = 0;
+};
+
+/// A whole host in memory behind the published interfaces, for tests and benchmarks.
+///
+/// The mutators below change the library as another part of the host would: at once, with the data signals that go with
+/// it, one per category however many tags there are. Requests of the plug-in are recorded and answered as set.
+/// Category 0 always holds the tags that are in no user category. Each operation is linear in what it changes.
+/// The library object may outlive the host; its requests are then neither recorded nor answered.
+class MemoryHost : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr qint64 AllTags = -1;
+    static constexpr qint64 Uncategorized = 0;
+    static constexpr qint64 Favorites = 1;
+
+    enum class Answers
+    {
+        Later,     ///< Carried out and answered from the event loop, first the answer, then the data signals.
+        AtOnce,    ///< The same from inside the request, before the plug-in knows the request's id.
+        OnDemand,  ///< Only by carryOut() and answer(), or never.
+    };
+
+    explicit MemoryHost(QObject* parent = nullptr);
+    /// With these tags, ids counted from 1.
+    explicit MemoryHost(const QStringList& tagNames);
+    ~MemoryHost() override;
+
+    QSharedPointer<ILibraryDataProvider> library() const;
+    /// For tests that take parts of the library away.
+    MemoryLibrary* memoryLibrary() const;
+    MemoryManager* manager() const;
+    MemoryPalette* palette();
+    /// Null for an unknown id.
+    QSharedPointer<MemoryGroup> group(qint64 groupId) const;
+    /// Null for an unknown id.
+    QSharedPointer<MemoryTag> tag(qint64 tagId) const;
+    /// 0 when there is none.
+    qint64 tagId(const QString& name) const;
+    QVector<qint64> groupsOf(qint64 tagId) const;
+
+    qint64 addTag(const QString& name, int colorIndex = 0, int fileCount = 0);
+    QVector<qint64> addTags(const QVector<MemoryTagSpec>& tags);
+    QVector<qint64> addTags(const QStringList& names);
+    void renameTag(qint64 tagId, const QString& name);
+    void setTagColor(qint64 tagId, int colorIndex);
+    void setFileCount(qint64 tagId, int fileCount);
+    void removeTags(const QVector<qint64>& tagIds);
+    void setFavorite(qint64 tagId, bool favorite);
+
+    qint64 addGroup(const QString& name);
+    QVector<qint64> addGroups(const QStringList& names);
+    void renameGroup(qint64 groupId, const QString& name);
+    void removeGroup(qint64 groupId);
+    void removeGroups(const QVector<qint64>& groupIds);
+    void addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds);
+    void removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds);
+
+    void setAnswers(Answers answers);
+    /// Later requests change nothing and get an answer with this status and message; status 0 ends that.
+    void refuseWith(int status, const QString& message);
+    const QVector<MemoryRequest>& requests() const;
+    QStringList requestTexts() const;
+    void clearRequests();
+    /// Changes the library as the request asks, with the data signals, without an answer.
+    void carryOut(const MemoryRequest& request);
+    /// Sends an answer from the action object of \a request; null is an answer, too. May be sent repeatedly.
+    void answer(const MemoryRequest& request, const QSharedPointer<const IResponseInfo>& response);
+    /// Sends an answer with any id from both action objects.
+    void answerForeign(qint64 requestId, const QSharedPointer<const IResponseInfo>& response);
+    static QSharedPointer<MemoryResponse> response(int status = 0, const QString& message = {});
+
+private:
+    qint64 takeRequest(MemoryRequest request);
+    void process(const MemoryRequest& request);
+    QString refusal(const MemoryRequest& request) const;
+    TagHash pick(const QVector<qint64>& tagIds) const;
+    void updateUncategorized(const QVector<qint64>& tagIds);
+
+    QSharedPointer<MemoryLibrary> m_library;
+    MemoryPalette m_palette;
+    QHash<qint64, QSharedPointer<MemoryTag>> m_tags;
+    QHash<qint64, int> m_userGroupCounts;
+    QVector<MemoryRequest> m_requests;
+    Answers m_answers = Answers::Later;
+    QSharedPointer<MemoryResponse> m_refusal;
+    qint64 m_nextTagId = 1;
+    qint64 m_nextGroupId = 2;
+    qint64 m_nextRequestId = 1;
+};
