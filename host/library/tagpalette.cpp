@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/tagpalette.h"
+
+#include "host/library/tagname.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString colorName(const char* source)
+{
+    return QCoreApplication::translate("TagPalette", source);
+}
+
+}  // namespace
+
+TagPalette::TagPalette()
+    : m_entries{
+          {0, colorName("Blue"), QStringLiteral("#2f6fd0")},   {1, colorName("Maroon"), QStringLiteral("#7a1f2b")},
+          {2, colorName("Teal"), QStringLiteral("#0b7f7a")},   {3, colorName("Plum"), QStringLiteral("#5b1f66")},
+          {4, colorName("Orange"), QStringLiteral("#b85a00")}, {5, colorName("Navy"), QStringLiteral("#1b2a6b")},
+          {6, colorName("Grey"), QStringLiteral("#707274")},   {7, colorName("Forest"), QStringLiteral("#14491f")},
+      }
+{
+}
+
+ITagColorProvider* TagPalette::instance()
+{
+    static TagPalette palette;
+    return &palette;
+}
+
+int TagPalette::indexForName(const QString& name)
+{
+    // FNV-1a (http://www.isthe.com/chongo/tech/comp/fnv), 32 bits: unlike qHash() it never changes with a seed.
+    quint32 hash = 2166136261u;
+    for (const QChar& unit : tagname::key(name)) {
+        hash = (hash ^ unit.cell()) * 16777619u;
+        hash = (hash ^ unit.row()) * 16777619u;
+    }
+    return static_cast<int>((hash ^ (hash >> 16)) % Size);
+}
+
+const QVector<TagColorEntry>& TagPalette::colorEntries() const
+{
+    return m_entries;
+}
+
+void TagPalette::color(int index, QColor& out) const
+{
+    out = QColor(m_entries.value(index, m_entries.first()).color);
+}
