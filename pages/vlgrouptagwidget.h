@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "pages/vlalltagwidget.h"
+
+#include <QSharedPointer>
+#include <QString>
+#include <QVector>
+
+class CTagGroupItemWidget;
+class CTagGroupShowWidgt;
+class ITagAction;
+class ITagGroupAction;
+class ITagGroupDataProvider;
+class QAction;
+class QLabel;
+class QMenu;
+class QScrollArea;
+
+/// The Tag Categories page: the categories as tiles on the left, the tags of the selected one on the right.
+///
+/// It creates, renames and deletes categories and files the tags that are dropped on a tile. Every change is a request
+/// to the host; what is shown follows the host's signals. GUI thread only.
+class VLGroupTagWidget : public VLAllTagWidget
+{
+    Q_OBJECT
+
+public:
+    /// \a type: the page type, as for every page. Takes the host's action objects from the shared state and keeps them.
+    VLGroupTagWidget(int type, QWidget* parent);
+    ~VLGroupTagWidget() override;
+
+    /// Builds the page, once. \a root is the fixed category, which is shown first; \a groups are the others in any
+    /// order. Null pointers are allowed. O(n log n) in the number of categories.
+    void initialise(const QSharedPointer<ITagGroupDataProvider>& root,
+                    const QVector<QSharedPointer<ITagGroupDataProvider>>& groups);
+    /// Shows these categories of the shared state and spreads the news. Unknown ones and those already shown are
+    /// ignored.
+    void addGroups(const QVector<qint64>& g_ids);
+    /// Takes these categories away and spreads the news. When the selected one goes, the fixed category is selected.
+    void removeGroups(const QVector<qint64>& g_ids);
+
+signals:
+    /// The host is to show the files of these categories; always one.
+    void signalCheckGroupFiles(QVector<qint64> g_ids);
+
+public slots:
+    /// Opens the category menu at the cursor.
+    void slotPopMenu(qint64 g_id, const QString& g_name);
+    /// Opens the dialog that creates a category.
+    void slotAddGroup();
+    /// \a value: vertical scroll position of the category tiles in logical pixels.
+    void slotSetGroupScrollValue(int value);
+    /// Opens the dialog that renames a category.
+    void slotRenameGroup(qint64 g_id, const QString& g_name);
+    /// Asks for confirmation, then deletes the category.
+    void slotDelGroup(qint64 g_id);
+    /// Puts a tag into a category.
+    void slotAddGroupTag(qint64 g_id, qint64 t_id);
+};
