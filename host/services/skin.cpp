@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include "host/services/skin.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
+
+namespace {
+
+const QString colorFile = QStringLiteral("colors.json");
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("Skin", text);
+}
+
+bool readFile(const QString& path, QByteArray* content, QString* error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = translated("%1 cannot be read: %2").arg(QDir::toNativeSeparators(path), file.errorString());
+        return false;
+    }
+    *content = file.readAll();
+    return true;
+}
+
+bool parseObject(const QString& path, QJsonObject* object, QString* error)
+{
+    QByteArray content;
+    if (!readFile(path, &content, error))
+        return false;
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(content, &parseError);
+    if (parseError.error != QJsonParseError::NoError) {
+        const int line = content.left(parseError.offset).count('\n') + 1;
+        *error =
+            translated("%1, line %2: %3").arg(QDir::toNativeSeparators(path)).arg(line).arg(parseError.errorString());
+        return false;
+    }
+    if (!document.isObject()) {
+        *error = translated("%1 holds no object of colours").arg(QDir::toNativeSeparators(path));
+        return false;
+    }
+    *object = document.object();
+    return true;
+}
+
+bool isReadableImage(const QString& path)
+{
+    return QImageReader(path).size().isValid();
+}
+
+}  // namespace
+
+QString styleSheetUrl(const QString& path)
+{
+    QString escaped = path;
+    escaped.replace(QLatin1Char('\\'), QLatin1String("\\\\")).replace(QLatin1Char('"'), QLatin1String("\\\""));
+    return QLatin1String("url(\"") + escaped + QLatin1String("\")");
+}
+
+std::optional<Skin> Skin::fromFolder(const QString& folder, const Skin* base, QString* error)
+{
+    if (!QDir(folder).exists()) {
+        *error = translated("The skin folder %1 does not exist").arg(QDir::toNativeSeparators(folder));
+        return std::nullopt;
+    }
+    const QString root = QDir(folder).absolutePath();
+    Skin skin;
+    if (base)
+        skin.m_images = base->m_images;
+    if (!skin.readColors(root, base, error) || !skin.readImages(root, error))
+        return std::nullopt;
+    for (const QString& name : {QStringLiteral("tagmanager"), QStringLiteral("menu")}) {
+        if (!skin.readStyleSheet(root, name, error))
+            return std::nullopt;
+    }
+    return skin;
+}
+
+bool Skin::readColors(const QString& folder, const Skin* base, QString* error)
+{
+    const QString path = folder + QLatin1Char('/') + colorFile;
+    QJsonObject object;
+    if (!parseObject(path, &object, error))
+        return false;
+    for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
+        const QColor color(it.value().toString());
+        if (!color.isValid()) {
+            *error = translated("%1: the value of \"%2\" is no colour").arg(QDir::toNativeSeparators(path), it.key());
+            return false;
+        }
+        m_colors.insert(it.key(), color);
+    }
+    QStringList required = base ? base->m_colors.keys() : QStringList();
+    for (int i = 0; i < skinColorCount; ++i) {
+        const QString name = skinColorName(static_cast<SkinColor>(i));
+        m_codeColors[static_cast<size_t>(i)] = m_colors.value(name);
+        required.append(name);
+    }
+    for (const QString& name : qAsConst(required)) {
+        if (!m_colors.contains(name)) {
+            *error = translated("%1: the colour \"%2\" is missing").arg(QDir::toNativeSeparators(path), name);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool Skin::readImages(const QString& folder, QString* error)
+{
+    const QDir icons(folder + QLatin1String("/icons"));
+    const QStringList names = icons.entryList(QDir::Files | QDir::Readable);
+    for (const QString& name : names) {
+        const QString path = icons.filePath(name);
+        if (!isReadableImage(path)) {
+            *error = translated("%1 is no image that can be shown").arg(QDir::toNativeSeparators(path));
+            return false;
+        }
+        m_images.insert(name, path);
+    }
+    return true;
+}
+
+bool Skin::readStyleSheet(const QString& folder, const QString& name, QString* error)
+{
+    const QString path = folder + QLatin1Char('/') + name + QLatin1String(".qss");
+    QByteArray content;
+    if (!readFile(path, &content, error))
+        return false;
+    const QString source = QString::fromUtf8(content);
+    static const QRegularExpression placeholder(QStringLiteral("@\\{(\\w+):([^{}]*)\\}"));
+    QString sheet;
+    int end = 0;
+    for (auto it = placeholder.globalMatch(source); it.hasNext();) {
+        const QRegularExpressionMatch match = it.next();
+        const QString value = placeholderValue(match.captured(1), match.captured(2));
+        if (value.isEmpty()) {
+            *error =
+                translated("%1: the skin has nothing for %2").arg(QDir::toNativeSeparators(path), match.captured());
+            return false;
+        }
+        sheet += source.midRef(end, match.capturedStart() - end) + value;
+        end = match.capturedEnd();
+    }
+    sheet += source.midRef(end);
+    m_styleSheets.insert(name, sheet);
+    return true;
+}
+
+QString Skin::placeholderValue(const QString& kind, const QString& name) const
+{
+    if (kind == QLatin1String("color") && m_colors.contains(name))
+        return m_colors.value(name).name(QColor::HexArgb);
+    if (kind == QLatin1String("image") && m_images.contains(name))
+        return styleSheetUrl(m_images.value(name));
+    return {};
+}
