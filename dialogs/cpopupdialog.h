@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+
+class CPopupTitleBarWidget;
+class QVBoxLayout;
+
+/// A frameless, rounded dialog in the skin's popup colours: a title bar on top, below it a layout for a subclass to
+/// fill.
+class CPopupDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// The next four are passed on to the title bar; \a closeButton says, too, whether its close button closes the
+    /// dialog. With \a deleteOnClose the dialog deletes itself once it is closed.
+    CPopupDialog(QWidget* parent, bool closeButton, bool logo, bool title, bool movable, bool deleteOnClose);
+
+    /// Opens the dialog modally and returns at once.
+    void showPopup();
+    /// In logical pixels.
+    void setTitleBarHeight(int height);
+    void setLogoVisible(bool visible);
+    void setCloseButtonVisible(bool visible);
+    /// Centred vertically between the title bar and the bottom edge; owned by the dialog.
+    [[nodiscard]] QVBoxLayout* contentLayout() const { return m_contentLayout; }
+
+public slots:
+    void slotCloseBtnClicked(bool checked);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void buildFrame(bool closeButton, bool logo, bool title, bool movable);
+    void styleFrame();
+
+    QPointer<CPopupTitleBarWidget> m_titleBar;
+    QVBoxLayout* m_contentLayout = nullptr;
+    QWidget* m_mainWidget = nullptr;
+};
