@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "library.h"
+#include "records.h"
+
+#include <ivltagmanagerplugin.h>
+#include <ivltagmanagerwidget.h>
+#include <vlskinsetting.h>
+
+#include <QApplication>
+#include <QDebug>
+#include <QPluginLoader>
+#include <QScreen>
+#include <QTimer>
+
+#include <memory>
+
+namespace {
+
+QSharedPointer<Library> exampleLibrary()
+{
+    const auto tags = QSharedPointer<TagLibrary>::create();
+    for (const char* name : {"Architecture", "Birds", "Harbour", "Portrait", "山水"})
+        tags->addTag(QString::fromUtf8(name), 0);
+    tags->addCategory(QStringLiteral("Outdoors"));
+    tags->refresh();
+    return QSharedPointer<Library>::create(tags);
+}
+
+void connectWindow(IVLTagManagerWidget* window)
+{
+    QObject::connect(window, &IVLTagManagerWidget::signalCheckoutTagFile, window,
+                     [](const QVector<qint64>& ids) { qInfo() << "show the files of the tags" << ids; });
+    QObject::connect(window, &IVLTagManagerWidget::signalCheckoutGroupFile, window,
+                     [](const QVector<qint64>& ids) { qInfo() << "show the files of the categories" << ids; });
+    QObject::connect(window, &IVLTagManagerWidget::signalSoftWareMin, window, &QWidget::showMinimized);
+    QObject::connect(window, &IVLTagManagerWidget::signalSoftWareClose, window, &QWidget::close);
+    QObject::connect(window, &IVLTagManagerWidget::signalSoftWareMax, window, [window] {
+        window->setWindowState(window->windowState() ^ Qt::WindowMaximized);
+        window->updateMaximizeButton(window->isMaximized());
+    });
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() < 2) {
+        qCritical("usage: example-host PLUGIN [--quit]");
+        return 2;
+    }
+
+    QPluginLoader loader(arguments[1]);
+    auto* plugin = qobject_cast<IVLTagManagerPlugin*>(loader.instance());
+    if (!plugin) {
+        qCritical() << "no tag manager plug-in:" << loader.errorString();
+        return 1;
+    }
+
+    Palette palette;
+    VLSkinSetting::GetInstance()->SetDpi(QApplication::primaryScreen()->devicePixelRatio());
+    plugin->setTagColorProvider(&palette);
+    plugin->setDataProvider(exampleLibrary());
+
+    const std::unique_ptr<IVLTagManagerWidget> window(plugin->createTagManagerWidget(nullptr));
+    connectWindow(window.get());
+    window->resize(900, 600);
+    window->show();
+    if (arguments.contains(QStringLiteral("--quit")))
+        QTimer::singleShot(0, window.get(), &QWidget::close);
+    const int status = QApplication::exec();
+    plugin->clearDataProvider();
+    plugin->setTagColorProvider(nullptr);
+    return status;
+}

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "requests.h"
+
+#include "library.h"
+#include "records.h"
+
+#include <QTimer>
+
+namespace {
+
+/// Hands out an id at once; does the work and emits the answer when control is back in the event loop, so that the
+/// sender knows the id by then. The work returns a complaint, or nothing when all went well.
+template <class Action, class Work>
+qint64 answerLater(Action* action, void (Action::*result)(qint64, QSharedPointer<const IResponseInfo>), Work work)
+{
+    static qint64 lastRequest = 0;
+    const qint64 request = ++lastRequest;
+    QTimer::singleShot(0, action, [action, result, work, request] {
+        (action->*result)(request, QSharedPointer<Response>::create(work()));
+    });
+    return request;
+}
+
+template <class Work>
+qint64 answerTagRequest(TagRequests* requests, Work work)
+{
+    return answerLater<ITagAction>(requests, &ITagAction::signalTagResult, work);
+}
+
+template <class Work>
+qint64 answerCategoryRequest(CategoryRequests* requests, Work work)
+{
+    return answerLater<ITagGroupAction>(requests, &ITagGroupAction::signalTagGroupResult, work);
+}
+
+const QString unknown = QStringLiteral("there is no such tag or category");
+const QString taken = QStringLiteral("the name is taken");
+
+}  // namespace
+
+TagRequests::TagRequests(const QSharedPointer<TagLibrary>& library)
+    : m_library(library)
+{
+}
+
+qint64 TagRequests::createTags(const QVector<NewTagRecord>& tags)
+{
+    return answerTagRequest(this, [library = m_library, tags] {
+        for (const auto& tag : tags) {
+            if (library->tagGroup(AllTags)->tagByName(tag.name))
+                return taken;
+        }
+        for (const auto& tag : tags)
+            library->addTag(tag.name, tag.colorIndex);
+        library->refresh();
+        return QString();
+    });
+}
+
+qint64 TagRequests::renameTag(qint64 tagId, const QString& newName)
+{
+    return answerTagRequest(this, [library = m_library, tagId, newName] {
+        const auto tag = library->m_tags->value(tagId);
+        if (!tag)
+            return unknown;
+        if (library->tagGroup(AllTags)->tagByName(newName))
+            return taken;
+        tag->m_name = newName;
+        emit tag->signalUpdated();
+        return QString();
+    });
+}
+
+qint64 TagRequests::setTagColor(qint64 tagId, int colorIndex)
+{
+    return answerTagRequest(this, [library = m_library, tagId, colorIndex] {
+        const auto tag = library->m_tags->value(tagId);
+        if (!tag)
+            return unknown;
+        tag->m_color = colorIndex;
+        emit tag->signalUpdated();
+        return QString();
+    });
+}
+
+qint64 TagRequests::deleteTags(const QVector<qint64>& tagIds)
+{
+    return answerTagRequest(this, [library = m_library, tagIds] {
+        for (const qint64 id : tagIds)
+            library->m_tags->remove(id);
+        library->refresh();
+        return QString();
+    });
+}
+
+qint64 TagRequests::addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
+{
+    return answerTagRequest(this, [library = m_library, groupIds, tagIds] {
+        for (const qint64 id : groupIds) {
+            const auto category = library->m_categories.value(id);
+            if (!category)
+                return unknown;
+            category->setMembers(category->m_members + QSet<qint64>(tagIds.begin(), tagIds.end()));
+        }
+        library->refresh();
+        return QString();
+    });
+}
+
+qint64 TagRequests::removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
+{
+    return answerTagRequest(this, [library = m_library, groupIds, tagIds] {
+        for (const qint64 id : groupIds) {
+            const auto category = library->m_categories.value(id);
+            if (!category)
+                return unknown;
+            category->setMembers(category->m_members - QSet<qint64>(tagIds.begin(), tagIds.end()));
+        }
+        library->refresh();
+        return QString();
+    });
+}
+
+CategoryRequests::CategoryRequests(const QSharedPointer<TagLibrary>& library)
+    : m_library(library)
+{
+}
+
+qint64 CategoryRequests::addTagGroup(const QString& name)
+{
+    return answerCategoryRequest(this, [library = m_library, name] {
+        if (library->tagGroupByName(name))
+            return taken;
+        library->addCategory(name);
+        return QString();
+    });
+}
+
+qint64 CategoryRequests::removeTagGroup(qint64 groupId)
+{
+    return answerCategoryRequest(this, [library = m_library, groupId] {
+        if (groupId < FirstUserCategory || !library->tagGroup(groupId))
+            return unknown;
+        library->removeCategory(groupId);
+        return QString();
+    });
+}
+
+qint64 CategoryRequests::renameTagGroup(qint64 groupId, const QString& newName)
+{
+    return answerCategoryRequest(this, [library = m_library, groupId, newName] {
+        const auto category = library->m_categories.value(groupId);
+        if (!category || groupId < FirstUserCategory)
+            return unknown;
+        if (library->tagGroupByName(newName))
+            return taken;
+        category->m_name = newName;
+        emit category->signalUpdated();
+        return QString();
+    });
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <itagaction.h>
+#include <itaggroupaction.h>
+
+class TagLibrary;
+
+/// What a person asks to be done with tags. Each request is carried out, and answered, from the event loop.
+class TagRequests final : public ITagAction
+{
+public:
+    explicit TagRequests(const QSharedPointer<TagLibrary>& library);
+
+    qint64 createTags(const QVector<NewTagRecord>& tags) override;
+    qint64 renameTag(qint64 tagId, const QString& newName) override;
+    qint64 setTagColor(qint64 tagId, int colorIndex) override;
+    qint64 deleteTags(const QVector<qint64>& tagIds) override;
+    qint64 addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) override;
+    qint64 removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) override;
+
+private:
+    QSharedPointer<TagLibrary> m_library;
+};
+
+/// What a person asks to be done with categories.
+class CategoryRequests final : public ITagGroupAction
+{
+public:
+    explicit CategoryRequests(const QSharedPointer<TagLibrary>& library);
+
+    qint64 addTagGroup(const QString& name) override;
+    qint64 removeTagGroup(qint64 groupId) override;
+    qint64 renameTagGroup(qint64 groupId, const QString& newName) override;
+
+private:
+    QSharedPointer<TagLibrary> m_library;
+};
