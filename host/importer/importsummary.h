@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/libraryrecords.h"
+
+#include <QMetaType>
+#include <QString>
+
+/// How an import ended.
+struct ImportSummary
+{
+    QString error;  ///< Why it could not be carried through; empty otherwise. What was written until then stays.
+    bool noSuchFolder = false;  ///< The error is that the folder does not exist.
+    bool cancelled = false;     ///< Stopped by cancel(); what was written until then stays.
+    LibraryTotals totals;       ///< What the library holds now, files of other folders included.
+    int found = 0;              ///< Pictures in the folder.
+    int added = 0;              ///< Files new in the library.
+    int changed = 0;            ///< Files whose state or tags were written.
+    int removed = 0;            ///< Files that were gone from the folder.
+    int skipped = 0;            ///< Files and folders that could not be read.
+};
+
+Q_DECLARE_METATYPE(ImportSummary)
