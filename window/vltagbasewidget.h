@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QVector>
+#include <QWidget>
+
+class QHBoxLayout;
+class QLabel;
+class QVBoxLayout;
+class VLSvgWidget;
+class VLTagSearchLineEdit;
+
+/// The common frame of the window's pages: a row with icon and title, a description, a row with the search field.
+/// Pages append their content to the main layout. GUI thread only.
+class VLTagBaseWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// \a type: 0 All Tags, 1 Tag Categories (without a search field), 2 Favorite Tags; any other has no texts.
+    VLTagBaseWidget(int type, QWidget* parent);
+    ~VLTagBaseWidget() override;
+
+    /// Shows the page's content anew; nothing here.
+    virtual void rebuild();
+    /// Called once a page was rebuilt; nothing here.
+    virtual void updatePage();
+
+signals:
+    /// The page's content changed its size.
+    void signUpdateLayout();
+    /// A tag's row is to be removed from the page.
+    void signDelTagUi(QString tagName);
+    /// The search field's text changed.
+    void signSearchChanged(QString text);
+    /// The user asked to see the files that carry these tags.
+    void signalCheckoutFile(QVector<qint64> ids);
+
+protected:
+    /// Sees the events of the search field; consumes none.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    VLSvgWidget* m_iconWidget = nullptr;
+    QLabel* m_titleLabel = nullptr;
+    QLabel* m_desLabel = nullptr;
+    VLSvgWidget* m_searchIcon = nullptr;
+    VLTagSearchLineEdit* m_searchEdit = nullptr;
+    QHBoxLayout* m_titleLayout = nullptr;
+    QHBoxLayout* m_desLayout = nullptr;
+    QVBoxLayout* m_mainLayout = nullptr;
+    int m_type;
+
+private:
+    void makeTitle();
+    QHBoxLayout* makeSearchRow();
+    void applyTexts();
+    void arrange(QHBoxLayout* searchRow);
+};
