@@ -4,12 +4,10 @@
 
 #include <ivltagmanagerplugin.h>
 #include <ivltagmanagerwidget.h>
-#include <vlskinsetting.h>
 
 #include <QApplication>
 #include <QDebug>
 #include <QPluginLoader>
-#include <QScreen>
 #include <QTimer>
 
 #include <memory>
@@ -59,7 +57,6 @@ int main(int argc, char** argv)
     }
 
     Palette palette;
-    VLSkinSetting::GetInstance()->SetDpi(QApplication::primaryScreen()->devicePixelRatio());
     plugin->setTagColorProvider(&palette);
     plugin->setDataProvider(exampleLibrary());
 
