@@ -34,7 +34,7 @@ passes=$root/build/analysis/$tool
 mkdir -p "$passes"
 
 tracked() {
-    git -C "$root" ls-files -z --cached --others --exclude-standard -- "$@"
+    git -C "$root" -c safe.directory="$root" ls-files -z --cached --others --exclude-standard -- "$@"
 }
 
 # What all verdicts depend on: the headers, the settings and the tool.
@@ -59,18 +59,25 @@ analyse_file() {
     return 1
 }
 
-# The project's own sources that are in the compilation database.
+# The project's own sources that are in the compilation database, zero-terminated.
 sources() {
     local file
-    tracked '*.cpp' | while IFS= read -r -d '' file; do
-        grep -qF "\"file\": \"$root/$file\"" "$database" && printf '%s\0' "$root/$file"
-    done
+    while IFS= read -r -d '' file; do
+        if grep -qF "\"file\": \"$root/$file\"" "$database"; then
+            printf '%s\0' "$root/$file"
+        fi
+    done < <(tracked '*.cpp')
+}
+
+mapfile -d '' -t files < <(sources)
+[[ $# -eq 0 ]] || files=("$@")
+[[ ${#files[@]} -gt 0 ]] || {
+    printf 'analyse: %s knows no source file of the project\n' "$database" >&2
+    exit 1
 }
 
 export -f analyse_file
 export root tool passes common clazy_checks
-if [[ $# -gt 0 ]]; then
-    printf '%s\0' "$@"
-else
-    sources
-fi | xargs -0 -r -n 1 -P "$(nproc)" bash -c 'analyse_file "$1"' analyse && printf '%s: no findings\n' "$tool"
+# shellcheck disable=SC2016  # The inner shell expands it.
+printf '%s\0' "${files[@]}" | xargs -0 -n 1 -P "$(nproc)" bash -c 'analyse_file "$1"' analyse &&
+    printf '%s: %d files, no findings\n' "$tool" "${#files[@]}"

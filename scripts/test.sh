@@ -66,7 +66,7 @@ parse_arguments() {
 
 # Files of the project whose names match the patterns, zero-terminated; also those not committed yet.
 project_files() {
-    git -C "$root" ls-files -z --cached --others --exclude-standard -- "$@"
+    git -C "$root" -c safe.directory="$root" ls-files -z --cached --others --exclude-standard -- "$@"
 }
 
 # Configures and builds a preset; a machine with ccache uses it.
