@@ -11,8 +11,6 @@
 
 namespace {
 
-const QString colorFile = QStringLiteral("colors.json");
-
 QString translated(const char* text)
 {
     return QCoreApplication::translate("Skin", text);
@@ -38,8 +36,8 @@ bool parseObject(const QString& path, QJsonObject* object, QString* error)
     const QJsonDocument document = QJsonDocument::fromJson(content, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
         const int line = content.left(parseError.offset).count('\n') + 1;
-        *error =
-            translated("%1, line %2: %3").arg(QDir::toNativeSeparators(path)).arg(line).arg(parseError.errorString());
+        *error = translated("%1, line %2: %3")
+                     .arg(QDir::toNativeSeparators(path), QString::number(line), parseError.errorString());
         return false;
     }
     if (!document.isObject()) {
@@ -85,7 +83,7 @@ std::optional<Skin> Skin::fromFolder(const QString& folder, const Skin* base, QS
 
 bool Skin::readColors(const QString& folder, const Skin* base, QString* error)
 {
-    const QString path = folder + QLatin1Char('/') + colorFile;
+    const QString path = folder + QLatin1String("/colors.json");
     QJsonObject object;
     if (!parseObject(path, &object, error))
         return false;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/services/skincolor.h"
 
+#include <array>
+
 QString skinColorName(SkinColor color)
 {
     static const std::array<QString, skinColorCount> names = {

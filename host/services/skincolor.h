@@ -3,8 +3,6 @@
 
 #include <QString>
 
-#include <array>
-
 /// The colours that code asks a skin for. Style sheets may use others that the skin's colour file names.
 enum class SkinColor
 {
