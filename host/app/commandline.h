@@ -56,6 +56,8 @@ struct CommandLine
     [[nodiscard]] static QString helpText();
     [[nodiscard]] static QString versionText();
 
+    /// libraryFile, or the default library of folder when none was named; empty when that folder does not exist.
+    [[nodiscard]] QByteArray libraryPath() const;
     /// True when neither a window nor a display is needed: main makes a QCoreApplication, or none at all.
     [[nodiscard]] bool needsNoDisplay() const;
 };

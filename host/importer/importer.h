@@ -44,10 +44,13 @@ signals:
     void skipped(const QByteArray& path, const QString& reason);
     /// Sent exactly once for each start(); a new one may be started from here.
     void finished(const ImportSummary& summary);
+    /// Internal: cancel() was called.
+    void cancelRequested(QPrivateSignal);
 
-private:
+private slots:
     void handleFinished(const ImportSummary& summary);
 
+private:
     Library* m_library;
     ReaderPool::Settings m_readerSettings;
     QThread m_thread;

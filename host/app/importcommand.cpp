@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/importcommand.h"
+
+#include "host/app/commandline.h"
+#include "host/app/interruptsignal.h"
+#include "host/importer/escapedtext.h"
+#include "host/importer/folderwalk.h"
+#include "host/importer/importer.h"
+#include "host/library/library.h"
+
+#include <QEventLoop>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+// As a shell reports a program ended by the interrupt key: 128 and the number of SIGINT.
+constexpr int exitInterrupted = 130;
+
+/// Progress in one line of the terminal, rewritten in place; nothing when stderr is no terminal.
+class ProgressLine
+{
+public:
+    void show(int done, int found)
+    {
+        if (!m_isTerminal)
+            return;
+        fprintf(stderr, "\r\033[K%d of %d files", done, found);
+        fflush(stderr);
+        m_shown = true;
+    }
+    void clear()
+    {
+        if (m_shown)
+            fputs("\r\033[K", stderr);
+        m_shown = false;
+    }
+
+private:
+    bool m_isTerminal = isatty(STDERR_FILENO) == 1;
+    bool m_shown = false;
+};
+
+void printError(const QByteArray& text)
+{
+    fprintf(stderr, "vellum: %s\n", text.constData());
+}
+
+int statusOf(const ImportSummary& summary)
+{
+    if (summary.noSuchFolder)
+        return CommandLine::exitUsage;
+    if (!summary.error.isEmpty())
+        return 1;
+    return summary.cancelled ? exitInterrupted : 0;
+}
+
+void printTotals(const ImportSummary& summary)
+{
+    printf("files: %lld, tags: %lld, links: %lld, skipped: %d\n", summary.totals.files, summary.totals.tags,
+           summary.totals.links, summary.skipped);
+    fflush(stdout);
+}
+
+ImportSummary importFolder(Library& library, const QByteArray& folder)
+{
+    Importer importer(&library);
+    InterruptSignal interrupt;
+    QEventLoop loop;
+    ProgressLine line;
+    ImportSummary result;
+    QObject::connect(&interrupt, &InterruptSignal::interrupted, &importer, &Importer::cancel);
+    QObject::connect(&importer, &Importer::progress, &loop, [&line](int done, int found) { line.show(done, found); });
+    QObject::connect(&importer, &Importer::skipped, &loop, [&line](const QByteArray& path, const QString& reason) {
+        line.clear();
+        printError(escapedText(path) + ": " + escapedText(reason.toUtf8()));
+    });
+    QObject::connect(&importer, &Importer::finished, &loop, [&result, &loop](const ImportSummary& summary) {
+        result = summary;
+        loop.quit();
+    });
+    importer.start(folder);
+    loop.exec();
+    line.clear();
+    return result;
+}
+
+}  // namespace
+
+int runImportCommand(const CommandLine& commandLine)
+{
+    // Checked first: a wrong name must leave no library behind.
+    if (!canonicalFolder(commandLine.folder)) {
+        printError("There is no folder " + escapedText(commandLine.folder));
+        return CommandLine::exitUsage;
+    }
+    QString error;
+    const std::unique_ptr<Library> library = Library::open(QString::fromUtf8(commandLine.libraryPath()), &error);
+    if (!library) {
+        printError(error.toUtf8());
+        return 1;
+    }
+    const ImportSummary summary = importFolder(*library, commandLine.folder);
+    if (!summary.error.isEmpty())
+        printError(summary.error.toUtf8());
+    else
+        printTotals(summary);
+    return statusOf(summary);
+}

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/listcommand.h"
+
+#include "host/app/commandline.h"
+#include "host/importer/escapedtext.h"
+#include "host/library/libraryreader.h"
+
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <unistd.h>
+
+namespace {
+
+/// Prints records, each as a line of fields separated by tabs or as an object of one JSON array.
+class RecordPrinter
+{
+public:
+    explicit RecordPrinter(bool json)
+        : m_json(json)
+    {
+    }
+
+    void begin() { write(m_json ? "[" : ""); }
+    void end() { write(m_json ? "\n]\n" : ""); }
+    void print(const QJsonObject& object, const QVector<QByteArray>& fields);
+    [[nodiscard]] bool isFine() const { return m_fine; }
+
+private:
+    void write(const QByteArray& bytes);
+
+    bool m_json;
+    bool m_first = true;
+    bool m_fine = true;
+};
+
+void RecordPrinter::print(const QJsonObject& object, const QVector<QByteArray>& fields)
+{
+    if (m_json) {
+        write(m_first ? "\n" : ",\n");
+        write(QJsonDocument(object).toJson(QJsonDocument::Compact));
+    } else {
+        for (int i = 0; i < fields.size(); ++i) {
+            write(i > 0 ? "\t" : "");
+            write(escapedText(fields.at(i)));
+        }
+        write("\n");
+    }
+    m_first = false;
+}
+
+void RecordPrinter::write(const QByteArray& bytes)
+{
+    const auto size = size_t(bytes.size());
+    m_fine = m_fine && fwrite(bytes.constData(), 1, size, stdout) == size;
+}
+
+void printTags(LibraryReader& reader, RecordPrinter& printer)
+{
+    for (const TagRow& tag : reader.tags()) {
+        printer.print({{QStringLiteral("id"), tag.id},
+                       {QStringLiteral("name"), tag.name},
+                       {QStringLiteral("fileCount"), tag.fileCount},
+                       {QStringLiteral("colorIndex"), tag.colorIndex}},
+                      {QByteArray::number(tag.id), tag.name.toUtf8(), QByteArray::number(tag.fileCount),
+                       QByteArray::number(tag.colorIndex)});
+    }
+}
+
+void printCategories(LibraryReader& reader, RecordPrinter& printer)
+{
+    for (const CategoryRow& category : reader.categories()) {
+        printer.print({{QStringLiteral("id"), category.id},
+                       {QStringLiteral("name"), category.name},
+                       {QStringLiteral("tagCount"), category.tagCount}},
+                      {QByteArray::number(category.id), category.name.toUtf8(), QByteArray::number(category.tagCount)});
+    }
+}
+
+void printFile(const FileRow& file, const QStringList& tags, RecordPrinter& printer)
+{
+    const QString path = QString::fromUtf8(file.path);
+    QJsonObject object = {{QStringLiteral("path"), path},
+                          {QStringLiteral("size"), file.state.size},
+                          {QStringLiteral("tags"), QJsonArray::fromStringList(tags)}};
+    if (path.toUtf8() != file.path)
+        object.insert(QStringLiteral("pathBase64"), QString::fromLatin1(file.path.toBase64()));
+    QVector<QByteArray> fields = {file.path, QByteArray::number(file.state.size)};
+    for (const QString& tag : tags)
+        fields.append(tag.toUtf8());
+    printer.print(object, fields);
+}
+
+void printFiles(LibraryReader& reader, RecordPrinter& printer)
+{
+    QHash<qint64, QString> names;
+    for (const TagRow& tag : reader.tags())
+        names.insert(tag.id, tag.name);
+    if (!reader.lastError().isEmpty())
+        return;
+    reader.forEachFile([&names, &printer](const FileRow& file) {
+        QStringList tags;
+        for (const qint64 id : file.tagIds)
+            tags.append(names.value(id));
+        printFile(file, tags, printer);
+        return printer.isFine();
+    });
+}
+
+void printList(CommandLine::List list, LibraryReader& reader, RecordPrinter& printer)
+{
+    switch (list) {
+    case CommandLine::List::Tags:
+        printTags(reader, printer);
+        break;
+    case CommandLine::List::Categories:
+        printCategories(reader, printer);
+        break;
+    case CommandLine::List::Files:
+        printFiles(reader, printer);
+        break;
+    }
+}
+
+int fail(int status, const QByteArray& reason)
+{
+    fprintf(stderr, "vellum: %s\n", reason.constData());
+    return status;
+}
+
+}  // namespace
+
+int runListCommand(const CommandLine& commandLine)
+{
+    const QByteArray path = commandLine.libraryPath();
+    if (path.isEmpty())
+        return fail(CommandLine::exitUsage, "There is no folder " + escapedText(commandLine.folder));
+    if (access(path.constData(), F_OK) != 0)
+        return fail(CommandLine::exitUsage, "There is no library " + escapedText(path));
+    QString error;
+    const std::unique_ptr<LibraryReader> reader = LibraryReader::open(QString::fromUtf8(path), &error);
+    if (!reader)
+        return fail(1, error.toUtf8());
+    RecordPrinter printer(commandLine.json);
+    printer.begin();
+    printList(commandLine.list, *reader, printer);
+    if (!reader->lastError().isEmpty())
+        return fail(1, reader->lastError().toUtf8());
+    printer.end();
+    if (!printer.isFine() || fflush(stdout) != 0)
+        return fail(1, strerror(errno));
+    return 0;
+}

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "host/importer/folderwalk.h"
+
+#include "host/importer/pictureformats.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <memory>
+#include <sys/stat.h>
+
+namespace {
+
+struct CloseFolder
+{
+    void operator()(DIR* folder) const { closedir(folder); }
+};
+
+qint64 nanoseconds(const timespec& time)
+{
+    return qint64(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+QByteArray joined(const QByteArray& folder, const QByteArray& name)
+{
+    return folder.endsWith('/') ? QByteArray(folder + name) : QByteArray(folder + '/' + name);
+}
+
+bool isBelow(const QByteArray& path, const QByteArray& folder)
+{
+    return path.startsWith(joined(folder, {}));
+}
+
+QByteArray withoutExtension(const QByteArray& name)
+{
+    const int dot = name.lastIndexOf('.');
+    return dot > 0 ? name.left(dot) : name;
+}
+
+}  // namespace
+
+// What one folder holds that matters.
+struct FolderWalk::Listing
+{
+    std::vector<Entry> pictures;
+    QHash<QByteArray, QVector<FoundSidecar>> sidecars;  // By the name before ".xmp".
+};
+
+bool FolderWalk::run(const QByteArray& folder, const Progress& progress)
+{
+    m_folders.push_back(folder);
+    while (!m_folders.empty() || !m_linkedFolders.empty()) {
+        std::vector<QByteArray>& queue = m_folders.empty() ? m_linkedFolders : m_folders;
+        const QByteArray next = queue.back();
+        queue.pop_back();
+        visitFolder(next);
+        if (!progress(int(m_pictures.size())))
+            return false;
+    }
+    addLinkedPictures();
+    std::sort(m_pictures.begin(), m_pictures.end(),
+              [](const FoundPicture& a, const FoundPicture& b) { return a.path < b.path; });
+    return progress(int(m_pictures.size()));
+}
+
+bool FolderWalk::isKnownToBeGone(const QByteArray& path) const
+{
+    return std::none_of(m_problems.begin(), m_problems.end(), [&path](const Problem& problem) {
+        return path == problem.path || isBelow(path, problem.path);
+    });
+}
+
+void FolderWalk::visitFolder(const QByteArray& folder)
+{
+    const std::unique_ptr<DIR, CloseFolder> handle(opendir(folder.constData()));
+    struct stat status = {};
+    if (!handle || fstat(dirfd(handle.get()), &status) != 0) {
+        addProblem(folder, errno);
+        return;
+    }
+    const Identity identity(status.st_dev, status.st_ino);
+    if (m_visitedFolders.contains(identity))
+        return;
+    m_visitedFolders.insert(identity);
+
+    Listing listing;
+    errno = 0;
+    while (const dirent* const entry = readdir(handle.get())) {
+        if (entry->d_name[0] != '.')
+            lookAt(folder, entry->d_name, listing);
+        errno = 0;
+    }
+    if (errno != 0)
+        addProblem(folder, errno);
+    addPictures(folder, listing);
+}
+
+void FolderWalk::lookAt(const QByteArray& folder, const QByteArray& name, Listing& listing)
+{
+    const QByteArray path = joined(folder, name);
+    struct stat status = {};
+    if (lstat(path.constData(), &status) != 0) {
+        addProblem(path, errno);
+        return;
+    }
+    const bool isLink = S_ISLNK(status.st_mode);
+    if (isLink && stat(path.constData(), &status) != 0) {
+        if (PictureFormats::isPicture(name))
+            addProblem(path, errno);
+        return;
+    }
+    const qint64 modified = nanoseconds(status.st_mtim);
+    if (S_ISDIR(status.st_mode)) {
+        (isLink ? m_linkedFolders : m_folders).push_back(path);
+    } else if (S_ISREG(status.st_mode) && PictureFormats::isSidecar(name)) {
+        const QByteArray stamp = name.toPercentEncoding() + '=' + QByteArray::number(qint64(status.st_size)) + ',' +
+                                 QByteArray::number(modified) + ';';
+        listing.sidecars[withoutExtension(name)].append({path, stamp});
+    } else if (S_ISREG(status.st_mode) && PictureFormats::isPicture(name)) {
+        listing.pictures.push_back({name, isLink, status.st_size, modified, {status.st_dev, status.st_ino}});
+    }
+}
+
+void FolderWalk::addPictures(const QByteArray& folder, const Listing& listing)
+{
+    for (const Entry& entry : listing.pictures) {
+        FoundPicture picture;
+        picture.path = joined(folder, entry.name);
+        picture.size = entry.size;
+        picture.modified = entry.modified;
+        picture.sidecars = listing.sidecars.value(entry.name) + listing.sidecars.value(withoutExtension(entry.name));
+        if (entry.isLink) {
+            m_linkedPictures.emplace_back(picture, entry.identity);
+            continue;
+        }
+        m_metPictures.insert(entry.identity);
+        m_pictures.push_back(picture);
+    }
+}
+
+void FolderWalk::addLinkedPictures()
+{
+    std::sort(m_linkedPictures.begin(), m_linkedPictures.end(),
+              [](const auto& a, const auto& b) { return a.first.path < b.first.path; });
+    for (const auto& [picture, identity] : m_linkedPictures) {
+        if (m_metPictures.contains(identity))
+            continue;
+        m_metPictures.insert(identity);
+        m_pictures.push_back(picture);
+    }
+}
+
+void FolderWalk::addProblem(const QByteArray& path, int errorNumber)
+{
+    m_problems.push_back({path, QString::fromLocal8Bit(strerror(errorNumber))});
+}
+
+std::optional<QByteArray> canonicalFolder(const QByteArray& folder)
+{
+    const std::unique_ptr<char, decltype(&free)> path(realpath(folder.constData(), nullptr), &free);
+    struct stat status = {};
+    if (!path || stat(path.get(), &status) != 0 || !S_ISDIR(status.st_mode))
+        return {};
+    return QByteArray(path.get());
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/libraryrecords.h"
+
+#include <QByteArray>
+#include <QVector>
+
+/// A sidecar of a picture.
+struct FoundSidecar
+{
+    QByteArray path;   ///< Absolute.
+    QByteArray stamp;  ///< Changes with the sidecar's name, size and modification time.
+};
+
+/// A picture that a walk over a folder met.
+struct FoundPicture
+{
+    QByteArray path;                 ///< Absolute.
+    qint64 size = 0;                 ///< Bytes.
+    qint64 modified = 0;             ///< Nanoseconds since 1970-01-01 UTC.
+    QVector<FoundSidecar> sidecars;  ///< name.ext.xmp before name.xmp.
+
+    /// What the library keeps of the picture; the content is not known yet.
+    [[nodiscard]] FileState state() const;
+    /// The part of state() that tells the sidecars' states.
+    [[nodiscard]] QByteArray sidecarStamps() const;
+};

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/importer/folderwalk.h"
+#include "host/importer/importsummary.h"
+#include "host/importer/readerpool.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QObject>
+
+#include <atomic>
+#include <memory>
+
+class Library;
+class LibraryReader;
+struct ImportOutcome;
+
+/// One import of one folder, on a thread of its own that has an event loop and that it may block.
+class ImportJob : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// \a library and \a cancelled outlive the job; the flag may be set on any thread.
+    ImportJob(Library* library, const QByteArray& folder, const ReaderPool::Settings& settings,
+              const std::atomic_bool& cancelled);
+    ~ImportJob() override;
+
+public slots:
+    /// Does everything; finished() tells the end. Called once.
+    void run();
+    /// Ends the reading at once if the flag is set by now.
+    void checkCancelled();
+
+signals:
+    void progress(int done, int found);
+    void skipped(const QByteArray& path, const QString& reason);
+    void finished(const ImportSummary& summary);
+
+private slots:
+    void handleAnswer(int index, const MetadataAnswer& answer);
+    void fail(const QString& reason);
+
+private:
+    /// A picture whose files are being read.
+    struct Reading
+    {
+        const FoundPicture* picture;
+        int missing;  // Answers still to come.
+        bool unreadable;
+        QVector<QStringList> keywords;  // Of the picture and of its sidecars, in order.
+        QByteArray sidecarStamps;       // Of the sidecars that could be read.
+    };
+    /// One file that is being read: the picture itself or one of its sidecars.
+    struct Part
+    {
+        int reading;
+        int position;  // In Reading::keywords; 0 is the picture.
+    };
+
+    [[nodiscard]] bool walk();
+    [[nodiscard]] bool collectChanged();
+    void addReading(const FoundPicture& picture);
+    void startReading();
+    void completeReading(Reading& reading);
+    void writeBatch();
+    void forgetVanished();
+    [[nodiscard]] QVector<QByteArray> vanishedAmong(const QVector<QByteArray>& paths) const;
+    [[nodiscard]] bool account(const ImportOutcome& outcome);
+    void reportSkipped(const QByteArray& path, const QString& reason);
+    void reportProgress(bool always = false);
+    void conclude();
+    void end();
+
+    Library* m_library;
+    QByteArray m_folder;
+    ReaderPool::Settings m_settings;
+    const std::atomic_bool& m_cancelled;
+    FolderWalk m_walk;
+    std::unique_ptr<LibraryReader> m_known;
+    std::unique_ptr<ReaderPool> m_pool;
+    QHash<QByteArray, QByteArray> m_knownContents;  // Of the changed pictures that the library holds, by path.
+    std::vector<Reading> m_readings;
+    std::vector<Part> m_parts;  // In the order in which they were given to the pool.
+    QVector<ImportedFile> m_batch;
+    ImportSummary m_summary;
+    QElapsedTimer m_sinceProgress;
+    int m_done = 0;
+    bool m_ended = false;
+};

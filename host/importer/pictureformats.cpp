@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "host/importer/pictureformats.h"
+
+#include <QByteArray>
+#include <QSet>
+
+namespace {
+
+QByteArray extension(const QByteArray& name)
+{
+    const int dot = name.lastIndexOf('.');
+    return dot > name.lastIndexOf('/') + 1 ? name.mid(dot + 1).toLower() : QByteArray();
+}
+
+const QSet<QByteArray>& formatsWithKeywords()
+{
+    static const QSet<QByteArray> formats = {"jpg",  "jpeg", "jpe", "jfif", "png", "tif", "tiff", "webp", "psd",  "psb",
+                                             "eps",  "ps",   "pgf", "jp2",  "jpf", "jpx", "j2k",  "heic", "heif", "hif",
+                                             "avif", "jxl",  "arw", "cr2",  "cr3", "crw", "dng",  "erf",  "exv",  "iiq",
+                                             "kdc",  "mef",  "mos", "mrw",  "nef", "nrw", "orf",  "pef",  "raf",  "raw",
+                                             "rw2",  "rwl",  "sr2", "srf",  "srw", "3fr", "fff",  "dcr"};
+    return formats;
+}
+
+const QSet<QByteArray>& formatsWithSidecarsOnly()
+{
+    static const QSet<QByteArray> formats = {"svg",    "svgz", "gif", "bmp",     "dib",     "ico", "tga", "ppm",
+                                             "pgm",    "pbm",  "pnm", "pcx",     "xpm",     "xbm", "hdr", "exr",
+                                             "xcf",    "kra",  "ora", "ai",      "pdf",     "cdr", "x3f", "indd",
+                                             "sketch", "fig",  "xd",  "afphoto", "afdesign"};
+    return formats;
+}
+
+}  // namespace
+
+bool PictureFormats::isPicture(const QByteArray& name)
+{
+    return formatsWithKeywords().contains(extension(name)) || hasOnlySidecars(name);
+}
+
+bool PictureFormats::hasOnlySidecars(const QByteArray& name)
+{
+    return formatsWithSidecarsOnly().contains(extension(name));
+}
+
+bool PictureFormats::isSidecar(const QByteArray& name)
+{
+    return extension(name) == "xmp";
+}

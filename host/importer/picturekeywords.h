@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/importer/metadataanswer.h"
+
+class QByteArray;
+
+/// Makes Exiv2 ready for readKeywords: no messages of its own, all formats that it knows. Called once, before other
+/// threads use Exiv2.
+void setUpExiv2();
+
+/// Reads the keywords of a picture (XMP dc:subject, IPTC keywords) or of an XMP sidecar with Exiv2. Never throws.
+/// A damaged file may crash, hang or exhaust the process: for use in a reader process.
+[[nodiscard]] MetadataAnswer readKeywords(const QByteArray& path);
