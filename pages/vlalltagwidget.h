@@ -49,7 +49,8 @@ protected:
     QPushButton* makeCreateButton();
     /// Makes an empty list that forwards the wish to see files; owned by the page.
     VLTagGroupListView* makeList(bool drag);
-    /// Appends \a content to the scroll area's content; a rebuild brings all kept content back in the order of the keys.
+    /// Appends \a content to the scroll area's content; a rebuild brings all kept content back in the order of the
+    /// keys.
     void keepContent(const QString& key, QWidget* content);
 
     QScrollArea* m_scrollArea = nullptr;
@@ -71,7 +72,6 @@ private:
     void createTag();
     void addToCounter(int count);
     void clearSearch();
-    void placeOverlayBar();
 
     QMap<QString, QWidget*> m_keptContent;
 };

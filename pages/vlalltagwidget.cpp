@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "pages/vlalltagwidget.h"
+
+#include "taglist/vltaggrouplistview.h"
+#include "widgets/vlscrollbar.h"
+#include "widgets/vlsvgwidget.h"
+#include "widgets/vltallboxlayout.h"
+#include "window/vltagsearchlineedit.h"
+
+#include <itaggroupdataprovider.h>
+#include <vleventtrack.h>
+#include <vlskinsetting.h>
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace {
+
+constexpr int counterPixelSize = 14;
+constexpr int buttonPixelSize = 13;
+
+QString counterText(int count)
+{
+    return QStringLiteral("(%1)").arg(count);
+}
+
+}  // namespace
+
+VLAllTagWidget::VLAllTagWidget(int type, QWidget* parent)
+    : VLTagBaseWidget(type, parent)
+{
+    m_iconWidget->setIcon(
+        VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QStringLiteral("list_labeling_select.svg")));
+    connect(this, &VLAllTagWidget::signSearchChanged, this, &VLAllTagWidget::slotSearchChanged, Qt::QueuedConnection);
+}
+
+VLAllTagWidget::~VLAllTagWidget() = default;
+
+void VLAllTagWidget::initialise(const QSharedPointer<ITagGroupDataProvider>& provider)
+{
+    m_mainLayout->setContentsMargins(46, 0, 0, 0);
+    makeCounter(provider);
+    connect(makeCreateButton(), &QPushButton::clicked, this, &VLAllTagWidget::createTag);
+    m_mainLayout->addWidget(makeScrollArea(QStringLiteral("all_tag_scroll"), QStringLiteral("all_tag_scroll_widget"),
+                                           QMargins(3, 16, 0, 0)));
+    attachOverlayBar();
+    makeLetterList(provider);
+    makeSearchList(provider);
+}
+
+void VLAllTagWidget::makeCounter(const QSharedPointer<ITagGroupDataProvider>& provider)
+{
+    QFont font;
+    font.setPixelSize(counterPixelSize);
+    m_countLabel = new QLabel(this);
+    m_countLabel->setObjectName(QStringLiteral("all_tag_count_label"));
+    m_countLabel->setFont(font);
+    if (provider)
+        m_countLabel->setText(counterText(provider->tagCount(1)));
+    m_titleLayout->addSpacing(4);
+    m_titleLayout->addWidget(m_countLabel);
+}
+
+QPushButton* VLAllTagWidget::makeCreateButton()
+{
+    QFont font;
+    font.setPixelSize(buttonPixelSize);
+    m_createButton = new QPushButton(tr("Create Tags"), this);
+    m_createButton->setObjectName(QStringLiteral("create_tag_btn"));
+    m_createButton->setFixedSize(96, 28);
+    m_createButton->setFont(font);
+    m_titleLayout->addStretch();
+    m_titleLayout->addWidget(m_createButton);
+    m_titleLayout->setContentsMargins(21, 0, 30, 0);
+    return m_createButton;
+}
+
+QScrollArea* VLAllTagWidget::makeScrollArea(const QString& areaName, const QString& contentName,
+                                            const QMargins& margins)
+{
+    m_scrollArea = new QScrollArea(this);
+    m_scrollArea->setObjectName(areaName);
+    m_scrollWidget = new QWidget;
+    m_scrollWidget->setObjectName(contentName);
+    m_contentLayout = new VLTallBoxLayout(m_scrollWidget);
+    m_contentLayout->setContentsMargins(margins);
+    m_contentLayout->setSpacing(0);
+    m_scrollArea->setWidget(m_scrollWidget);
+    m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scrollArea->installEventFilter(this);
+    return m_scrollArea;
+}
+
+void VLAllTagWidget::attachOverlayBar()
+{
+    m_scrollBar = new VLScrollBar(m_scrollArea);
+    m_scrollBar->setUp(m_scrollArea, 0, 0);
+}
+
+VLTagGroupListView* VLAllTagWidget::makeList(bool drag)
+{
+    auto* list = new VLTagGroupListView(this, drag);
+    list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    connect(list, &VLTagGroupListView::signalsCheckoutFile, this, &VLAllTagWidget::signalCheckoutFile);
+    return list;
+}
+
+void VLAllTagWidget::makeLetterList(const QSharedPointer<ITagGroupDataProvider>& provider)
+{
+    m_letterList = makeList(false);
+    connect(m_letterList, &VLTagGroupListView::signalAddTag, this, &VLAllTagWidget::addToCounter);
+    connect(m_letterList, &VLTagGroupListView::signalRemoveTag, this, [this](int count) { addToCounter(-count); });
+    keepContent(QStringLiteral("1 letters"), m_letterList);
+    m_letterList->setDataProvider(provider);
+}
+
+void VLAllTagWidget::makeSearchList(const QSharedPointer<ITagGroupDataProvider>& provider)
+{
+    m_searchList = makeList(false);
+    connect(m_searchList, &VLTagGroupListView::signalEmpty, this, &VLAllTagWidget::clearSearch);
+    m_searchList->hide();
+    keepContent(QStringLiteral("2 search results"), m_searchList);
+    m_searchList->setSearchProvider(provider);
+}
+
+void VLAllTagWidget::keepContent(const QString& key, QWidget* content)
+{
+    m_keptContent.insert(key, content);
+    m_contentLayout->addWidget(content);
+}
+
+void VLAllTagWidget::createTag()
+{
+    const QPointer<VLAllTagWidget> self(this);
+    VlEventTrack::GetInstance()->ClickTagManagerAddBtn(0);
+    if (self)
+        m_letterList->slotAddTag();
+    if (self && !m_searchEdit->text().isEmpty())
+        clearSearch();
+}
+
+void VLAllTagWidget::clearSearch()
+{
+    m_searchEdit->setText(QString());
+}
+
+void VLAllTagWidget::addToCounter(int count)
+{
+    QString shown = m_countLabel->text();
+    const int sum = shown.remove(QLatin1Char('(')).remove(QLatin1Char(')')).toInt() + count;
+    if (sum >= 0 || count >= 0)
+        m_countLabel->setText(counterText(sum));
+}
+
+void VLAllTagWidget::slotSearchChanged(const QString& text)
+{
+    if (!m_letterList || !m_searchList)
+        return;
+    m_letterList->setVisible(text.isEmpty());
+    m_searchList->setVisible(!text.isEmpty());
+    m_searchList->reload(text);
+}
+
+void VLAllTagWidget::slotSetOriScrollValue(int value)
+{
+    if (m_scrollArea)
+        m_scrollArea->verticalScrollBar()->setValue(value);
+}
+
+void VLAllTagWidget::rebuild()
+{
+    clearSearch();
+    if (!m_scrollArea)
+        return;
+    const int value = m_scrollArea->verticalScrollBar()->value();
+    while (m_contentLayout->count() > 0)
+        delete m_contentLayout->takeAt(0);
+    for (QWidget* content : qAsConst(m_keptContent))
+        m_contentLayout->addWidget(content);
+    m_contentLayout->addStretch();
+    if (m_letterList)
+        m_letterList->reload(QString());
+    m_contentLayout->activate();
+    slotSetOriScrollValue(value);
+    updatePage();
+}
+
+bool VLAllTagWidget::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_scrollArea && m_scrollBar) {
+        const bool fits = m_scrollArea->verticalScrollBar()->maximum() <= 0;
+        if (event->type() == QEvent::Enter && !fits)
+            m_scrollBar->show();
+        else if (event->type() == QEvent::Resize || event->type() == QEvent::Leave)
+            m_scrollBar->place();
+    }
+    return false;
+}

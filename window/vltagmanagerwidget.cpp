@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "window/vltagmanagerwidget.h"
+
+#include "pages/vlalltagwidget.h"
+#include "pages/vlcommontagwidget.h"
+#include "pages/vlgrouptagwidget.h"
+#include "plugin/vltagmanagersingleton.h"
+
+#include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
+#include <vlskinsetting.h>
+
+#include <QDebug>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int buttonPixelSize = 13;
+const QSize pageButtonSize(96, 28);
+const QSize windowButtonSize(14, 14);
+
+QPushButton* makePageButton(const QString& text, const QPoint& position, QWidget* parent)
+{
+    QFont font;
+    font.setPixelSize(buttonPixelSize);
+    auto* button = new QPushButton(text, parent);
+    button->setFixedSize(pageButtonSize);
+    button->setFont(font);
+    button->setFocusPolicy(Qt::ClickFocus);
+    button->setCheckable(true);
+    button->setObjectName(QStringLiteral("tag_manager_title_btn"));
+    button->move(position);
+    return button;
+}
+
+QPushButton* makeWindowButton(QWidget* parent)
+{
+    auto* button = new QPushButton(parent);
+    button->setFixedSize(windowButtonSize);
+    return button;
+}
+
+/// The style sheet of a window button; \a padding are further declarations of its normal state.
+QString windowButtonStyle(const QString& image, const QString& padding = {})
+{
+    const VLSkinSetting* skin = VLSkinSetting::GetInstance();
+    return QStringLiteral("QPushButton{border:0px;") + padding +
+           skin->GetResourcePath(QStringLiteral("title_window_") + image + QStringLiteral("_normal.svg")) +
+           QStringLiteral("}QPushButton:hover{") +
+           skin->GetResourcePath(QStringLiteral("title_window_") + image + QStringLiteral("_hover.svg")) +
+           QStringLiteral("}");
+}
+
+}  // namespace
+
+VLTagManagerWidget::VLTagManagerWidget(QWidget* parent)
+    : IVLTagManagerWidget(parent)
+{
+    makePageButtons();
+    QHBoxLayout* windowButtons = makeWindowButtons();
+    updateMaximizeButton(false);
+    makePages();
+    arrange(windowButtons);
+    connectPages();
+    // Before the pages are filled: a new style lays everything out that is there already.
+    applyStyleSheets();
+    fillPages();
+    followCategories();
+}
+
+VLTagManagerWidget::~VLTagManagerWidget() = default;
+
+void VLTagManagerWidget::makePageButtons()
+{
+    m_allTagsBtn = makePageButton(tr("All Tags"), {20, 30}, this);
+    m_allTagsBtn->setFlat(true);
+    m_allTagsBtn->setChecked(true);
+    m_groupBtn = makePageButton(tr("Tag Categories"), {136, 30}, this);
+    m_commonBtn = makePageButton(tr("Favorite Tags"), {252, 30}, this);
+}
+
+QHBoxLayout* VLTagManagerWidget::makeWindowButtons()
+{
+    m_minBtn = makeWindowButton(this);
+    m_maxBtn = makeWindowButton(this);
+    m_closeBtn = makeWindowButton(this);
+    connect(m_minBtn, &QPushButton::clicked, this, &VLTagManagerWidget::signalSoftWareMin);
+    connect(m_maxBtn, &QPushButton::clicked, this, &VLTagManagerWidget::signalSoftWareMax);
+    connect(m_closeBtn, &QPushButton::clicked, this, &VLTagManagerWidget::signalSoftWareClose);
+
+    auto* row = new QHBoxLayout;
+    row->setContentsMargins(0, 0, 17, 0);
+    row->setSpacing(18);
+    row->addStretch();
+    row->addWidget(m_minBtn);
+    row->addWidget(m_maxBtn);
+    row->addWidget(m_closeBtn);
+    return row;
+}
+
+void VLTagManagerWidget::makePages()
+{
+    m_allTagWidget = new VLAllTagWidget(0, this);
+    m_groupTagWidget = new VLGroupTagWidget(1, this);
+    m_commonTagWidget = new VLCommonTagWidget(2, this);
+    m_stackedWidget = new QStackedWidget(this);
+    m_stackedWidget->addWidget(m_allTagWidget);
+    m_stackedWidget->addWidget(m_groupTagWidget);
+    m_stackedWidget->addWidget(m_commonTagWidget);
+}
+
+void VLTagManagerWidget::fillPages()
+{
+    VLTagManagerSingleton* shared = VLTagManagerSingleton::instance();
+    m_allTagWidget->initialise(shared->allTagsProvider());
+    QVector<QSharedPointer<ITagGroupDataProvider>> groups;
+    shared->tagGroups(groups);
+    m_groupTagWidget->initialise(shared->rootGroupProvider(), groups);
+    m_commonTagWidget->initialise(shared->favoriteTagsProvider());
+}
+
+void VLTagManagerWidget::arrange(QHBoxLayout* windowButtons)
+{
+    m_mainLayout = new QVBoxLayout(this);
+    m_mainLayout->setContentsMargins(0, 18, 0, 0);
+    m_mainLayout->setSpacing(0);
+    m_mainLayout->addLayout(windowButtons);
+    m_mainLayout->addSpacing(51);
+    m_mainLayout->addWidget(m_stackedWidget);
+    m_stackedWidget->setCurrentWidget(m_allTagWidget);
+}
+
+void VLTagManagerWidget::connectPages()
+{
+    connect(m_allTagsBtn, SIGNAL(clicked()), this, SLOT(slotSelectedAllLabel()));
+    connect(m_groupBtn, SIGNAL(clicked()), this, SLOT(slotSelectedGroup()));
+    connect(m_commonBtn, SIGNAL(clicked()), this, SLOT(slotSelectedCommon()));
+    for (const VLTagBaseWidget* page :
+         std::initializer_list<const VLTagBaseWidget*>{m_allTagWidget, m_commonTagWidget, m_groupTagWidget})
+        connect(page, &VLTagBaseWidget::signalCheckoutFile, this, &VLTagManagerWidget::signalCheckoutTagFile);
+    connect(m_groupTagWidget, &VLGroupTagWidget::signalCheckGroupFiles, this,
+            &VLTagManagerWidget::signalCheckoutGroupFile);
+}
+
+void VLTagManagerWidget::applyStyleSheets()
+{
+    const VLSkinSetting* skin = VLSkinSetting::GetInstance();
+    for (QWidget* widget : std::initializer_list<QWidget*>{this, m_allTagWidget, m_stackedWidget})
+        skin->SetWidgetStyleSheetWithQssName(widget, QStringLiteral("tagmanager"));
+}
+
+void VLTagManagerWidget::followCategories()
+{
+    m_tagManagerProvider = VLTagManagerSingleton::instance()->tagManagerProvider();
+    if (!m_tagManagerProvider)
+        return;
+    connect(m_tagManagerProvider.data(), &ITagManagerDataProvider::signalAddTagGroups, this,
+            &VLTagManagerWidget::slotAddTagGroups);
+    connect(m_tagManagerProvider.data(), &ITagManagerDataProvider::signalRemoveTagGroups, this,
+            &VLTagManagerWidget::slotRemoveTagGroups);
+}
+
+void VLTagManagerWidget::slotSelectedAllLabel()
+{
+    qInfo() << "VLTagManagerWidget::slotSelectedAllLabel select all tag";
+    showPage(m_allTagWidget, m_allTagsBtn);
+}
+
+void VLTagManagerWidget::slotSelectedGroup()
+{
+    qInfo() << "VLTagManagerWidget::slotSelectedGroup select group";
+    showPage(m_groupTagWidget, m_groupBtn);
+}
+
+void VLTagManagerWidget::slotSelectedCommon()
+{
+    qInfo() << "VLTagManagerWidget::slotSelectedCommon select common";
+    showPage(m_commonTagWidget, m_commonBtn);
+}
+
+void VLTagManagerWidget::showPage(QWidget* page, QPushButton* button)
+{
+    m_stackedWidget->setCurrentWidget(page);
+    for (QPushButton* each : {m_allTagsBtn, m_groupBtn, m_commonBtn})
+        each->setChecked(each == button);
+}
+
+void VLTagManagerWidget::slotAddTagGroups(QVector<qint64> g_ids)
+{
+    m_groupTagWidget->addGroups(g_ids);
+}
+
+void VLTagManagerWidget::slotRemoveTagGroups(QVector<qint64> g_ids)
+{
+    m_groupTagWidget->removeGroups(g_ids);
+}
+
+void VLTagManagerWidget::updateMaximizeButton(bool maximized)
+{
+    m_minBtn->setStyleSheet(
+        windowButtonStyle(QStringLiteral("minisize"), QStringLiteral("padding-top:5px;padding-bottom:5px;")));
+    m_maxBtn->setStyleSheet(windowButtonStyle(maximized ? QStringLiteral("restore") : QStringLiteral("maxsize")));
+    m_closeBtn->setStyleSheet(windowButtonStyle(QStringLiteral("close")));
+}
