@@ -76,7 +76,8 @@ private:
     void placeThreeButtons();
     void applySkin();
     void showButtons(int mode);
-    void moveFocus(bool forward);
+    /// To the visible button \a step places to the right of the default one, or to the outermost one there.
+    void moveFocus(int step);
     void closeWith(ReturnValue value);
 
     QWidget* m_mainWidget = nullptr;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QListWidget>
+#include <QSet>
 #include <QVector>
 
 /// The categories that a tag can be added to, as a list inside a menu; rows are 30 logical pixels high.
@@ -39,4 +40,5 @@ private:
     [[nodiscard]] bool hasHighlight() const;
 
     QVector<qint64> m_ids;
+    QSet<qint64> m_knownIds;  ///< The same ids, so that filling the list stays linear.
 };

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "pages/vlgrouplistmenu.h"
+
+#include <vleventtrack.h>
+#include <vlskinsetting.h>
+
+#include <QKeyEvent>
+
+namespace {
+// Logical pixels.
+constexpr int kRowHeight = 30;
+constexpr int kFullHeight = 300;
+
+constexpr int kRowsOfFullHeight = 11;
+}  // namespace
+
+VLGroupListMenu::VLGroupListMenu(QWidget* parent)
+    : QListWidget(parent)
+{
+    setObjectName(QStringLiteral("group_list_menu"));
+    VLSkinSetting::GetInstance()->SetWidgetStyleSheetWithQssName(this, QStringLiteral("tagmanager"));
+    setAttribute(Qt::WA_TranslucentBackground);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setUniformItemSizes(true);
+    connect(this, &QListWidget::itemClicked, this, &VLGroupListMenu::pick);
+}
+
+void VLGroupListMenu::slotAddItem(qint64 id, QString name)
+{
+    if (m_knownIds.contains(id))
+        return;
+    auto* item = new QListWidgetItem(name);
+    item->setData(Qt::UserRole, id);
+    // Without a width of its own a row is as wide as the list, so that a long name is elided.
+    item->setSizeHint(QSize(1, kRowHeight));
+    insertItem(count(), item);
+    m_ids.append(id);
+    m_knownIds.insert(id);
+}
+
+void VLGroupListMenu::slotRemoveItem(qint64 id)
+{
+    const int row = m_ids.indexOf(id);
+    if (row < 0)
+        return;
+    delete takeItem(row);
+    m_ids.remove(row);
+    m_knownIds.remove(id);
+    setFixedHeight(count() < kRowsOfFullHeight ? count() * kRowHeight : kFullHeight);
+}
+
+void VLGroupListMenu::slotUpdateItem(qint64 id, QString name)
+{
+    if (QListWidgetItem* renamed = item(m_ids.indexOf(id)))
+        renamed->setText(name);
+}
+
+void VLGroupListMenu::showEvent(QShowEvent* event)
+{
+    QListWidget::showEvent(event);
+    setFocus(Qt::PopupFocusReason);
+}
+
+void VLGroupListMenu::hideEvent(QHideEvent* event)
+{
+    QListWidget::hideEvent(event);
+    clearSelection();
+}
+
+void VLGroupListMenu::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        event->ignore();
+        break;
+    case Qt::Key_Enter:
+    case Qt::Key_Return:
+    case Qt::Key_Space:
+        if (hasHighlight())
+            pick(currentItem());
+        break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        if (!hasHighlight()) {
+            setCurrentRow(event->key() == Qt::Key_Down ? 0 : count() - 1);
+            break;
+        }
+        Q_FALLTHROUGH();
+    default:
+        QListWidget::keyPressEvent(event);
+    }
+}
+
+void VLGroupListMenu::pick(QListWidgetItem* item)
+{
+    const qint64 id = item->data(Qt::UserRole).toInt();
+    VlEventTrack::GetInstance()->SendBClickLabelMenu(tr("Add to Category"), item->text());
+    emit signClicked(id);
+}
+
+bool VLGroupListMenu::hasHighlight() const
+{
+    return currentItem() && currentItem()->isSelected();
+}
