@@ -26,6 +26,11 @@ VLGroupListMenu::VLGroupListMenu(QWidget* parent)
     connect(this, &QListWidget::itemClicked, this, &VLGroupListMenu::pick);
 }
 
+void VLGroupListMenu::setHiddenBottom(int pixels)
+{
+    setViewportMargins(0, 0, 0, pixels);
+}
+
 void VLGroupListMenu::slotAddItem(qint64 id, QString name)
 {
     if (m_knownIds.contains(id))

@@ -18,6 +18,8 @@ public:
 
     /// The category ids in row order.
     [[nodiscard]] QVector<qint64> ids() const { return m_ids; }
+    /// The menu around the list cuts so many logical pixels off its bottom; the last rows scroll into what is left.
+    void setHiddenBottom(int pixels);
 
 signals:
     /// A row was picked. The id passes through a 32-bit integer.

@@ -14,8 +14,8 @@ namespace {
 /// A handler for either kind of result signal. It runs in the thread that the host answers in.
 auto resultHandler(qint64 requestId, const char* failureText, RequestSucceeded onSuccess)
 {
-    return [requestId, failureText, onSuccess = std::move(onSuccess)](
-               qint64 id, const QSharedPointer<const IResponseInfo>& response) {
+    return [requestId, failureText,
+            onSuccess = std::move(onSuccess)](qint64 id, const QSharedPointer<const IResponseInfo>& response) {
         if (id != requestId || !response)
             return;
         if (!VLTagManagerSingleton::instance()->isResponseSucceeded(response))
@@ -35,6 +35,6 @@ void followTagRequest(ITagAction* action, qint64 requestId, const char* failureT
 
 void followTagGroupRequest(ITagGroupAction* action, qint64 requestId, const char* failureText)
 {
-    QObject::connect(action, &ITagGroupAction::signalTagGroupResult, action,
-                     resultHandler(requestId, failureText, {}), Qt::DirectConnection);
+    QObject::connect(action, &ITagGroupAction::signalTagGroupResult, action, resultHandler(requestId, failureText, {}),
+                     Qt::DirectConnection);
 }

@@ -56,7 +56,8 @@ public:
 
     QSharedPointer<ITagAction> tagAction() const;
     QSharedPointer<ITagGroupAction> tagGroupAction() const;
-    /// True when the status is 0 and the response rejects no tag, no category and no file. A null response is a failure.
+    /// True when the status is 0 and the response rejects no tag, no category and no file. A null response is a
+    /// failure.
     bool isResponseSucceeded(const QSharedPointer<const IResponseInfo>& response) const;
 
     /// The palette's entries in their order.

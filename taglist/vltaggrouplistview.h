@@ -2,16 +2,18 @@
 #pragma once
 
 #include "plugin/tagitem.h"
+#include "taglist/tagrequests.h"
+#include "taglist/tagsections.h"
 
 #include <QHash>
-#include <QMap>
 #include <QScrollArea>
 #include <QSharedPointer>
 #include <QVector>
 
-class ITagAction;
 class ITagDataProvider;
 class ITagGroupDataProvider;
+class QVBoxLayout;
+class TagContextMenu;
 class VLTagListView;
 
 /// The body of every tag page: the tags of one category as a column of letter sections, with the tag context menu and
@@ -68,4 +70,38 @@ public slots:
     void slotUpdateGroupAction(qint64 g_id);
     void slotTagProviderUpdate();
     void slotDetachTag(qint64 tag_id);
+
+private:
+    /// What the list is there for.
+    enum class Shown
+    {
+        Letters,
+        Results
+    };
+
+    QVBoxLayout* setUpColumn();
+    void connectMenu();
+    void replaceProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
+    void clear();
+    void load(const QString& filter);
+    void showResults(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers);
+    [[nodiscard]] QVector<TagItem> matching(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers) const;
+    VLTagListView* makeResultList();
+    VLTagListView* makeSection(const QString& letter, const QVector<TagItem>& items);
+    void configureList(VLTagListView* list);
+    void removeSection(VLTagListView* section);
+    void viewMenuTagFiles();
+    void setMenuTagColor(int colorIndex);
+
+    QSharedPointer<ITagGroupDataProvider> m_provider;
+    QVBoxLayout* m_layout;
+    TagSections m_sections;
+    VLTagListView* m_results = nullptr;  ///< Made for the first search, owned as a child.
+    TagContextMenu* m_menu;
+    qint64 m_menuTagId = 0;
+    QString m_menuTagName;
+    TagRequests m_requests;
+    QString m_filter;
+    Shown m_shown = Shown::Letters;
+    bool m_drag;
 };

@@ -1,11 +1,51 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/menupopup.h"
 
+#include <QAction>
 #include <QCursor>
 #include <QMenu>
 
+namespace {
+
+// Percent of a face's natural width; below the last one letters stop being readable.
+constexpr int faceWidths[] = {100, 95, 90, 85, 80, 75, 70};
+constexpr int narrowestFace = 70;
+
+void setFaceWidth(QAction* action, int percent)
+{
+    QFont font;
+    if (percent != 100)
+        font.setStretch(percent);
+    action->setFont(font);
+}
+
+// The widest entry widens the rows of all, so that in a menu of fixed width they would run past its edge: arrows of
+// sub-menus out of sight, text cut off. Entries that are too wide are set in a narrower face instead.
+void narrowWideEntries(QMenu* menu)
+{
+    const QList<QAction*> actions = menu->actions();
+    for (QAction* action : actions)
+        setFaceWidth(action, 100);
+    menu->ensurePolished();
+    if (menu->sizeHint().width() <= menu->maximumWidth())
+        return;
+    for (QAction* action : actions)
+        setFaceWidth(action, narrowestFace);
+    const int limit = qMax(menu->sizeHint().width(), menu->maximumWidth());
+    for (QAction* action : actions) {
+        for (const int percent : faceWidths) {
+            setFaceWidth(action, percent);
+            if (menu->sizeHint().width() <= limit)
+                break;
+        }
+    }
+}
+
+}  // namespace
+
 void popUpMenuAtCursor(QMenu* menu)
 {
+    narrowWideEntries(menu);
     menu->move(QCursor::pos());
     menu->setAttribute(Qt::WA_DontShowOnScreen, true);
     menu->show();

@@ -4,5 +4,6 @@
 class QMenu;
 
 /// Pops \a menu up at the mouse cursor. The menu is laid out once off screen first, so that its size is known;
-/// placement at the edges of the screen is left to QMenu. Does not block.
+/// placement at the edges of the screen is left to QMenu. Entries that are too wide for a menu of fixed width get a
+/// narrower face. Does not block.
 void popUpMenuAtCursor(QMenu* menu);

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QString>
+#include <QtPlugin>
 #include <QUrl>
 #include <QUuid>
-#include <QtPlugin>
 
 /// What a plug-in tells about itself; every text may be shown to the user.
 struct PluginInfo

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFont>
+#include <QFontMetrics>
+#include <QFontMetricsF>
+#include <QHash>
+#include <QSize>
+#include <QString>
+
+#include <vector>
+
+/// What a list shows of each chip.
+struct ChipLook
+{
+    bool count = false;     ///< The file count stands behind the name.
+    bool enlarged = false;  ///< The chip is drawn larger.
+};
+
+/// Measures chips. All lengths are logical pixels.
+///
+/// Text widths are those of QFontMetrics::horizontalAdvance(), to the pixel, but shaping is spared where it cannot
+/// matter: for ASCII the advances and kerning of pairs are summed in 1/64 pixel, the unit of the text engine, and
+/// rounded once; Han and Hangul characters have their advances cached; every other text is shaped. GUI thread only.
+class ChipMetrics
+{
+public:
+    static constexpr int height = 22;         ///< Of a chip that is not enlarged.
+    static constexpr int minimumWidth = 44;   ///< Of a chip with a name.
+    static constexpr int addChipWidth = 82;   ///< Of the chip without a name.
+    static constexpr int textMargin = 10;     ///< Left and right of the text.
+    static constexpr int countGap = 10;       ///< Between the name and the count.
+    static constexpr int enlargedWidth = 6;   ///< What enlarging adds to the width.
+    static constexpr int enlargedHeight = 4;  ///< What enlarging adds to the height.
+
+    explicit ChipMetrics(const QFont& font);
+
+    /// The metrics of the chip font: the application's font at 12 pixels. Made anew when that font changes.
+    static ChipMetrics& shared();
+    /// The application's font at 12 pixels.
+    static QFont chipFont();
+
+    [[nodiscard]] static int chipHeight(ChipLook look) { return look.enlarged ? height + enlargedHeight : height; }
+
+    int textWidth(const QString& text);
+    QSize chipSize(const QString& name, int fileCount, ChipLook look);
+
+private:
+    int asciiWidth(const QString& text);
+    int wideCharacterAdvance(QChar character);
+
+    QFont m_font;
+    QFontMetrics m_metrics;
+    QFontMetricsF m_exactMetrics;
+    std::vector<int> m_asciiPairs;    ///< Advance of the first character when the second follows, in 1/64 pixel.
+    std::vector<int> m_wideAdvances;  ///< Of the characters from U+4E00 to U+D7A3, in 1/64 pixel.
+    bool m_pairsAreExact = false;     ///< The font joins no three characters into one glyph.
+};

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "taglist/initialletter.h"
+
+#include "taglist/mandarininitials.h"
+
+QString initialLetter(const QString& name)
+{
+    if (name.isEmpty())
+        return {};
+    const QChar first = name.at(0);
+    const ushort unit = first.unicode();
+    if (unit >= 'a' && unit <= 'z')
+        return QString(QChar(unit - 'a' + 'A'));
+    const QString& initials = mandarinInitials();
+    const int offset = unit - firstMandarinCodePoint;
+    if (offset >= 0 && offset < initials.size())
+        return QString(initials.at(offset));
+    return QString(first);
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "taglist/sortfilterproxymodel.h"
+
+#include "taglist/tagrow.h"
+
+#include <QStandardItemModel>
+
+namespace {
+
+const QString& nameAt(const QModelIndex& index)
+{
+    const auto* model = static_cast<const QStandardItemModel*>(index.model());
+    return static_cast<const TagRow*>(model->itemFromIndex(index))->tag().name;
+}
+
+}  // namespace
+
+SortFilterProxyModel::SortFilterProxyModel(QObject* parent)
+    : QSortFilterProxyModel(parent)
+{
+}
+
+void SortFilterProxyModel::setSortBySearch(bool enabled)
+{
+    m_sortBySearch = enabled;
+}
+
+void SortFilterProxyModel::setSearchText(const QString& text)
+{
+    m_searchText = text;
+}
+
+bool SortFilterProxyModel::comesBefore(const QString& left, const QString& right) const
+{
+    if (m_sortBySearch) {
+        const int leftCloseness = closeness(left);
+        const int rightCloseness = closeness(right);
+        if (leftCloseness != rightCloseness)
+            return leftCloseness < rightCloseness;
+    }
+    return left < right;
+}
+
+void SortFilterProxyModel::setSortedSourceModel(QAbstractItemModel* model)
+{
+    m_sourceIsSorted = true;
+    setSourceModel(model);
+    rowCount();  // maps the rows now
+    m_sourceIsSorted = false;
+}
+
+bool SortFilterProxyModel::lessThan(const QModelIndex& left, const QModelIndex& right) const
+{
+    if (m_sourceIsSorted)
+        return left.row() < right.row();
+    return comesBefore(nameAt(left), nameAt(right));
+}
+
+/// 0 for the search text itself, 1 for what starts with it, 2 for the rest.
+int SortFilterProxyModel::closeness(const QString& name) const
+{
+    if (!name.startsWith(m_searchText))
+        return 2;
+    return name.size() == m_searchText.size() ? 0 : 1;
+}

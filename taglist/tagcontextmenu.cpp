@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "taglist/tagcontextmenu.h"
+
+#include "pages/vlgrouplistmenu.h"
+#include "plugin/vltagmanagersingleton.h"
+#include "taglist/vltagcoloraction.h"
+#include "taglist/vltaggrouplistview.h"
+#include "widgets/menupopup.h"
+
+#include <itaggroupdataprovider.h>
+#include <vlskinsetting.h>
+
+#include <QMenu>
+#include <QWidgetAction>
+
+#include <algorithm>
+
+namespace {
+
+// Logical pixels.
+constexpr int menuWidth = 204;
+constexpr int colorRowHeight = 30;
+constexpr QSize groupListSize(168, 230);
+constexpr int groupRowHeight = 30;
+constexpr int maximumGroupListHeight = 300;
+constexpr int groupMenuFrame = 8;
+constexpr int maximumGroupMenuHeight = 230;
+
+QMenu* makeMenu(QWidget* owner, const QString& styleSheetName)
+{
+    auto* menu = new QMenu(owner);
+    menu->setAttribute(Qt::WA_TranslucentBackground);
+    menu->setWindowFlags(menu->windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    VLSkinSetting::GetInstance()->SetWidgetStyleSheetWithQssName(menu, styleSheetName);
+    return menu;
+}
+
+}  // namespace
+
+TagContextMenu::TagContextMenu(QWidget* owner)
+    : QObject(owner)
+    , m_menu(makeMenu(owner, QStringLiteral("menu")))
+{
+    m_menu->setFixedWidth(menuWidth);
+    createActions();
+    createGroupMenu(owner);
+    createColorRow(owner);
+}
+
+void TagContextMenu::createActions()
+{
+    const auto makeAction = [this](const QString& text, void (TagContextMenu::*chosen)()) {
+        auto* action = new QAction(text, this);
+        connect(action, &QAction::triggered, this, chosen);
+        return action;
+    };
+    m_viewFiles = makeAction(VLTagGroupListView::tr("View Related Files"), &TagContextMenu::viewFilesChosen);
+    m_favorite = makeAction(VLTagGroupListView::tr("Set as Favorite Tag"), &TagContextMenu::favoriteChosen);
+    m_rename = makeAction(VLTagGroupListView::tr("Rename Tag"), &TagContextMenu::renameChosen);
+    m_delete = makeAction(VLTagGroupListView::tr("Delete Tag"), &TagContextMenu::deleteChosen);
+    m_detach = makeAction(VLTagGroupListView::tr("Remove the Tag from the Category"), &TagContextMenu::detachChosen);
+}
+
+void TagContextMenu::createGroupMenu(QWidget* owner)
+{
+    m_groupMenu = makeMenu(owner, QStringLiteral("tagmanager"));
+    m_groupMenu->setTitle(VLTagGroupListView::tr("Add to Category"));
+    m_groupMenu->setObjectName(QStringLiteral("tag_manager_menu"));
+    m_groupMenu->setFixedWidth(groupListSize.width());
+    m_groupList = new VLGroupListMenu(owner);
+    m_groupList->setFixedSize(groupListSize);
+    QVector<QSharedPointer<ITagGroupDataProvider>> groups;
+    VLTagManagerSingleton::instance()->tagGroups(groups);
+    for (const auto& group : qAsConst(groups)) {
+        if (group)
+            m_groupList->slotAddItem(group->groupId(), group->groupName());
+    }
+    auto* listAction = new QWidgetAction(m_groupMenu);
+    listAction->setDefaultWidget(m_groupList);
+    m_groupMenu->addAction(listAction);
+    connect(m_groupList, &VLGroupListMenu::signClicked, this, [this](qint64 g_id) {
+        close();
+        emit groupChosen(g_id);
+    });
+}
+
+void TagContextMenu::createColorRow(QWidget* owner)
+{
+    m_colorRow = new VLTagColorAction(owner);
+    m_colorRow->setFixedSize(menuWidth, colorRowHeight);
+    m_colorRowAction = new QWidgetAction(this);
+    m_colorRowAction->setDefaultWidget(m_colorRow);
+    connect(m_colorRow, &VLTagColorAction::signalColorClicked, this, &TagContextMenu::colorChosen);
+}
+
+void TagContextMenu::arrange(bool inCategory)
+{
+    m_menu->clear();
+    m_menu->addAction(m_viewFiles);
+    m_menu->addSeparator();
+    m_menu->addAction(m_favorite);
+    m_menu->addMenu(m_groupMenu);
+    m_menu->addSeparator();
+    m_menu->addAction(m_rename);
+    m_menu->addAction(m_colorRowAction);
+    m_menu->addSeparator();
+    if (inCategory)
+        m_menu->addAction(m_detach);
+    m_menu->addAction(m_delete);
+}
+
+void TagContextMenu::open(bool isFavorite, int colorIndex)
+{
+    m_groupMenu->menuAction()->setEnabled(m_groupList->count() > 0);
+    m_favorite->setText(isFavorite ? VLTagGroupListView::tr("Cancel set as Favorite Tag")
+                                   : VLTagGroupListView::tr("Set as Favorite Tag"));
+    m_colorRow->setSelected(colorIndex);
+    fitGroupMenu();
+    popUpMenuAtCursor(m_menu);
+}
+
+void TagContextMenu::close()
+{
+    m_groupMenu->hide();
+    m_menu->hide();
+}
+
+/// The list shrinks by itself when rows go; here it gets the room again that its rows need.
+void TagContextMenu::fitGroupMenu()
+{
+    const int needed = std::min(m_groupList->count() * groupRowHeight, maximumGroupListHeight);
+    if (m_groupList->height() < needed)
+        m_groupList->setFixedHeight(needed);
+    const int menuHeight = std::min(m_groupList->height() + groupMenuFrame, maximumGroupMenuHeight);
+    m_groupMenu->setFixedHeight(menuHeight);
+    m_groupList->setHiddenBottom(m_groupList->height() + groupMenuFrame - menuHeight);
+}

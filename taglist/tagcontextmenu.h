@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QWidget;
+class QWidgetAction;
+class VLGroupListMenu;
+class VLTagColorAction;
+
+/// The context menu of a tag. It knows entries and their order; what they do is left to whoever hears the signals.
+class TagContextMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The menus belong to \a owner, which must outlive this object; the category list starts with every category.
+    explicit TagContextMenu(QWidget* owner);
+
+    /// Puts the entries in their order. \a inCategory: the tags shown can be removed from their category.
+    void arrange(bool inCategory);
+    /// Pops the menu up at the cursor. \a colorIndex: the swatch to mark.
+    void open(bool isFavorite, int colorIndex);
+    void close();
+    [[nodiscard]] VLGroupListMenu* groupList() const { return m_groupList; }
+
+signals:
+    void viewFilesChosen();
+    void favoriteChosen();
+    void renameChosen();
+    void colorChosen(int index);
+    void deleteChosen();
+    void detachChosen();
+    void groupChosen(qint64 g_id);
+
+private:
+    void createActions();
+    void createGroupMenu(QWidget* owner);
+    void createColorRow(QWidget* owner);
+    void fitGroupMenu();
+
+    QMenu* m_menu;
+    QMenu* m_groupMenu = nullptr;
+    QAction* m_viewFiles = nullptr;
+    QAction* m_favorite = nullptr;
+    QAction* m_rename = nullptr;
+    QAction* m_detach = nullptr;
+    QAction* m_delete = nullptr;
+    QWidgetAction* m_colorRowAction = nullptr;
+    VLTagColorAction* m_colorRow = nullptr;
+    VLGroupListMenu* m_groupList = nullptr;
+};

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QSharedPointer>
+#include <QString>
+
+#include <functional>
+
+class ITagAction;
+
+/// The requests behind the tag commands, with their log lines. Without an action object each does nothing.
+class TagRequests
+{
+public:
+    explicit TagRequests(QSharedPointer<ITagAction> action);
+
+    /// \a onSuccess may run after the caller is gone.
+    void createTag(const QString& name, std::function<void()> onSuccess) const;
+    void addToFavorites(qint64 tag_id) const;
+    void removeFromFavorites(qint64 tag_id) const;
+    void addToGroup(qint64 g_id, qint64 tag_id) const;
+    void removeFromGroup(qint64 g_id, qint64 tag_id) const;
+    void renameTag(qint64 tag_id, const QString& newName) const;
+    void setTagColor(qint64 tag_id, int colorIndex) const;
+    void deleteTag(qint64 tag_id) const;
+
+private:
+    QSharedPointer<ITagAction> m_action;
+};

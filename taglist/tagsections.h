@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "plugin/tagitem.h"
+
+#include <QHash>
+#include <QMap>
+#include <QString>
+#include <QVector>
+
+#include <functional>
+
+class QVBoxLayout;
+class VLTagListView;
+
+/// The letter sections of a tag page, in the order of their letters, and where each tag stands.
+///
+/// Each tag is in one section at most. Cost of every operation: linear in the tags that it is given, plus one pass over
+/// the sections when some of them come or go.
+class TagSections
+{
+public:
+    /// Makes the view of a section; it is owned by its parent widget until it is handed back to be removed.
+    using MakeSection = std::function<VLTagListView*(const QString& letter, const QVector<TagItem>& items)>;
+
+    /// \a layout receives the views; it holds nothing else while there are sections.
+    TagSections(QVBoxLayout* layout, MakeSection makeSection);
+
+    [[nodiscard]] bool isEmpty() const { return m_sections.isEmpty(); }
+    [[nodiscard]] bool holds(const VLTagListView* section) const;
+
+    /// Files tags under their letters; tags that are filed already stay where they are.
+    void add(const QVector<TagItem>& items);
+    /// Forgets where these tags stand, so that they can be filed anew. Their rows stay.
+    void forget(const QVector<qint64>& tag_ids);
+    /// Takes tags out of their sections, and sections that become empty out of the column.
+    void removeTags(const QVector<qint64>& tag_ids);
+    /// Takes a section out. Its view is deleted at once, or when the event that it is handling has ended.
+    void removeSection(VLTagListView* section);
+    void clear();
+
+private:
+    void createSections(const QMap<QString, QVector<TagItem>>& itemsOfLetters);
+    void removeSections(const QVector<VLTagListView*>& sections);
+    void takeFromLayout(const QVector<VLTagListView*>& sections);
+    static void dispose(VLTagListView* section);
+
+    QVBoxLayout* m_layout;
+    MakeSection m_makeSection;
+    QMap<QString, VLTagListView*> m_sections;
+    QHash<qint64, QString> m_letterOfTag;
+    bool m_inBatch = false;
+    QVector<VLTagListView*> m_emptied;  ///< Wait for the end of the batch.
+};

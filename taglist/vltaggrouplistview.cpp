@@ -1,0 +1,412 @@
+// SPDX-License-Identifier: MIT
+#include "taglist/vltaggrouplistview.h"
+
+#include "dialogs/deletequestion.h"
+#include "dialogs/vlmessagebox.h"
+#include "dialogs/vltagmodifywidget.h"
+#include "pages/vlgrouplistmenu.h"
+#include "plugin/vltagmanagersingleton.h"
+#include "taglist/tagcontextmenu.h"
+#include "taglist/vltagdelegate.h"
+#include "taglist/vltaglistview.h"
+#include "widgets/vltallboxlayout.h"
+
+#include <itagaction.h>
+#include <itagdataprovider.h>
+#include <itaggroupdataprovider.h>
+#include <tagrecords.h>
+#include <vleventtrack.h>
+
+#include <QDebug>
+#include <QLineEdit>
+#include <QPointer>
+
+namespace {
+
+// Of a section, in logical pixels.
+constexpr int sectionBottomPad = 15;
+constexpr int sectionTopMargin = 14;
+constexpr int letterLeft = 18;
+
+constexpr qint64 favoritesGroupId = 1;
+constexpr int createdFromTagManager = 0;  // how usage tracking names the source of a new tag
+constexpr int joinFromMenu = 2;           // how usage tracking names the menu's way to a tag's files
+
+using TagProviders = QHash<qint64, QSharedPointer<ITagDataProvider>>;
+
+QVector<TagItem> readTagItems(const TagProviders& providers)
+{
+    QVector<TagItem> items;
+    items.reserve(providers.size());
+    for (const auto& provider : providers) {
+        if (auto item = readTagItem(provider))
+            items.append(std::move(*item));
+    }
+    return items;
+}
+
+void trackMenu(const QString& entry, const QString& detail = QStringLiteral(""))
+{
+    VlEventTrack::GetInstance()->SendBClickLabelMenu(entry, detail);
+}
+
+}  // namespace
+
+VLTagGroupListView::VLTagGroupListView(QWidget* parent, bool drag)
+    : QScrollArea(parent)
+    , m_layout(setUpColumn())
+    , m_sections(m_layout,
+                 [this](const QString& letter, const QVector<TagItem>& items) { return makeSection(letter, items); })
+    , m_menu(new TagContextMenu(this))
+    , m_requests(VLTagManagerSingleton::instance()->tagAction())
+    , m_drag(drag)
+{
+    connectMenu();
+    m_menu->arrange(false);
+    auto* state = VLTagManagerSingleton::instance();
+    connect(state, &VLTagManagerSingleton::signalAddGroupAction, this, &VLTagGroupListView::slotAddGroupAction);
+    connect(state, &VLTagManagerSingleton::signalRemoveGroupAction, this, &VLTagGroupListView::slotRemoveGroupAction);
+    connect(state, &VLTagManagerSingleton::signalUpdateGroupAction, this, &VLTagGroupListView::slotUpdateGroupAction);
+    setStyleSheet(QStringLiteral("border:10px;"));
+}
+
+VLTagGroupListView::~VLTagGroupListView() = default;
+
+/// The sections lie in the layout of the view itself, above the empty content widget of the scroll area.
+QVBoxLayout* VLTagGroupListView::setUpColumn()
+{
+    setObjectName(QStringLiteral("tag_group_list_view"));
+    setWidget(new QWidget);
+    setWidgetResizable(true);
+    setObjectName(QStringLiteral("tag_group_widget"));
+    auto* layout = new VLTallBoxLayout(this);
+    layout->setSpacing(0);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    layout->setAlignment(Qt::AlignTop);
+    return layout;
+}
+
+void VLTagGroupListView::connectMenu()
+{
+    connect(m_menu, &TagContextMenu::viewFilesChosen, this, &VLTagGroupListView::viewMenuTagFiles);
+    connect(m_menu, &TagContextMenu::favoriteChosen, this, [this] {
+        slotSetCommonTag(m_menuTagId);
+        trackMenu(QStringLiteral("Set as Favorite Tag"));
+    });
+    connect(m_menu, &TagContextMenu::groupChosen, this, [this](qint64 g_id) { slotSetGroupTag(g_id, m_menuTagId); });
+    connect(m_menu, &TagContextMenu::renameChosen, this, [this] {
+        slotRenameTag(m_menuTagId);
+        trackMenu(QStringLiteral("Rename Tag"));
+    });
+    connect(m_menu, &TagContextMenu::colorChosen, this, &VLTagGroupListView::setMenuTagColor);
+    connect(m_menu, &TagContextMenu::deleteChosen, this, [this] {
+        trackMenu(QStringLiteral("Delete Tag"));
+        slotDelTag(m_menuTagId);
+    });
+    connect(m_menu, &TagContextMenu::detachChosen, this, [this] {
+        trackMenu(QStringLiteral("Remove the Tag from the Category"));
+        slotDetachTag(m_menuTagId);
+    });
+}
+
+void VLTagGroupListView::setDataProvider(const QSharedPointer<ITagGroupDataProvider>& provider)
+{
+    m_shown = Shown::Letters;
+    replaceProvider(provider);
+    load({});
+}
+
+void VLTagGroupListView::setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider)
+{
+    m_shown = Shown::Results;
+    replaceProvider(provider);
+}
+
+void VLTagGroupListView::replaceProvider(const QSharedPointer<ITagGroupDataProvider>& provider)
+{
+    const QSharedPointer<ITagGroupDataProvider> next = provider;
+    clear();
+    if (m_provider)
+        disconnect(m_provider.data(), nullptr, this, nullptr);
+    m_provider = next;
+    if (m_provider) {
+        connect(m_provider.data(), &ITagGroupDataProvider::signalAddTags, this,
+                &VLTagGroupListView::slotAddTagsCallBack);
+        connect(m_provider.data(), &ITagGroupDataProvider::signalRemoveTags, this,
+                &VLTagGroupListView::slotRemoveTagsCallBack);
+    }
+    m_menu->close();
+    m_menu->arrange(m_provider && m_provider->groupId() > favoritesGroupId);
+}
+
+void VLTagGroupListView::reload(const QString& filter)
+{
+    clear();
+    load(filter);
+}
+
+void VLTagGroupListView::clear()
+{
+    m_sections.clear();
+    m_filter.clear();
+    if (!m_results)
+        return;
+    m_layout->removeWidget(m_results);
+    m_results->hide();
+    m_results->removeAllRows();
+}
+
+void VLTagGroupListView::load(const QString& filter)
+{
+    m_filter = filter;
+    if (!m_provider || (filter.isEmpty() && m_shown == Shown::Results))
+        return;
+    TagProviders providers;
+    if (m_provider->tags(&providers) == 0 || providers.isEmpty())
+        return;
+    if (filter.isEmpty())
+        m_sections.add(readTagItems(providers));
+    else
+        showResults(providers);
+}
+
+void VLTagGroupListView::showResults(const TagProviders& providers)
+{
+    if (!m_results)
+        m_results = makeResultList();
+    m_results->setSearchText(m_filter);
+    m_results->addTags(matching(providers));
+    m_layout->addWidget(m_results);
+    m_results->show();
+}
+
+/// The tags whose names contain the filter.
+QVector<TagItem> VLTagGroupListView::matching(const TagProviders& providers) const
+{
+    QVector<TagItem> items = readTagItems(providers);
+    const auto differs = [this](const TagItem& item) { return !item.name.contains(m_filter, Qt::CaseInsensitive); };
+    items.erase(std::remove_if(items.begin(), items.end(), differs), items.end());
+    return items;
+}
+
+VLTagListView* VLTagGroupListView::makeResultList()
+{
+    auto* list = new VLTagListView({}, this);
+    configureList(list);
+    list->setTrailingRow(false);
+    return list;
+}
+
+VLTagListView* VLTagGroupListView::makeSection(const QString& letter, const QVector<TagItem>& items)
+{
+    auto* section = new VLTagListView(items, this);
+    configureList(section);
+    section->setLetter(letter, letterLeft, 0);
+    connect(section, &VLTagListView::signCheckTagLinkFile, this, &VLTagGroupListView::slotCheckTagLinkFile);
+    connect(section, &VLTagListView::signalEmpty, this, [this, section] { removeSection(section); });
+    connect(section, &VLTagListView::signalCharNoMatch, this, &VLTagGroupListView::slotTagUpdateNoMatch);
+    return section;
+}
+
+void VLTagGroupListView::configureList(VLTagListView* list)
+{
+    list->setBottomPad(sectionBottomPad);
+    list->setGroupProvider(m_provider, VLTagListView::Following::Owner);
+    list->setCountShown(true);
+    list->setMenuEnabled(true);
+    list->setChipDragEnabled(m_drag);
+    list->setTopMargin(sectionTopMargin);
+    list->setItemDelegate(new VLTagDelegate(list));
+    connect(list, &VLTagListView::signPopMenu, this, &VLTagGroupListView::slotPopMenu);
+    connect(list, &VLTagListView::signTagUpdated, this, &VLTagGroupListView::slotTagProviderUpdate);
+}
+
+void VLTagGroupListView::removeSection(VLTagListView* section)
+{
+    if (!m_sections.holds(section))
+        return;
+    m_sections.removeSection(section);
+    if (m_sections.isEmpty())
+        emit signalEmpty();
+}
+
+void VLTagGroupListView::slotAddTagsCallBack(QVector<qint64> tag_ids)
+{
+    if (!m_provider || tag_ids.isEmpty())
+        return;
+    const QPointer<VLTagGroupListView> self(this);
+    TagProviders providers;
+    m_provider->tagsByIds(tag_ids, &providers);
+    if (!self)
+        return;
+    if (m_shown == Shown::Letters && m_filter.isEmpty())
+        m_sections.add(readTagItems(providers));
+    else if (!m_filter.isEmpty())
+        showResults(providers);
+    emit signalAddTag(tag_ids.size());
+    if (self)
+        emit signalClosePopup();
+}
+
+void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)
+{
+    const QPointer<VLTagGroupListView> self(this);
+    emit signalRemoveTag(tag_ids.size());
+    if (!self)
+        return;
+    if (m_results)
+        m_results->slotRemoveCallBack(tag_ids);
+    if (m_sections.isEmpty())
+        return;
+    m_sections.removeTags(tag_ids);
+    if (m_sections.isEmpty())
+        emit signalEmpty();
+}
+
+void VLTagGroupListView::slotTagUpdateNoMatch(QVector<qint64> tag_ids)
+{
+    if (!m_provider || tag_ids.isEmpty())
+        return;
+    const QPointer<VLTagGroupListView> self(this);
+    TagProviders providers;
+    m_provider->tagsByIds(tag_ids, &providers);
+    if (!self)
+        return;
+    m_sections.forget(tag_ids);
+    m_sections.add(readTagItems(providers));
+}
+
+void VLTagGroupListView::slotUiRemoveTagListView()
+{
+    if (auto* section = qobject_cast<VLTagListView*>(sender()))
+        removeSection(section);
+}
+
+void VLTagGroupListView::slotTagProviderUpdate()
+{
+    emit signalClosePopup();
+}
+
+void VLTagGroupListView::slotCheckTagLinkFile(qint64 tag_id, QString)
+{
+    emit signalsCheckoutFile({tag_id});
+}
+
+void VLTagGroupListView::slotPopMenu(qint64 tag_id, QString name)
+{
+    m_menuTagId = tag_id;
+    m_menuTagName = name;
+    int colorIndex = -1;
+    TagProviders providers;
+    if (m_provider)
+        m_provider->tagsByIds({tag_id}, &providers);
+    if (const auto provider = providers.value(tag_id)) {
+        if (const auto info = provider->tagInfo())
+            colorIndex = info->colorIndex();
+    }
+    m_menu->open(VLTagManagerSingleton::instance()->isFavoriteTag(tag_id), colorIndex);
+}
+
+void VLTagGroupListView::viewMenuTagFiles()
+{
+    qInfo() << "VLTagGroupListView::signalsCheckoutFile id:" << m_menuTagId;
+    emit signalsCheckoutFile({m_menuTagId});
+    trackMenu(QStringLiteral("View Related Files"));
+    VlEventTrack::GetInstance()->SendLabelJoin(joinFromMenu);
+}
+
+void VLTagGroupListView::setMenuTagColor(int colorIndex)
+{
+    slotSetTagColor(m_menuTagId, colorIndex);
+    const auto colors = VLTagManagerSingleton::instance()->tagColors();
+    if (colorIndex >= 0 && colorIndex < colors.size())
+        trackMenu(QStringLiteral("Set Color"), colors.at(colorIndex).name);
+}
+
+void VLTagGroupListView::slotAddTag()
+{
+    auto* dialog = new VLTagModifyWidget(VLTagModifyWidget::CreateTag, this);
+    connect(dialog, &VLTagModifyWidget::signCreateTag, this, [this](const QString& name) {
+        VlEventTrack::GetInstance()->CreateTag(createdFromTagManager, name);
+        m_requests.createTag(name, [self = QPointer<VLTagGroupListView>(this)] {
+            if (self)
+                emit self->signalClosePopup();
+        });
+    });
+    connect(this, &VLTagGroupListView::signalClosePopup, dialog, &QWidget::close);
+    dialog->showPopup();
+}
+
+void VLTagGroupListView::slotRenameTag(qint64 tag_id)
+{
+    auto* dialog = new VLTagModifyWidget(VLTagModifyWidget::RenameTag, this);
+    dialog->lineEdit()->setText(m_menuTagName);
+    connect(dialog, &VLTagModifyWidget::signRenameTag, this,
+            [this, tag_id](const QString& newName) { m_requests.renameTag(tag_id, newName); });
+    connect(this, &VLTagGroupListView::signalClosePopup, dialog, &QWidget::close);
+    dialog->showPopup();
+}
+
+void VLTagGroupListView::slotSetCommonTag(qint64 tag_id)
+{
+    if (VLTagManagerSingleton::instance()->isFavoriteTag(tag_id))
+        m_requests.removeFromFavorites(tag_id);
+    else
+        m_requests.addToFavorites(tag_id);
+}
+
+void VLTagGroupListView::slotSetGroupTag(qint64 g_id, qint64 tag_id)
+{
+    m_requests.addToGroup(g_id, tag_id);
+}
+
+void VLTagGroupListView::slotSetTagColor(qint64 tag_id, int color_index)
+{
+    m_requests.setTagColor(tag_id, color_index);
+}
+
+void VLTagGroupListView::slotDelTag(qint64 tag_id)
+{
+    const auto tag = VLTagManagerSingleton::instance()->tagProvider(tag_id);
+    if (!tag)
+        return;
+    const QString question = tr(
+        "The Tag<font color='%1'> %2 </font>is associated with<font color='%3'> %4 </font>files，Are you sure you want "
+        "to delete it?<font style='font-size:12px' color='%5'> (The files will not be deleted.) </font>");
+    const QString name = tag->name();
+    const int fileCount = tag->fileCount(1);
+    auto* box = new VLMessageBox(window());
+    connect(box, &VLMessageBox::signalResult, this, [this, tag_id](VLMessageBox::ReturnValue answer) {
+        if (answer == VLMessageBox::Confirm)
+            m_requests.deleteTag(tag_id);
+    });
+    box->showBox(VLMessageBox::Question, tr("Delete Tag"), fillDeleteQuestion(question, name, fileCount), this);
+    if (isShortenedInQuestion(question, name, fileCount))
+        box->setBodyToolTip(name);
+}
+
+void VLTagGroupListView::slotDetachTag(qint64 tag_id)
+{
+    if (m_provider)
+        m_requests.removeFromGroup(m_provider->groupId(), tag_id);
+}
+
+void VLTagGroupListView::slotAddGroupAction(qint64 g_id)
+{
+    if (const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id))
+        m_menu->groupList()->slotAddItem(g_id, group->groupName());
+}
+
+void VLTagGroupListView::slotRemoveGroupAction(qint64 g_id)
+{
+    m_menu->groupList()->slotRemoveItem(g_id);
+}
+
+void VLTagGroupListView::slotUpdateGroupAction(qint64 g_id)
+{
+    if (g_id <= favoritesGroupId)
+        return;
+    if (const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id))
+        m_menu->groupList()->slotUpdateItem(g_id, group->groupName());
+}
