@@ -7,8 +7,7 @@
 
 namespace {
 
-// Percent of a face's natural width; below the last one letters stop being readable.
-constexpr int faceWidths[] = {100, 95, 90, 85, 80, 75, 70};
+// Percent of a face's natural width, below which letters stop being readable.
 constexpr int narrowestFace = 70;
 
 void setFaceWidth(QAction* action, int percent)
@@ -33,11 +32,9 @@ void narrowWideEntries(QMenu* menu)
         setFaceWidth(action, narrowestFace);
     const int limit = qMax(menu->sizeHint().width(), menu->maximumWidth());
     for (QAction* action : actions) {
-        for (const int percent : faceWidths) {
-            setFaceWidth(action, percent);
-            if (menu->sizeHint().width() <= limit)
-                break;
-        }
+        int percent = 100;
+        for (setFaceWidth(action, percent); menu->sizeHint().width() > limit; setFaceWidth(action, percent))
+            percent -= 2;
     }
 }
 
