@@ -76,5 +76,8 @@ private:
 
     explicit Library(std::unique_ptr<Private> members);
 
+    template <typename Read, typename Callback>
+    void query(Read read, QObject* context, Callback callback);
+
     std::unique_ptr<Private> d;
 };

@@ -54,8 +54,8 @@ public:
 private:
     explicit LibraryReader(std::unique_ptr<LibraryDatabase> database);
 
-    template <typename Result, typename Read>
-    Result guarded(Read read);
+    template <typename Read>
+    auto guarded(Read read) -> decltype(read());
 
     std::unique_ptr<LibraryDatabase> m_database;
     QString m_lastError;

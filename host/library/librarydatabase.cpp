@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/librarydatabase.h"
+
+#include "host/library/libraryerror.h"
+
+#include <QSqlError>
+#include <QUuid>
+#include <QVariant>
+
+namespace {
+
+constexpr int BusyTimeout = 5000;  // Milliseconds.
+
+void check(bool succeeded, const QSqlQuery& query)
+{
+    if (!succeeded)
+        throw LibraryError(query.lastError());
+}
+
+}  // namespace
+
+LibraryDatabase::LibraryDatabase(const QString& path, Access access)
+    : m_connection(QUuid::createUuid().toString(QUuid::WithoutBraces))
+    , m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection))
+{
+    QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout);
+    if (access == Access::ReadOnly)
+        options += QStringLiteral(";QSQLITE_OPEN_READONLY");
+    m_database.setConnectOptions(options);
+    m_database.setDatabaseName(path);
+    try {
+        configure(access);
+    } catch (const LibraryError&) {
+        close();
+        throw;
+    }
+}
+
+LibraryDatabase::~LibraryDatabase()
+{
+    close();
+}
+
+void LibraryDatabase::configure(Access access)
+{
+    if (!m_database.open())
+        throw LibraryError(m_database.lastError());
+    execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
+    execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    if (access == Access::ReadOnly)
+        return;
+    execute(QStringLiteral("PRAGMA foreign_keys = ON"));
+    execute(QStringLiteral("PRAGMA synchronous = FULL"));
+}
+
+void LibraryDatabase::close()
+{
+    m_prepared.clear();
+    m_database.close();
+    m_database = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_connection);
+}
+
+void LibraryDatabase::execute(const QString& sql)
+{
+    QSqlQuery query(m_database);
+    check(query.exec(sql), query);
+}
+
+int LibraryDatabase::number(const QString& sql)
+{
+    QSqlQuery query(m_database);
+    check(query.exec(sql), query);
+    return query.next() ? query.value(0).toInt() : 0;
+}
+
+QSqlQuery& LibraryDatabase::prepared(const char* sql)
+{
+    const auto known = m_prepared.find(sql);
+    if (known != m_prepared.end())
+        return known->second;
+    QSqlQuery query(m_database);
+    query.setForwardOnly(true);
+    check(query.prepare(QString::fromLatin1(sql)), query);
+    return m_prepared.emplace(sql, query).first->second;
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/libraryengine.h"
+
+#include "host/library/librarydatabase.h"
+#include "host/library/librarygroup.h"
+#include "host/library/librarymanager.h"
+#include "host/library/librarytag.h"
+#include "host/library/librarythread.h"
+#include "host/library/libraryview.h"
+
+#include <QElapsedTimer>
+
+namespace {
+
+/// How long the queue may keep the event loop waiting, in milliseconds: half a frame of a 60 Hz screen.
+constexpr int Slice = 8;
+
+}  // namespace
+
+LibraryEngine::LibraryEngine(const std::shared_ptr<LibraryView>& view,
+                             std::unique_ptr<LibraryThread<LibraryDatabase>> writer)
+    : m_view(view)
+    , m_writer(std::move(writer))
+{
+}
+
+LibraryEngine::~LibraryEngine()
+{
+    m_writer.reset();
+}
+
+void LibraryEngine::send(Job job)
+{
+    m_writer->post([this, job = std::move(job)](LibraryDatabase& database) {
+        QMetaObject::invokeMethod(
+            this, [this, result = job(database)] { receive(result); }, Qt::QueuedConnection);
+    });
+}
+
+void LibraryEngine::setManager(const QSharedPointer<LibraryManager>& manager)
+{
+    m_manager = manager;
+}
+
+qint64 LibraryEngine::nextRequestId()
+{
+    static std::atomic<qint64> last = 0;
+    return ++last;
+}
+
+void LibraryEngine::receive(const Result& result)
+{
+    queueNews(m_view->apply(result.change));
+    if (result.answer)
+        m_tellings.push_back(result.answer);
+    tellNext();
+}
+
+void LibraryEngine::queueNews(const LibraryNews& news)
+{
+    if (!news.groupsAdded.isEmpty())
+        m_tellings.push_back([this, ids = news.groupsAdded] { emit m_manager->signalAddTagGroups(ids); });
+    for (const auto& tag : news.tagsUpdated) {
+        m_tellings.push_back([tag] {
+            if (const auto provider = tag->provider.toStrongRef())
+                emit provider->signalUpdated();
+        });
+    }
+    for (const GroupNews& group : news.groups)
+        queueGroupNews(group);
+    if (!news.groupsRemoved.isEmpty())
+        m_tellings.push_back([this, ids = news.groupsRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
+    if (news.filesChanged)
+        m_tellings.push_back([this] { emit filesChanged(); });
+}
+
+void LibraryEngine::queueGroupNews(const GroupNews& news)
+{
+    // Nobody can be connected to a provider that does not exist when its turn comes.
+    m_tellings.push_back([news] {
+        const auto provider = news.group->provider.toStrongRef();
+        if (provider && !news.tagsRemoved.isEmpty())
+            emit provider->signalRemoveTags(news.tagsRemoved);
+        if (provider && !news.tagsAdded.isEmpty())
+            emit provider->signalAddTags(news.tagsAdded);
+        if (provider && !news.group->gone)
+            emit provider->signalUpdated();
+    });
+}
+
+void LibraryEngine::tellNext()
+{
+    QElapsedTimer slice;
+    slice.start();
+    const QPointer<LibraryEngine> self = this;
+    while (self && !m_tellings.empty()) {
+        if (slice.elapsed() >= Slice) {
+            QMetaObject::invokeMethod(this, &LibraryEngine::tellNext, Qt::QueuedConnection);
+            return;
+        }
+        const Telling telling = std::move(m_tellings.front());
+        m_tellings.pop_front();
+        telling();
+    }
+}

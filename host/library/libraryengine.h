@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/librarychange.h"
+#include "host/library/librarynews.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <atomic>
+#include <deque>
+#include <functional>
+#include <memory>
+
+class LibraryDatabase;
+class LibraryManager;
+template <typename Connection>
+class LibraryThread;
+class LibraryView;
+
+/// What carries requests to the writing thread and their results back: first into memory, then to the providers'
+/// signals, then to the answer.
+///
+/// Lives on the GUI thread. What is to be told waits in one queue, told in order, also when a receiver runs an event
+/// loop of its own, and in slices of a few milliseconds, so that a large change does not hold up the window.
+class LibraryEngine : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What a job leaves for the GUI thread. The answer is called after everything else was told.
+    struct Result
+    {
+        LibraryChange change;
+        std::function<void()> answer;
+    };
+    /// Runs on the writing thread, in one transaction of its own. Must not throw.
+    using Job = std::function<Result(LibraryDatabase& database)>;
+
+    LibraryEngine(const std::shared_ptr<LibraryView>& view, std::unique_ptr<LibraryThread<LibraryDatabase>> writer);
+    /// Waits until the jobs sent so far are done; their results are dropped.
+    ~LibraryEngine() override;
+
+    /// Callable on any thread.
+    void send(Job job);
+    /// The provider whose category signals follow the library.
+    void setManager(const QSharedPointer<LibraryManager>& manager);
+
+    /// A number that no other request of the process has; above 0.
+    [[nodiscard]] static qint64 nextRequestId();
+
+signals:
+    void filesChanged();
+
+private slots:
+    void tellNext();
+
+private:
+    using Telling = std::function<void()>;
+
+    void receive(const Result& result);
+    void queueNews(const LibraryNews& news);
+    void queueGroupNews(const GroupNews& news);
+
+    std::shared_ptr<LibraryView> m_view;
+    std::unique_ptr<LibraryThread<LibraryDatabase>> m_writer;
+    QSharedPointer<LibraryManager> m_manager;
+    std::deque<Telling> m_tellings;
+};

@@ -1,0 +1,233 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/libraryreader.h"
+
+#include "host/library/filetable.h"
+#include "host/library/librarydatabase.h"
+#include "host/library/libraryerror.h"
+#include "host/library/libraryfile.h"
+#include "host/library/librarystatement.h"
+#include "host/library/librarytransaction.h"
+#include "host/library/reservedcategory.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+namespace {
+
+/// A list of ids as the one value that json_each() takes apart again, so that a list of any length is bound.
+QString jsonArray(const QVector<qint64>& ids)
+{
+    // Ids are below 2^53 (they count up from 1), which is what a number in JSON holds.
+    QJsonArray array;
+    for (qint64 id : ids)
+        array.append(id);
+    return QString::fromLatin1(QJsonDocument(array).toJson(QJsonDocument::Compact));
+}
+
+QVector<qint64> readIds(LibraryStatement& statement)
+{
+    QVector<qint64> ids;
+    while (statement.next())
+        ids.append(statement.integer(0));
+    return ids;
+}
+
+QVector<qint64> readAllFileIds(LibraryDatabase& database)
+{
+    LibraryStatement select(database, "SELECT id FROM files ORDER BY path");
+    return readIds(select.run());
+}
+
+QVector<qint64> readFileIdsOfTags(LibraryDatabase& database, const QVector<qint64>& tagIds)
+{
+    LibraryStatement select(database, "SELECT id FROM files WHERE id IN (SELECT file_id FROM file_tags WHERE tag_id IN"
+                                      " (SELECT value FROM json_each(?))) ORDER BY path");
+    return readIds(select.run(jsonArray(tagIds)));
+}
+
+QVector<qint64> readTagIdsOfCategories(LibraryDatabase& database, const QVector<qint64>& categoryIds)
+{
+    if (categoryIds.contains(reservedcategory::AllTags)) {
+        LibraryStatement select(database, "SELECT id FROM tags");
+        return readIds(select.run());
+    }
+    LibraryStatement select(database,
+                            "SELECT tag_id FROM tag_categories WHERE category_id IN (SELECT value FROM json_each(?))");
+    QVector<qint64> tagIds = readIds(select.run(jsonArray(categoryIds)));
+    if (categoryIds.contains(reservedcategory::Uncategorized)) {
+        LibraryStatement rest(database, "SELECT id FROM tags WHERE id NOT IN"
+                                        " (SELECT tag_id FROM tag_categories WHERE category_id >= ?)");
+        tagIds += readIds(rest.run(reservedcategory::FirstUserId));
+    }
+    return tagIds;
+}
+
+qint64 readNumber(LibraryDatabase& database, const char* sql)
+{
+    LibraryStatement select(database, sql);
+    return select.run().next() ? select.integer(0) : 0;
+}
+
+}  // namespace
+
+LibraryReader::LibraryReader(std::unique_ptr<LibraryDatabase> database)
+    : m_database(std::move(database))
+{
+}
+
+LibraryReader::~LibraryReader() = default;
+
+std::unique_ptr<LibraryReader> LibraryReader::open(const QString& path, QString* error)
+{
+    try {
+        const QString file = QFileInfo(path).absoluteFilePath();
+        libraryfile::requireReadable(file);
+        auto database = std::make_unique<LibraryDatabase>(file, LibraryDatabase::Access::ReadOnly);
+        return std::unique_ptr<LibraryReader>(new LibraryReader(std::move(database)));
+    } catch (const LibraryError& failure) {
+        if (error)
+            *error = failure.message();
+        return nullptr;
+    }
+}
+
+template <typename Read>
+auto LibraryReader::guarded(Read read) -> decltype(read())
+{
+    m_lastError.clear();
+    try {
+        return read();
+    } catch (const LibraryError& error) {
+        m_lastError = error.message();
+        return decltype(read())();
+    }
+}
+
+QVector<TagRow> LibraryReader::tags()
+{
+    return guarded([this] {
+        LibraryStatement select(*m_database,
+                                "SELECT id, name, spelling, color, ifnull(file_count, 0) FROM tags LEFT JOIN"
+                                " (SELECT tag_id, count(*) AS file_count FROM file_tags GROUP BY tag_id)"
+                                " ON tag_id = id ORDER BY id");
+        select.run();
+        QVector<TagRow> rows;
+        while (select.next())
+            rows.append({select.integer(0), select.name(1, 2), int(select.integer(3)), int(select.integer(4))});
+        return rows;
+    });
+}
+
+QVector<CategoryRow> LibraryReader::categories()
+{
+    return guarded([this] {
+        LibraryStatement select(*m_database,
+                                "SELECT id, name, spelling, ifnull(tag_count, 0) FROM categories LEFT JOIN"
+                                " (SELECT category_id, count(*) AS tag_count FROM tag_categories GROUP BY category_id)"
+                                " ON category_id = id ORDER BY id");
+        select.run();
+        QVector<CategoryRow> rows;
+        while (select.next())
+            rows.append({select.integer(0), select.name(1, 2), int(select.integer(3))});
+        return rows;
+    });
+}
+
+QVector<TagLink> LibraryReader::tagLinks()
+{
+    return guarded([this] {
+        LibraryStatement select(*m_database, "SELECT category_id, tag_id FROM tag_categories");
+        select.run();
+        QVector<TagLink> links;
+        while (select.next())
+            links.append({select.integer(0), select.integer(1)});
+        return links;
+    });
+}
+
+LibraryTotals LibraryReader::totals()
+{
+    return guarded([this]() -> LibraryTotals {
+        return {readNumber(*m_database, "SELECT count(*) FROM files"),
+                readNumber(*m_database, "SELECT count(*) FROM tags"),
+                readNumber(*m_database, "SELECT count(*) FROM file_tags")};
+    });
+}
+
+void LibraryReader::forEachFile(const FileVisitor& visitor)
+{
+    guarded([&] {
+        LibraryTransaction transaction(*m_database, LibraryTransaction::Kind::Reading);
+        LibraryStatement select(*m_database,
+                                "SELECT id, path, size, modified, sidecars, content FROM files ORDER BY path");
+        select.run();
+        bool wanted = true;
+        while (wanted && select.next()) {
+            const qint64 id = select.integer(0);
+            wanted = visitor({id,
+                              select.bytes(1),
+                              {select.integer(2), select.integer(3), select.bytes(4), select.bytes(5)},
+                              filetable::tagsOfFile(*m_database, id)});
+        }
+    });
+}
+
+QVector<qint64> LibraryReader::fileIds(const FileQuery& query)
+{
+    return guarded([&] {
+        if (query.scope == FileQuery::Scope::AllFiles)
+            return readAllFileIds(*m_database);
+        LibraryTransaction transaction(*m_database, LibraryTransaction::Kind::Reading);
+        if (query.scope == FileQuery::Scope::Tags)
+            return readFileIdsOfTags(*m_database, query.ids);
+        return readFileIdsOfTags(*m_database, readTagIdsOfCategories(*m_database, query.ids));
+    });
+}
+
+QVector<FileRow> LibraryReader::files(const QVector<qint64>& ids)
+{
+    return guarded([&] {
+        QVector<FileRow> rows;
+        for (qint64 id : ids) {
+            if (const std::optional<FileRow> row = filetable::fileById(*m_database, id))
+                rows.append(*row);
+        }
+        return rows;
+    });
+}
+
+QHash<QByteArray, FileState> LibraryReader::fileStates(const QVector<QByteArray>& paths)
+{
+    return guarded([&] {
+        QHash<QByteArray, FileState> states;
+        for (const QByteArray& path : paths) {
+            if (const std::optional<FileRow> row = filetable::fileByPath(*m_database, path))
+                states.insert(path, row->state);
+        }
+        return states;
+    });
+}
+
+QVector<QByteArray> LibraryReader::pathsBelow(const QByteArray& folder, const QByteArray& after, int limit)
+{
+    return guarded([&] {
+        QByteArray first = folder;
+        while (first.endsWith('/'))
+            first.chop(1);
+        const QByteArray end = first + char('/' + 1);
+        first += '/';
+        LibraryStatement select(*m_database,
+                                "SELECT path FROM files WHERE path > ? AND path < ? ORDER BY path LIMIT ?");
+        select.run(qMax(first, after), end, limit);
+        QVector<QByteArray> paths;
+        while (select.next())
+            paths.append(select.bytes(0));
+        return paths;
+    });
+}
+
+QString LibraryReader::lastError() const
+{
+    return m_lastError;
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <itagaction.h>
+
+#include <QPointer>
+
+class LibraryEngine;
+
+/// Requests that change tags. An object that outlives its library answers every request with a failure.
+class LibraryTagAction final : public ITagAction
+{
+    Q_OBJECT
+
+public:
+    explicit LibraryTagAction(LibraryEngine* engine);
+    ~LibraryTagAction() override;
+
+    qint64 createTags(const QVector<NewTagRecord>& tags) override;
+    qint64 renameTag(qint64 tagId, const QString& newName) override;
+    qint64 setTagColor(qint64 tagId, int colorIndex) override;
+    qint64 deleteTags(const QVector<qint64>& tagIds) override;
+    qint64 addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) override;
+    qint64 removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) override;
+
+private:
+    template <typename Operation>
+    qint64 send(Operation operation);
+
+    QPointer<LibraryEngine> m_engine;
+};

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/libraryview.h"
+
+#include "host/library/libraryreader.h"
+#include "host/library/reservedcategory.h"
+#include "host/library/tagname.h"
+
+#include <algorithm>
+#include <utility>
+
+LibraryView::LibraryView()
+    : m_allTags(addGroup(reservedcategory::AllTags, reservedcategory::name(reservedcategory::AllTags)))
+    , m_uncategorized(
+          addGroup(reservedcategory::Uncategorized, reservedcategory::name(reservedcategory::Uncategorized)))
+{
+    addGroup(reservedcategory::Favorites, reservedcategory::name(reservedcategory::Favorites));
+}
+
+LibraryView::~LibraryView() = default;
+
+bool LibraryView::load(LibraryReader& reader, QString* error)
+{
+    const QVector<TagRow> tags = reader.tags();
+    reserveFor(tags.size());
+    for (const TagRow& row : tags)
+        addTag(row);
+    *error = reader.lastError();
+    for (const CategoryRow& row : error->isEmpty() ? reader.categories() : QVector<CategoryRow>()) {
+        if (row.id >= reservedcategory::FirstUserId)
+            addGroup(row.id, row.name)->tags.reserve(row.tagCount);
+    }
+    if (error->isEmpty())
+        *error = reader.lastError();
+    if (error->isEmpty()) {
+        addLinks(reader.tagLinks());
+        *error = reader.lastError();
+    }
+    m_news = {};
+    m_newsIndex.clear();
+    return error->isEmpty();
+}
+
+LibraryNews LibraryView::apply(const LibraryChange& change)
+{
+    createCategories(change.categoriesCreated);
+    renameCategories(change.categoriesRenamed);
+    createTags(change.tagsCreated);
+    changeTags(change.tagsChanged);
+    countFiles(change.fileCountChanges);
+    addLinks(change.linksAdded);
+    removeLinks(change.linksRemoved);
+    deleteTags(change.tagsDeleted);
+    removeCategories(change.categoriesRemoved);
+    m_news.filesChanged = change.filesChanged;
+    m_newsIndex.clear();
+    return std::exchange(m_news, {});
+}
+
+std::shared_ptr<GroupEntry> LibraryView::group(qint64 id) const
+{
+    return m_groups.value(id);
+}
+
+std::shared_ptr<GroupEntry> LibraryView::groupByName(const QString& name) const
+{
+    return m_groupsByKey.value(tagname::key(name));
+}
+
+QVector<std::shared_ptr<GroupEntry>> LibraryView::userGroups() const
+{
+    QVector<std::shared_ptr<GroupEntry>> groups;
+    groups.reserve(m_groups.size());
+    for (const auto& group : m_groups) {
+        if (group->id >= reservedcategory::FirstUserId)
+            groups.append(group);
+    }
+    std::sort(groups.begin(), groups.end(), [](const auto& a, const auto& b) { return a->id < b->id; });
+    return groups;
+}
+
+std::shared_ptr<TagEntry> LibraryView::tagByName(const QString& name) const
+{
+    return m_tagsByKey.value(tagname::key(name));
+}
+
+std::shared_ptr<TagEntry> LibraryView::tag(qint64 id) const
+{
+    return m_allTags->tags.value(id);
+}
+
+std::shared_ptr<GroupEntry> LibraryView::addGroup(qint64 id, const QString& name)
+{
+    auto group = std::make_shared<GroupEntry>();
+    group->id = id;
+    group->name = name;
+    m_groups.insert(id, group);
+    m_groupsByKey.insert(tagname::key(name), group);
+    return group;
+}
+
+void LibraryView::reserveFor(int tagCount)
+{
+    m_tagsByKey.reserve(tagCount);
+    m_allTags->tags.reserve(tagCount);
+    m_uncategorized->tags.reserve(tagCount);
+}
+
+std::shared_ptr<TagEntry> LibraryView::addTag(const TagRow& row)
+{
+    auto tag = std::make_shared<TagEntry>();
+    tag->id = row.id;
+    tag->name = row.name;
+    tag->colorIndex = row.colorIndex;
+    tag->fileCount = row.fileCount;
+    m_tagsByKey.insert(tagname::key(row.name), tag);
+    m_allTags->tags.insert(row.id, tag);
+    m_uncategorized->tags.insert(row.id, tag);
+    return tag;
+}
+
+bool LibraryView::isUncategorized(const TagEntry& tag) const
+{
+    return std::all_of(tag.categories.cbegin(), tag.categories.cend(),
+                       [](qint64 id) { return id < reservedcategory::FirstUserId; });
+}
+
+void LibraryView::createTags(const QVector<TagRow>& rows)
+{
+    for (const TagRow& row : rows) {
+        addTag(row);
+        newsOf(m_allTags).tagsAdded.append(row.id);
+        newsOf(m_uncategorized).tagsAdded.append(row.id);
+    }
+}
+
+void LibraryView::changeTags(const QVector<TagRow>& rows)
+{
+    for (const TagRow& row : rows) {
+        const std::shared_ptr<TagEntry> entry = tag(row.id);
+        if (!entry)
+            continue;
+        m_tagsByKey.remove(tagname::key(entry->name));
+        entry->name = row.name;
+        entry->colorIndex = row.colorIndex;
+        m_tagsByKey.insert(tagname::key(row.name), entry);
+        m_news.tagsUpdated.append(entry);
+    }
+}
+
+void LibraryView::countFiles(const QHash<qint64, int>& changes)
+{
+    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
+        const std::shared_ptr<TagEntry> entry = tag(change.key());
+        if (!entry || change.value() == 0)
+            continue;
+        entry->fileCount += change.value();
+        m_news.tagsUpdated.append(entry);
+    }
+}
+
+void LibraryView::deleteTags(const QVector<qint64>& ids)
+{
+    for (qint64 id : ids) {
+        const std::shared_ptr<TagEntry> entry = tag(id);
+        if (!entry)
+            continue;
+        entry->gone = true;
+        m_tagsByKey.remove(tagname::key(entry->name));
+        for (qint64 categoryId : std::exchange(entry->categories, {}))
+            leave(group(categoryId), id);
+        leave(m_uncategorized, id);
+        leave(m_allTags, id);
+    }
+}
+
+void LibraryView::createCategories(const QVector<CategoryRow>& rows)
+{
+    for (const CategoryRow& row : rows) {
+        addGroup(row.id, row.name);
+        m_news.groupsAdded.append(row.id);
+    }
+}
+
+void LibraryView::renameCategories(const QVector<CategoryRow>& rows)
+{
+    for (const CategoryRow& row : rows) {
+        const std::shared_ptr<GroupEntry> entry = group(row.id);
+        if (!entry)
+            continue;
+        m_groupsByKey.remove(tagname::key(entry->name));
+        entry->name = row.name;
+        m_groupsByKey.insert(tagname::key(row.name), entry);
+        newsOf(entry).updated = true;
+    }
+}
+
+void LibraryView::removeCategories(const QVector<qint64>& ids)
+{
+    for (qint64 id : ids) {
+        const std::shared_ptr<GroupEntry> entry = m_groups.take(id);
+        if (!entry)
+            continue;
+        entry->gone = true;
+        m_groupsByKey.remove(tagname::key(entry->name));
+        const auto tags = entry->tags;
+        for (const auto& tag : tags)
+            leaveCategory(entry, tag);
+        m_news.groupsRemoved.append(id);
+    }
+}
+
+void LibraryView::addLinks(const QVector<TagLink>& links)
+{
+    for (const TagLink& link : links) {
+        const std::shared_ptr<GroupEntry> category = group(link.categoryId);
+        const std::shared_ptr<TagEntry> entry = tag(link.tagId);
+        if (!category || !entry || category->tags.contains(entry->id))
+            continue;
+        entry->categories.append(category->id);
+        join(category, entry);
+        if (category->id >= reservedcategory::FirstUserId)
+            leave(m_uncategorized, entry->id);
+    }
+}
+
+void LibraryView::removeLinks(const QVector<TagLink>& links)
+{
+    for (const TagLink& link : links) {
+        const std::shared_ptr<GroupEntry> category = group(link.categoryId);
+        const std::shared_ptr<TagEntry> entry = tag(link.tagId);
+        if (category && entry)
+            leaveCategory(category, entry);
+    }
+}
+
+void LibraryView::join(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag)
+{
+    if (group->tags.contains(tag->id))
+        return;
+    group->tags.insert(tag->id, tag);
+    newsOf(group).tagsAdded.append(tag->id);
+}
+
+void LibraryView::leave(const std::shared_ptr<GroupEntry>& group, qint64 tagId)
+{
+    if (group && group->tags.remove(tagId) > 0)
+        newsOf(group).tagsRemoved.append(tagId);
+}
+
+void LibraryView::leaveCategory(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag)
+{
+    tag->categories.removeOne(group->id);
+    leave(group, tag->id);
+    if (isUncategorized(*tag))
+        join(m_uncategorized, tag);
+}
+
+GroupNews& LibraryView::newsOf(const std::shared_ptr<GroupEntry>& group)
+{
+    const auto known = m_newsIndex.constFind(group->id);
+    if (known != m_newsIndex.constEnd())
+        return m_news.groups[*known];
+    m_newsIndex.insert(group->id, m_news.groups.size());
+    m_news.groups.append({group, {}, {}, false});
+    return m_news.groups.last();
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+/// The categories that every library has; their ids are part of the host's interface.
+namespace reservedcategory {
+
+constexpr qint64 AllTags = -1;
+/// The tags that are in no user category; being a favourite does not count.
+constexpr qint64 Uncategorized = 0;
+constexpr qint64 Favorites = 1;
+constexpr qint64 FirstUserId = 2;
+
+/// Display name; empty for an id that is not reserved.
+[[nodiscard]] QString name(qint64 id);
+/// Whether a user category may not be called so.
+[[nodiscard]] bool isReservedName(const QString& name);
+
+}  // namespace reservedcategory

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/libraryrecords.h"
+
+#include <optional>
+
+class LibraryDatabase;
+
+/// The rows of tags and categories. All of it throws LibraryErrors and belongs into a transaction of the caller.
+namespace tagtable {
+
+/// The tag with that name, compared by key; without its file count.
+[[nodiscard]] std::optional<TagRow> tagByName(LibraryDatabase& database, const QString& name);
+[[nodiscard]] std::optional<TagRow> tagById(LibraryDatabase& database, qint64 id);
+/// Adds a tag whose name is not taken.
+TagRow insertTag(LibraryDatabase& database, const QString& name, int colorIndex);
+void updateTagName(LibraryDatabase& database, qint64 id, const QString& name);
+
+[[nodiscard]] std::optional<CategoryRow> categoryByName(LibraryDatabase& database, const QString& name);
+[[nodiscard]] std::optional<CategoryRow> categoryById(LibraryDatabase& database, qint64 id);
+/// Adds a category whose name is not taken.
+CategoryRow insertCategory(LibraryDatabase& database, const QString& name);
+void updateCategoryName(LibraryDatabase& database, qint64 id, const QString& name);
+
+}  // namespace tagtable
