@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/vllineedit.h"
+#include "window/vltagsearchlineedit.h"
+
+#include <vlskinsetting.h>
+
+#include <QTest>
+#include <QVBoxLayout>
+
+namespace {
+
+QString argb(const QColor& color)
+{
+    return color.name(QColor::HexArgb);
+}
+
+/// Written out whole: programs outside compare these texts.
+QString restingStyle(const QString& alignment)
+{
+    const VLSkinSetting* skin = VLSkinSetting::GetInstance();
+    return QStringLiteral("font-size:12px;font-family:\"Microsoft YaHei\";border-radius:4px;"
+                          "background-color:rgba(42,44,56,255);border:1px;solid;border-color:") +
+           argb(skin->GetPopupWinBorderColor()) + QStringLiteral(";qproperty-alignment:") + alignment +
+           QStringLiteral(";color:") + argb(skin->GetTextColor(1)) + QStringLiteral(";");
+}
+
+QString focusedStyle(const QString& alignment)
+{
+    return QStringLiteral("font-size:12px;font-family:\"Microsoft YaHei\";border-radius:4px;"
+                          "background-color:rgba(31,32,45,255);border:1px solid;"
+                          "border-color:rgba(172, 178, 198,255);qproperty-alignment:") +
+           alignment + QStringLiteral(";color:") + argb(VLSkinSetting::GetInstance()->GetTextColor(1)) +
+           QStringLiteral(";");
+}
+
+}  // namespace
+
+class TestLineEdit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void restylesWithTheFocus();
+    void hasNoContextMenuAndAReadablePlaceholder();
+};
+
+void TestLineEdit::restylesWithTheFocus()
+{
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    auto* plain = new VLLineEdit;
+    auto* search = new VLTagSearchLineEdit;
+    search->focusChanged(false);
+    layout->addWidget(plain);
+    layout->addWidget(search);
+    const QString padding = QStringLiteral("padding-left: 28px;");
+    const QString center = QStringLiteral("AlignHCenter");
+    const QString left = QStringLiteral("AlignLeft");
+    QCOMPARE(plain->styleSheet(), restingStyle(center));
+    QCOMPARE(search->styleSheet(), padding + restingStyle(left));
+
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    QTest::mouseClick(search, Qt::LeftButton);
+    QCOMPARE(search->styleSheet(), padding + focusedStyle(left));
+    QTest::mouseClick(plain, Qt::LeftButton);
+    QCOMPARE(search->styleSheet(), padding + restingStyle(left));
+    QCOMPARE(plain->styleSheet(), focusedStyle(center));
+    QTest::keyClicks(plain, QStringLiteral("text"));
+    QCOMPARE(plain->text(), QStringLiteral("text"));
+    QCOMPARE(plain->alignment(), Qt::AlignHCenter);
+    QCOMPARE(search->alignment(), Qt::AlignLeft);
+    plain->clearFocus();
+    QCOMPARE(plain->styleSheet(), restingStyle(center));
+}
+
+void TestLineEdit::hasNoContextMenuAndAReadablePlaceholder()
+{
+    const VLLineEdit edit;
+    QCOMPARE(edit.contextMenuPolicy(), Qt::NoContextMenu);
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+        QCOMPARE(edit.palette().color(group, QPalette::PlaceholderText), QColor(162, 171, 195, 255));
+}
+
+QTEST_MAIN(TestLineEdit)
+#include "tst_vllineedit.moc"

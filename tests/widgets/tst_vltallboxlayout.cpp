@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/vltallboxlayout.h"
+
+#include <QLabel>
+#include <QRandomGenerator>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+QWidget* fixedWidget(int height, QWidget* parent)
+{
+    auto* widget = new QWidget(parent);
+    widget->setFixedHeight(height);
+    return widget;
+}
+
+/// Fills \a layout with a column that depends on \a seed only; one item always takes the room that is left.
+void fillColumn(QVBoxLayout* layout, quint32 seed)
+{
+    QRandomGenerator random(seed);
+    layout->setContentsMargins(random.bounded(9), random.bounded(9), random.bounded(9), random.bounded(9));
+    layout->setSpacing(random.bounded(7));
+    if (random.bounded(2) == 0)
+        layout->setAlignment(Qt::AlignTop);
+    const int count = 2 + static_cast<int>(random.bounded(8));
+    for (int i = 0; i < count; ++i) {
+        const int height = 5 + static_cast<int>(random.bounded(40));
+        switch (random.bounded(6)) {
+        case 0:
+            layout->addSpacing(height);
+            break;
+        case 1:
+            layout->addWidget(fixedWidget(height, layout->parentWidget()));
+            layout->itemAt(layout->count() - 1)->widget()->hide();
+            break;
+        case 2: {
+            auto* row = new QHBoxLayout;
+            row->setContentsMargins(1, 2, 3, 4);
+            row->addWidget(fixedWidget(height, layout->parentWidget()));
+            row->addWidget(fixedWidget(height + 3, layout->parentWidget()));
+            layout->addLayout(row);
+            break;
+        }
+        case 3: {
+            QWidget* widget = fixedWidget(height, layout->parentWidget());
+            widget->setFixedWidth(30);
+            layout->addWidget(widget, 0, random.bounded(2) == 0 ? Qt::AlignRight : Qt::AlignHCenter);
+            break;
+        }
+        default:
+            layout->addWidget(fixedWidget(height, layout->parentWidget()));
+        }
+    }
+    auto* filler = new QWidget(layout->parentWidget());
+    filler->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    layout->insertWidget(static_cast<int>(random.bounded(layout->count() + 1)), filler);
+}
+
+QVector<QRect> childRects(const QWidget& widget)
+{
+    QVector<QRect> rects;
+    for (const QWidget* child : widget.findChildren<QWidget*>()) {
+        if (!child->isHidden())
+            rects.append(child->geometry());
+    }
+    return rects;
+}
+
+void fillTall(QVBoxLayout* layout, int count, int height)
+{
+    layout->setContentsMargins(3, 16, 0, 0);
+    layout->setSpacing(0);
+    for (int i = 0; i < count; ++i)
+        layout->addWidget(fixedWidget(height, layout->parentWidget()));
+}
+
+constexpr int beyondClamp = 524287 * 2;
+
+}  // namespace
+
+class TestTallBoxLayout : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void placesAsTheToolkitsColumn();
+    void staysInOrderBeyondTheToolkitsLimit();
+    void scrollsToTheLastItem();
+    void limitsOfItsWidgetAreNotClamped();
+    void sharesRoomByStretchWithinLimits();
+    void takesLackingRoomFromWhatCanShrink();
+    void leavesRoomBelowWhatDoesNotExpand();
+    void followsHeightForWidth();
+    void followsItemsThatComeAndGo();
+};
+
+void TestTallBoxLayout::placesAsTheToolkitsColumn()
+{
+    for (quint32 seed = 1; seed <= 200; ++seed) {
+        QWidget expected;
+        QWidget actual;
+        fillColumn(new QVBoxLayout(&expected), seed);
+        fillColumn(new VLTallBoxLayout(&actual), seed);
+        QCOMPARE(actual.sizeHint(), expected.sizeHint());
+        QCOMPARE(actual.minimumSizeHint(), expected.minimumSizeHint());
+        for (QWidget* widget : {&expected, &actual}) {
+            widget->resize(180, 600);
+            widget->layout()->activate();
+        }
+        QVERIFY2(childRects(actual) == childRects(expected), qPrintable(QStringLiteral("seed %1").arg(seed)));
+    }
+}
+
+void TestTallBoxLayout::staysInOrderBeyondTheToolkitsLimit()
+{
+    QWidget column;
+    auto* layout = new VLTallBoxLayout(&column);
+    const int count = beyondClamp / 500;
+    fillTall(layout, count, 500);
+    QCOMPARE(layout->minimumSize().height(), 16 + count * 500);
+    QCOMPARE(layout->sizeHint().height(), 16 + count * 500);
+    column.resize(200, layout->sizeHint().height());
+    layout->activate();
+    int bottom = 16;
+    for (int i = 0; i < count; ++i) {
+        QCOMPARE(layout->itemAt(i)->geometry(), QRect(3, bottom, 197, 500));
+        bottom += 500;
+    }
+}
+
+void TestTallBoxLayout::scrollsToTheLastItem()
+{
+    QScrollArea area;
+    auto* content = new QWidget;
+    auto* layout = new VLTallBoxLayout(content);
+    fillTall(layout, 3, beyondClamp / 2);
+    area.setWidget(content);
+    area.setWidgetResizable(true);
+    area.resize(300, 200);
+    area.show();
+    QTRY_COMPARE(area.verticalScrollBar()->maximum(), 16 + 3 * (beyondClamp / 2) - area.viewport()->height());
+    area.verticalScrollBar()->setValue(area.verticalScrollBar()->maximum());
+    const QWidget* last = layout->itemAt(2)->widget();
+    QCOMPARE(last->mapTo(&area, QPoint(0, last->height())).y(), area.viewport()->geometry().bottom() + 1);
+}
+
+void TestTallBoxLayout::limitsOfItsWidgetAreNotClamped()
+{
+    QWidget window;
+    auto* outer = new VLTallBoxLayout(&window);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setSpacing(0);
+    auto* column = new QWidget;
+    auto* layout = new VLTallBoxLayout(column);
+    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
+    layout->setAlignment(Qt::AlignTop);
+    fillTall(layout, 4, beyondClamp / 2);
+    outer->addWidget(column);
+    outer->addWidget(fixedWidget(50, &window));
+    layout->activate();
+    outer->activate();
+    window.resize(300, outer->sizeHint().height());
+    outer->activate();
+    QCOMPARE(column->height(), 16 + 4 * (beyondClamp / 2));
+    QCOMPARE(outer->itemAt(1)->geometry().top(), column->height());
+}
+
+void TestTallBoxLayout::sharesRoomByStretchWithinLimits()
+{
+    QWidget column;
+    auto* layout = new VLTallBoxLayout(&column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    QVector<QWidget*> widgets;
+    for (const int stretch : {1, 2, 1}) {
+        widgets.append(new QWidget);
+        layout->addWidget(widgets.last(), stretch);
+    }
+    widgets.at(1)->setMaximumHeight(100);
+    column.resize(100, 700);
+    layout->activate();
+    QCOMPARE(widgets.at(0)->height(), 300);
+    QCOMPARE(widgets.at(1)->height(), 100);
+    QCOMPARE(widgets.at(2)->geometry(), QRect(0, 400, 100, 300));
+}
+
+void TestTallBoxLayout::takesLackingRoomFromWhatCanShrink()
+{
+    QWidget column;
+    auto* layout = new VLTallBoxLayout(&column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto* soft = new QScrollArea;
+    soft->setMinimumHeight(20);
+    layout->addWidget(soft);
+    layout->addWidget(fixedWidget(60, &column));
+    column.resize(100, 90);
+    layout->activate();
+    QCOMPARE(soft->geometry(), QRect(0, 0, 100, 30));
+    QCOMPARE(layout->itemAt(1)->geometry(), QRect(0, 30, 100, 60));
+}
+
+void TestTallBoxLayout::leavesRoomBelowWhatDoesNotExpand()
+{
+    QWidget column;
+    auto* layout = new VLTallBoxLayout(&column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(fixedWidget(30, &column));
+    layout->addWidget(fixedWidget(30, &column));
+    column.resize(100, 500);
+    layout->activate();
+    QCOMPARE(layout->itemAt(0)->geometry(), QRect(0, 0, 100, 30));
+    QCOMPARE(layout->itemAt(1)->geometry(), QRect(0, 34, 100, 30));
+}
+
+void TestTallBoxLayout::followsHeightForWidth()
+{
+    QWidget column;
+    auto* layout = new VLTallBoxLayout(&column);
+    auto* label = new QLabel(QStringLiteral("word ").repeated(60));
+    label->setWordWrap(true);
+    layout->addWidget(label);
+    QVERIFY(layout->hasHeightForWidth());
+    QVERIFY(layout->heightForWidth(150) > layout->heightForWidth(600));
+    column.resize(150, layout->heightForWidth(150));
+    layout->activate();
+    QCOMPARE(label->height(), label->heightForWidth(label->width()));
+}
+
+void TestTallBoxLayout::followsItemsThatComeAndGo()
+{
+    QWidget column;
+    auto* layout = new VLTallBoxLayout(&column);
+    fillTall(layout, 3, 40);
+    column.resize(100, 400);
+    column.show();
+    QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 96);
+    layout->itemAt(1)->widget()->hide();
+    QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 56);
+    layout->itemAt(0)->widget()->setFixedHeight(10);
+    QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 26);
+    delete layout->itemAt(0)->widget();
+    QTRY_COMPARE(layout->itemAt(1)->geometry().top(), 16);
+    QCOMPARE(layout->sizeHint().height(), 56);
+}
+
+QTEST_MAIN(TestTallBoxLayout)
+#include "tst_vltallboxlayout.moc"
