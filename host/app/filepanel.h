@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QVector>
+#include <QWidget>
+
+class ElidedLabel;
+class FileView;
+class QLabel;
+class QStackedWidget;
+class QToolButton;
+
+/// The files that the user asked for, under a line that says which ones; or a message in their place.
+class FilePanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit FilePanel(QWidget* parent = nullptr);
+
+    /// All texts are shown as plain text.
+    void setTitle(const QString& title);
+    void showMessage(const QString& message);
+    /// A line below the files; empty for none. Goes with the next files.
+    void setNotice(const QString& notice);
+    void showFiles(const QVector<qint64>& ids, bool keepPlace);
+
+    [[nodiscard]] FileView* view() const { return m_view; }
+    [[nodiscard]] QString title() const;
+    /// Empty while files are shown.
+    [[nodiscard]] QString message() const;
+
+signals:
+    /// The user wants the panel away.
+    void closeRequested();
+
+private:
+    void setUpHeader();
+    void setUpBody();
+    void applySkin();
+
+    ElidedLabel* m_title = nullptr;
+    QToolButton* m_closeButton = nullptr;
+    QStackedWidget* m_body = nullptr;
+    FileView* m_view = nullptr;
+    QLabel* m_message = nullptr;
+    ElidedLabel* m_notice = nullptr;
+};

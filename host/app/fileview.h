@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/libraryrecords.h"
+
+#include <QListView>
+#include <QTimer>
+
+class FileListModel;
+struct Thumbnail;
+class ThumbnailLoader;
+
+/// The files as thumbnails in a scrolling grid; loads those in sight first and a screenful in both directions after
+/// them.
+///
+/// Laid out in batches, so that no number of files stalls the window.
+class FileView : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit FileView(QWidget* parent = nullptr);
+    ~FileView() override;
+
+    /// Shows these files instead. \a keepPlace: stays where the user has scrolled to, as far as there are files.
+    void setFiles(const QVector<qint64>& ids, bool keepPlace);
+    /// The answer to filesNeeded().
+    void setPaths(const QVector<qint64>& ids, const QVector<FileRow>& files);
+
+signals:
+    /// These files have come into sight or near it: setPaths() is to be called for them.
+    void filesNeeded(const QVector<qint64>& ids);
+    /// The user wants to open this file.
+    void fileActivated(const QByteArray& path);
+
+protected:
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void updateGeometries() override;
+
+private:
+    void setUpGrid();
+    void requestThumbnails();
+    void updatePixels();
+    [[nodiscard]] QVector<int> rowsByUrgency() const;
+    [[nodiscard]] int firstRowBelow(int y) const;
+
+    FileListModel* m_model = nullptr;
+    ThumbnailLoader* m_loader = nullptr;
+    QTimer m_request;          ///< Gathers all reasons of one turn of the event loop into one request.
+    int m_placeToRestore = 0;  ///< Logical pixels scrolled, until the layout reaches there again; 0 for none.
+    int m_pixels = 0;          ///< Side of the thumbnails in the model, device pixels.
+};

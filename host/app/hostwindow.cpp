@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/hostwindow.h"
+
+#include "host/app/elidedlabel.h"
+#include "host/app/filepanel.h"
+#include "host/app/filepresenter.h"
+#include "host/app/importbar.h"
+#include "host/app/librarysession.h"
+#include "host/app/skippedfilesdialog.h"
+#include "host/app/tagwindow.h"
+#include "host/app/windowgeometry.h"
+
+#include <ivltagmanagerplugin.h>
+#include <ivltagmanagerwidget.h>
+#include <vlskinsetting.h>
+
+#include <QEvent>
+#include <QScreen>
+#include <QSettings>
+#include <QShortcut>
+#include <QSplitter>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace {
+
+constexpr QSize smallestSize(760, 480);
+constexpr int smallestTagWindow = 480;  // wide enough for the page buttons and the window buttons beside them
+constexpr int firstPanelWidth = 330;    // two thumbnails side by side
+constexpr QPoint titlePosition(20, 7);
+constexpr int titleHeight = 18;
+constexpr int titleFontPixels = 12;
+constexpr int windowButtonsWidth = 120;  // kept free at the right of the title
+const QString splitterKey = QStringLiteral("window/panel");
+
+}  // namespace
+
+HostWindow::HostWindow(LibrarySession& session, IVLTagManagerPlugin& plugin, QWidget* parent)
+    : FrameWindow(parent)
+    , m_session(session)
+{
+    setObjectName(QStringLiteral("host_window"));
+    setMinimumSize(smallestSize);
+    setUpContent(plugin);
+    setUpTitle();
+    setUpShortcuts();
+    connectTagWindow();
+    connectSession();
+}
+
+HostWindow::~HostWindow() = default;
+
+IVLTagManagerWidget* HostWindow::tagWindow() const
+{
+    return m_tagWindow;
+}
+
+void HostWindow::restoreGeometryKept()
+{
+    const QSettings settings;
+    WindowGeometry::load(settings).applyTo(*this);
+    m_splitter->restoreState(settings.value(splitterKey).toByteArray());
+    m_keepsGeometry = true;
+}
+
+bool HostWindow::startImport()
+{
+    if (!m_session.startImport()) {
+        m_presenter->showHintIfEmpty();
+        return false;
+    }
+    if (m_session.choice().isNew)
+        m_importBar->showProgress(0, 0);
+    return true;
+}
+
+bool HostWindow::isMoveArea(const QPoint& pos) const
+{
+    const QPoint inContent = m_splitter->mapFrom(this, pos);
+    return FrameWindow::isMoveArea(pos) ||
+           (m_tagWindow && inContent.y() >= 0 && inContent.y() < TagWindow::stripHeight(*m_tagWindow));
+}
+
+void HostWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_keepsGeometry)
+        saveGeometryKept();
+    FrameWindow::closeEvent(event);
+}
+
+void HostWindow::resizeEvent(QResizeEvent* event)
+{
+    FrameWindow::resizeEvent(event);
+    const int width = contentWidget()->width() - titlePosition.x() - windowButtonsWidth;
+    m_title->setGeometry(QRect(titlePosition, QSize(width, titleHeight)));
+}
+
+void HostWindow::showEvent(QShowEvent* event)
+{
+    FrameWindow::showEvent(event);
+    connect(windowHandle(), &QWindow::screenChanged, this, &HostWindow::updateScale, Qt::UniqueConnection);
+    updateScale();
+}
+
+void HostWindow::setUpTitle()
+{
+    const QString title = m_session.choice().title();
+    setWindowTitle(title + QStringLiteral(" — Vellum"));
+    m_title = new ElidedLabel(contentWidget());
+    m_title->setObjectName(QStringLiteral("library_title"));
+    m_title->setText(title);
+    m_title->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QFont font = m_title->font();
+    font.setPixelSize(titleFontPixels);
+    m_title->setFont(font);
+    QPalette colors = m_title->palette();
+    colors.setColor(QPalette::WindowText, VLSkinSetting::GetInstance()->GetTextColor(2));
+    m_title->setPalette(colors);
+    m_title->raise();
+}
+
+void HostWindow::setUpContent(IVLTagManagerPlugin& plugin)
+{
+    m_splitter = new QSplitter(contentWidget());
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->setHandleWidth(1);
+    const QString handle = VLSkinSetting::GetInstance()->GetPopupWinBorderColor().name();
+    m_splitter->setObjectName(QStringLiteral("host_splitter"));
+    m_splitter->setStyleSheet(QStringLiteral("#host_splitter::handle { background: %1; }").arg(handle));
+    m_files = new FilePanel(m_splitter);
+    m_tagWindow = plugin.createTagManagerWidget(m_splitter);
+    m_tagWindow->setMinimumWidth(smallestTagWindow);
+    // The files stand at the left, so that the tag window's buttons stay in the window's upper right corner.
+    m_splitter->addWidget(m_files);
+    m_splitter->addWidget(m_tagWindow);
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setSizes({firstPanelWidth, smallestTagWindow});
+    m_files->hide();
+    m_importBar = new ImportBar(contentWidget());
+    auto* layout = new QVBoxLayout(contentWidget());
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_splitter, 1);
+    layout->addWidget(m_importBar);
+    m_presenter = new FilePresenter(m_session.library(), *m_files, this);
+}
+
+void HostWindow::setUpShortcuts()
+{
+    const auto add = [this](const QKeySequence& keys, auto action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    };
+    add(QKeySequence(Qt::CTRL + Qt::Key_F), [this] {
+        if (m_tagWindow)
+            TagWindow::focusSearch(*m_tagWindow);
+    });
+    add(QKeySequence(Qt::CTRL + Qt::Key_Q), [this] { close(); });
+    add(QKeySequence(Qt::CTRL + Qt::Key_W), [this] { close(); });
+    add(QKeySequence(Qt::Key_F11), [this] { toggleMaximized(); });
+}
+
+void HostWindow::connectTagWindow()
+{
+    connect(m_tagWindow, &IVLTagManagerWidget::signalSoftWareMin, this, &QWidget::showMinimized);
+    connect(m_tagWindow, &IVLTagManagerWidget::signalSoftWareMax, this, &FrameWindow::toggleMaximized);
+    connect(m_tagWindow, &IVLTagManagerWidget::signalSoftWareClose, this, &QWidget::close);
+    connect(m_tagWindow, &IVLTagManagerWidget::signalCheckoutTagFile, m_presenter, &FilePresenter::showTagFiles);
+    connect(m_tagWindow, &IVLTagManagerWidget::signalCheckoutGroupFile, m_presenter, &FilePresenter::showCategoryFiles);
+    connect(this, &FrameWindow::maximizedChanged, m_tagWindow, &IVLTagManagerWidget::updateMaximizeButton);
+    connect(m_files, &FilePanel::closeRequested, m_files, &QWidget::hide);
+}
+
+void HostWindow::connectSession()
+{
+    connect(&m_session, &LibrarySession::importProgress, this, [this](int done, int found) {
+        // A later start brings the library up to date without a word.
+        if (m_session.choice().isNew)
+            m_importBar->showProgress(done, found);
+    });
+    connect(&m_session, &LibrarySession::importFinished, this, &HostWindow::showImportOutcome);
+    connect(m_importBar, &ImportBar::cancelRequested, &m_session, &LibrarySession::cancelImport);
+    connect(m_importBar, &ImportBar::skippedRequested, this, &HostWindow::showSkippedFiles);
+}
+
+void HostWindow::showImportOutcome(const ImportSummary& summary)
+{
+    m_importBar->showOutcome(summary);
+    if (summary.error.isEmpty() && !summary.cancelled)
+        m_presenter->showHintIfEmpty();
+}
+
+void HostWindow::showSkippedFiles()
+{
+    auto* dialog = new SkippedFilesDialog(m_session.skippedFiles(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+void HostWindow::updateScale()
+{
+    VLSkinSetting::GetInstance()->SetDpi(devicePixelRatioF());
+}
+
+void HostWindow::saveGeometryKept() const
+{
+    QSettings settings;
+    WindowGeometry::of(*this).save(settings);
+    settings.setValue(splitterKey, m_splitter->saveState());
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/app/framewindow.h"
+#include "host/importer/importsummary.h"
+
+#include <QPointer>
+
+class ElidedLabel;
+class FilePanel;
+class FilePresenter;
+class ImportBar;
+class IVLTagManagerPlugin;
+class IVLTagManagerWidget;
+class LibrarySession;
+class QSplitter;
+
+/// The host's window around the plug-in's: the frame, the files beside the tags, and how an import goes.
+///
+/// The session must outlive the window.
+class HostWindow : public FrameWindow
+{
+    Q_OBJECT
+
+public:
+    /// \a plugin has been given its providers already.
+    HostWindow(LibrarySession& session, IVLTagManagerPlugin& plugin, QWidget* parent = nullptr);
+    ~HostWindow() override;
+
+    /// Null once the plug-in's window is gone.
+    [[nodiscard]] IVLTagManagerWidget* tagWindow() const;
+    [[nodiscard]] FilePanel* filePanel() const { return m_files; }
+
+    /// Where the window stood the last time; on close it is kept from then on.
+    void restoreGeometryKept();
+    /// Starts the import, if there is one to do, and tells of it. True when the session's importFinished() will follow.
+    bool startImport();
+
+protected:
+    [[nodiscard]] bool isMoveArea(const QPoint& pos) const override;
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void setUpTitle();
+    void setUpContent(IVLTagManagerPlugin& plugin);
+    void setUpShortcuts();
+    void connectTagWindow();
+    void connectSession();
+    void showImportOutcome(const ImportSummary& summary);
+    void showSkippedFiles();
+    void updateScale();
+    void saveGeometryKept() const;
+
+    LibrarySession& m_session;
+    ElidedLabel* m_title = nullptr;
+    QSplitter* m_splitter = nullptr;
+    FilePanel* m_files = nullptr;
+    QPointer<IVLTagManagerWidget> m_tagWindow;
+    ImportBar* m_importBar = nullptr;
+    FilePresenter* m_presenter = nullptr;
+    bool m_keepsGeometry = false;
+};

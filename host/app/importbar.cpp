@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/importbar.h"
+
+#include "host/app/elidedlabel.h"
+
+#include <vlskinsetting.h>
+
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace {
+
+constexpr int barHeight = 40;
+constexpr int sideMargin = 20;
+constexpr int progressHeight = 4;
+constexpr int progressWidth = 200;
+
+}  // namespace
+
+ImportBar::ImportBar(QWidget* parent)
+    : QWidget(parent)
+    , m_text(new ElidedLabel(this))
+    , m_progress(new QProgressBar(this))
+    , m_skippedButton(new QPushButton(tr("Show which"), this))
+    , m_cancelButton(new QPushButton(tr("Cancel"), this))
+    , m_dismissButton(new QPushButton(tr("Dismiss"), this))
+{
+    setObjectName(QStringLiteral("import_bar"));
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedHeight(barHeight);
+    m_text->setObjectName(QStringLiteral("import_bar_text"));
+    m_text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_progress->setTextVisible(false);
+    m_progress->setFixedSize(progressWidth, progressHeight);
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(sideMargin, 0, sideMargin, 0);
+    layout->setSpacing(12);
+    layout->addWidget(m_text);
+    layout->addWidget(m_progress);
+    for (QPushButton* button : {m_skippedButton, m_cancelButton, m_dismissButton})
+        layout->addWidget(button);
+    setUpButtons();
+    applySkin();
+    hide();
+}
+
+void ImportBar::showProgress(int done, int found)
+{
+    const QLocale locale;
+    m_text->setText(done == 0 ? tr("Looking for pictures: %1 found").arg(locale.toString(found))
+                              : tr("Reading pictures: %1 of %2").arg(locale.toString(done), locale.toString(found)));
+    m_progress->setRange(0, done == 0 ? 0 : found);
+    m_progress->setValue(done);
+    showButtons(true, false);
+}
+
+void ImportBar::showOutcome(const ImportSummary& summary)
+{
+    const QString skipped =
+        summary.skipped == 1
+            ? tr("1 file could not be read and was left out.")
+            : tr("%1 files could not be read and were left out.").arg(QLocale().toString(summary.skipped));
+    if (!summary.error.isEmpty())
+        m_text->setText(tr("The pictures could not be read: ") + summary.error);
+    else if (summary.cancelled)
+        m_text->setText(tr("Cancelled. The next start goes on where this one stopped."));
+    else if (summary.skipped > 0)
+        m_text->setText(skipped);
+    else
+        return hide();
+    showButtons(false, summary.skipped > 0);
+}
+
+void ImportBar::setUpButtons()
+{
+    m_skippedButton->setObjectName(QStringLiteral("import_bar_skipped"));
+    m_cancelButton->setObjectName(QStringLiteral("import_bar_cancel"));
+    m_dismissButton->setObjectName(QStringLiteral("import_bar_dismiss"));
+    for (QPushButton* button : {m_skippedButton, m_cancelButton, m_dismissButton})
+        button->setFocusPolicy(Qt::NoFocus);
+    connect(m_skippedButton, &QPushButton::clicked, this, &ImportBar::skippedRequested);
+    connect(m_cancelButton, &QPushButton::clicked, this, &ImportBar::cancelRequested);
+    connect(m_dismissButton, &QPushButton::clicked, this, &QWidget::hide);
+}
+
+void ImportBar::applySkin()
+{
+    const VLSkinSetting* skin = VLSkinSetting::GetInstance();
+    const QString sheet = QStringLiteral("#import_bar { border-top: 1px solid %1; }"
+                                         "ElidedLabel { color: %2; font-size: 12px; }"
+                                         "QProgressBar { background: %1; border: 0; border-radius: 2px; }"
+                                         "QProgressBar::chunk { background: %3; border-radius: 2px; }"
+                                         "QPushButton { color: %2; background: %1; border: 0; border-radius: 4px;"
+                                         " font-size: 12px; padding: 0 12px; min-height: 24px; }"
+                                         "QPushButton:hover { background: %3; }");
+    setStyleSheet(sheet.arg(skin->GetPopupWinBorderColor().name(), skin->GetTextColor(1).name(),
+                            skin->GetInputAndButtonColor().name()));
+}
+
+void ImportBar::showButtons(bool running, bool skipped)
+{
+    m_progress->setVisible(running);
+    m_cancelButton->setVisible(running);
+    m_dismissButton->setVisible(!running);
+    m_skippedButton->setVisible(!running && skipped);
+    show();
+}

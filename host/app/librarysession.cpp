@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/librarysession.h"
+
+#include "host/importer/importer.h"
+#include "host/library/library.h"
+
+#include <QFile>
+
+std::unique_ptr<LibrarySession> LibrarySession::open(const LibraryChoice& choice, QString* error)
+{
+    auto library = Library::open(QFile::decodeName(choice.file), error);
+    if (!library)
+        return nullptr;
+    return std::unique_ptr<LibrarySession>(new LibrarySession(choice, std::move(library)));
+}
+
+LibrarySession::LibrarySession(const LibraryChoice& choice, std::unique_ptr<Library> library)
+    : m_choice(choice)
+    , m_library(std::move(library))
+    , m_importer(std::make_unique<Importer>(m_library.get()))
+{
+    connect(m_importer.get(), &Importer::progress, this, &LibrarySession::importProgress);
+    connect(m_importer.get(), &Importer::finished, this, &LibrarySession::importFinished);
+    connect(m_importer.get(), &Importer::skipped, this, [this](const QByteArray& path, const QString& reason) {
+        if (m_skipped.size() < maxSkipped)
+            m_skipped.append({path, reason});
+    });
+}
+
+LibrarySession::~LibrarySession() = default;
+
+bool LibrarySession::startImport()
+{
+    if (m_choice.folder.isEmpty() || m_importer->isRunning())
+        return false;
+    m_skipped.clear();
+    return m_importer->start(m_choice.folder);
+}
+
+void LibrarySession::cancelImport()
+{
+    m_importer->cancel();
+}

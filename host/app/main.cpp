@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/commandline.h"
+#include "host/app/hostapplication.h"
+#include "host/app/importcommand.h"
+#include "host/app/listcommand.h"
+#include "host/importer/metadatareader.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace {
+
+// Where the settings are kept follows from these names.
+void nameApplication()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("vellum"));
+    QCoreApplication::setApplicationName(QStringLiteral("vellum"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELLUM_VERSION));
+}
+
+int print(const QString& text)
+{
+    const QByteArray bytes = text.toLocal8Bit();
+    const bool written = std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout) ==
+                             static_cast<size_t>(bytes.size()) &&
+                         std::fflush(stdout) == 0;
+    return written ? 0 : 1;
+}
+
+int runWithoutDisplay(const CommandLine& commandLine, int argc, char** argv)
+{
+    switch (commandLine.action) {
+    case CommandLine::Action::ReadMetadata:
+        return runMetadataReader();
+    case CommandLine::Action::ShowHelp:
+        return print(CommandLine::helpText());
+    case CommandLine::Action::ShowVersion:
+        return print(CommandLine::versionText());
+    default:
+        break;
+    }
+    const QCoreApplication application(argc, argv);
+    return commandLine.action == CommandLine::Action::Import ? runImportCommand(commandLine)
+                                                             : runListCommand(commandLine);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    nameApplication();
+    const CommandLine commandLine = CommandLine::parse(argc, argv);
+    if (!commandLine.error.isEmpty()) {
+        std::fprintf(stderr, "vellum: %s\n", commandLine.error.toLocal8Bit().constData());
+        return CommandLine::exitUsage;
+    }
+    if (commandLine.needsNoDisplay())
+        return runWithoutDisplay(commandLine, argc, argv);
+    HostApplication::prepare(commandLine);
+    const QApplication application(argc, argv);
+    HostApplication host(commandLine);
+    return host.run();
+}
