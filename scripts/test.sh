@@ -130,11 +130,11 @@ stage_format() {
 }
 
 stage_tidy() {
-    count_check "$root/scripts/analyse.sh" tidy
+    count_check "$root/scripts/analyse.py" tidy
 }
 
 stage_clazy() {
-    count_check "$root/scripts/analyse.sh" clazy
+    count_check "$root/scripts/analyse.py" clazy
 }
 
 run_stage() {
