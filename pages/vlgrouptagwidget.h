@@ -14,6 +14,7 @@ class ITagGroupAction;
 class ITagGroupDataProvider;
 class QAction;
 class QLabel;
+class QLayout;
 class QMenu;
 class QScrollArea;
 
@@ -57,4 +58,41 @@ public slots:
     void slotDelGroup(qint64 g_id);
     /// Puts a tag into a category.
     void slotAddGroupTag(qint64 g_id, qint64 t_id);
+
+private:
+    /// The fixed category, which is never renamed nor deleted.
+    static constexpr qint64 rootGroupId = 0;
+
+    void makeMenu();
+    void adjustFrame();
+    QLayout* makeCategoryHalf();
+    QLayout* makeTagHalf();
+    QLayout* makeHeader();
+    void makeRootTile(const QSharedPointer<ITagGroupDataProvider>& root);
+    void makeGroupList();
+    void connectRootTile();
+    void connectGroupList();
+
+    void showHeader(const QString& name, const QString& tagCount);
+    void showGroup(const QString& name, const QString& tagCount,
+                   const QSharedPointer<const ITagGroupDataProvider>& provider);
+    void selectRootGroup();
+    void viewFiles();
+    void askForDeletion(qint64 g_id, const ITagGroupDataProvider& provider, const QString& name);
+    void deleteGroup(qint64 g_id);
+
+    CTagGroupItemWidget* m_rootTile = nullptr;
+    QScrollArea* m_groupScrollArea = nullptr;
+    QWidget* m_groupScrollWidget = nullptr;
+    QLabel* m_nameLabel = nullptr;
+    QLabel* m_selectedCountLabel = nullptr;
+    CTagGroupShowWidgt* m_groupList = nullptr;
+    QMenu* m_menu = nullptr;
+    QAction* m_viewFilesAction = nullptr;
+    QAction* m_renameAction = nullptr;
+    QAction* m_deleteAction = nullptr;
+    qint64 m_menuGroupId = 0;
+    QString m_menuGroupName;
+    QSharedPointer<ITagGroupAction> m_groupAction;
+    QSharedPointer<ITagAction> m_tagAction;
 };

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ctaggroupshowwidgt.h"
+
+#include "pages/ctaggroupitemwidget.h"
+
+#include <tagrecords.h>
+
+#include <QSet>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+using GroupPointer = QSharedPointer<ITagGroupDataProvider>;
+
+/// Logical pixels between the tiles and around them.
+constexpr int tileSpacing = 18;
+
+/// The id under which a category is known here for as long as it is shown.
+qint64 shownId(const ITagGroupDataProvider& provider)
+{
+    const auto record = provider.groupInfo();
+    return record ? record->id() : provider.groupId();
+}
+
+}  // namespace
+
+CTagGroupShowWidgt::CTagGroupShowWidgt(QWidget* parent)
+    : QListWidget(parent)
+{
+    setUpView();
+}
+
+CTagGroupShowWidgt::~CTagGroupShowWidgt() = default;
+
+void CTagGroupShowWidgt::setUpView()
+{
+    setObjectName(QStringLiteral("tag_group_show_widget"));
+    setViewMode(QListView::IconMode);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSpacing(tileSpacing);
+    setMovement(QListView::Static);
+    setResizeMode(QListView::Adjust);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_MouseTracking);
+    setFrameShape(QFrame::NoFrame);
+    // The tiles show their own selection; the view's would shine through behind them.
+    setSelectionMode(QAbstractItemView::NoSelection);
+    setFocusPolicy(Qt::NoFocus);
+    setUniformItemSizes(true);
+}
+
+void CTagGroupShowWidgt::fill(const QVector<GroupPointer>& providers)
+{
+    setUpdatesEnabled(false);
+    QVector<std::pair<QString, GroupPointer>> sorted;
+    sorted.reserve(providers.size());
+    QSet<qint64> known;
+    for (const GroupPointer& provider : providers) {
+        if (!provider || known.contains(shownId(*provider)))
+            continue;
+        known.insert(shownId(*provider));
+        sorted.append({provider->groupName(), provider});
+    }
+    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    for (const auto& [name, provider] : std::as_const(sorted))
+        insertGroup(m_providers.size(), provider, name);
+    if (m_showAddTile)
+        connect(insertTile(count(), {}), &CTagGroupItemWidget::signAddGroup, this, &CTagGroupShowWidgt::signAddGroup);
+    setUpdatesEnabled(true);
+    doItemsLayout();
+    emit signalClosePopup();
+}
+
+bool CTagGroupShowWidgt::addGroup(const GroupPointer& provider)
+{
+    if (!provider || m_tiles.contains(shownId(*provider)))
+        return false;
+    const QString name = provider->groupName();
+    const auto place = std::upper_bound(m_sortNames.cbegin(), m_sortNames.cend(), name);
+    insertGroup(int(place - m_sortNames.cbegin()), provider, name);
+    viewport()->update();
+    emit signalClosePopup();
+    return true;
+}
+
+bool CTagGroupShowWidgt::removeGroup(qint64 g_id)
+{
+    viewport()->update();
+    CTagGroupItemWidget* tile = m_tiles.take(g_id);
+    if (!tile)
+        return false;
+    const bool wasSelected = tile->isSelected();
+    const int row = m_providers.indexOf(tile->provider());
+    tile->disconnect(this);
+    tile->provider()->disconnect(tile);
+    // Taken out of the view first, which would else keep it; it may be what is reporting right now.
+    removeItemWidget(item(row));
+    tile->hide();
+    tile->setParent(nullptr);
+    delete takeItem(row);
+    m_providers.remove(row);
+    m_sortNames.remove(row);
+    return wasSelected;
+}
+
+void CTagGroupShowWidgt::deselectTiles()
+{
+    selectOnly(nullptr);
+}
+
+void CTagGroupShowWidgt::doItemsLayout()
+{
+    QListWidget::doItemsLayout();
+    setMinimumHeight(contentsSize().height());
+}
+
+void CTagGroupShowWidgt::resizeEvent(QResizeEvent* /*event*/)
+{
+    doItemsLayout();
+}
+
+CTagGroupItemWidget* CTagGroupShowWidgt::insertTile(int row, const GroupPointer& provider)
+{
+    auto* tile = new CTagGroupItemWidget(provider, this);
+    tile->setFixedSize(CTagGroupItemWidget::sideLength, CTagGroupItemWidget::sideLength);
+    auto* item = new QListWidgetItem;
+    item->setSizeHint(tile->size());
+    insertItem(row, item);
+    setItemWidget(item, tile);
+    return tile;
+}
+
+void CTagGroupShowWidgt::insertGroup(int row, const GroupPointer& provider, const QString& name)
+{
+    m_providers.insert(row, provider);
+    m_sortNames.insert(row, name);
+    CTagGroupItemWidget* tile = insertTile(row, provider);
+    m_tiles.insert(shownId(*provider), tile);
+    connectTile(tile);
+}
+
+void CTagGroupShowWidgt::connectTile(CTagGroupItemWidget* tile)
+{
+    connect(tile, &CTagGroupItemWidget::signPopMenu, this, &CTagGroupShowWidgt::signPopMenu);
+    connect(tile, &CTagGroupItemWidget::signAddGroupTag, this, &CTagGroupShowWidgt::signAddGroupTag);
+    connect(tile, &CTagGroupItemWidget::signalGroupInfoChanged, this, &CTagGroupShowWidgt::signalGroupInfoChanged);
+    connect(tile, &CTagGroupItemWidget::signalClosePopup, this, &CTagGroupShowWidgt::signalClosePopup);
+    connect(tile, &CTagGroupItemWidget::signSelectedChanged, this,
+            [this, tile](const QString& name, const QString& tagCount,
+                         const QSharedPointer<const ITagGroupDataProvider>& provider) {
+                selectOnly(tile);
+                emit signSelectedChanged(name, tagCount, provider);
+            });
+    connect(tile->provider().data(), &IDataProvider::signalUpdated, tile,
+            [this, tile] { placeByName(tile->provider()); });
+}
+
+void CTagGroupShowWidgt::selectOnly(CTagGroupItemWidget* tile)
+{
+    for (CTagGroupItemWidget* other : std::as_const(m_tiles))
+        other->setSelected(other == tile);
+}
+
+void CTagGroupShowWidgt::placeByName(const GroupPointer& provider)
+{
+    const int row = m_providers.indexOf(provider);
+    const QString name = provider->groupName();
+    if (row < 0 || m_sortNames.at(row) == name)
+        return;
+    m_sortNames.remove(row);
+    const int target = int(std::upper_bound(m_sortNames.cbegin(), m_sortNames.cend(), name) - m_sortNames.cbegin());
+    m_sortNames.insert(target, name);
+    if (target == row)
+        return;
+    m_providers.move(row, target);
+    // The model's destination is counted with the row still in its old place.
+    model()->moveRow({}, row, {}, target > row ? target + 1 : target);
+}

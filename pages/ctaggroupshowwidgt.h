@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <itaggroupdataprovider.h>
+
+#include <QHash>
+#include <QListWidget>
+#include <QSharedPointer>
+#include <QString>
+#include <QVector>
+
+class CTagGroupItemWidget;
+
+/// The category tiles in rows, sorted by name, with the "Add New" tile at the end.
+///
+/// The list is at least as tall as its tiles need and never scrolls itself; the page puts it into a scroll area.
+/// A category that is renamed moves to its new place. The list only reports. GUI thread only.
+class CTagGroupShowWidgt : public QListWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CTagGroupShowWidgt(QWidget* parent = nullptr);
+    ~CTagGroupShowWidgt() override;
+
+    /// Shows the "Add New" tile and one tile per provider; called once, on an empty list. O(n log n), one layout.
+    void fill(const QVector<QSharedPointer<ITagGroupDataProvider>>& providers);
+    /// Adds a tile at its sorted place, behind those of the same name. A null provider, or one for a category that is
+    /// shown already, changes nothing. Answers whether there is a new tile.
+    bool addGroup(const QSharedPointer<ITagGroupDataProvider>& provider);
+    /// Removes the tile of that category, also when its record is gone; an unknown id changes nothing.
+    /// Answers whether the selected tile went.
+    bool removeGroup(qint64 g_id);
+    /// No tile stays selected; nothing is reported.
+    void deselectTiles();
+
+    /// Lays the tiles out and asks for the height that they take.
+    void doItemsLayout() override;
+
+signals:
+    /// The selected category's name or tag count changed.
+    void signalGroupInfoChanged(QString groupName, int tagCount);
+    /// A tile became the only selected one. \a tagCount in decimal.
+    void signSelectedChanged(QString groupName, QString tagCount, QSharedPointer<const ITagGroupDataProvider> g_prd);
+    /// The category menu is wanted. \a tag_id: the category's id.
+    void signPopMenu(qint64 tag_id, QString name);
+    /// The "Add New" tile was clicked.
+    void signAddGroup();
+    /// A tag was dropped on a category.
+    void signAddGroupTag(qint64 g_id, qint64 t_id);
+    /// A category was added or changed: open create and rename dialogs close.
+    void signalClosePopup();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void setUpView();
+    CTagGroupItemWidget* insertTile(int row, const QSharedPointer<ITagGroupDataProvider>& provider);
+    void insertGroup(int row, const QSharedPointer<ITagGroupDataProvider>& provider, const QString& name);
+    void connectTile(CTagGroupItemWidget* tile);
+    void selectOnly(CTagGroupItemWidget* tile);
+    void placeByName(const QSharedPointer<ITagGroupDataProvider>& provider);
+
+    /// In the order of the tiles: row i shows provider i.
+    QVector<QSharedPointer<ITagGroupDataProvider>> m_providers;
+    bool m_showAddTile = true;
+    /// The name by which row i was placed; always sorted, whatever the host's names are by now.
+    QVector<QString> m_sortNames;
+    QHash<qint64, CTagGroupItemWidget*> m_tiles;
+};

@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+#include "pages/vlgrouptagwidget.h"
+
+#include "pages/ctaggroupitemwidget.h"
+#include "pages/ctaggroupshowwidgt.h"
+#include "plugin/vltagmanagersingleton.h"
+#include "taglist/vltaggrouplistview.h"
+#include "widgets/vlsvgwidget.h"
+#include "widgets/vltallboxlayout.h"
+
+#include <itagaction.h>
+#include <itaggroupaction.h>
+#include <itaggroupdataprovider.h>
+#include <tagrecords.h>
+#include <vleventtrack.h>
+#include <vlskinsetting.h>
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace {
+
+template <typename Layout>
+Layout* makeTightLayout(const QMargins& margins = {})
+{
+    auto* layout = new Layout;
+    layout->setContentsMargins(margins);
+    layout->setSpacing(0);
+    return layout;
+}
+
+QLabel* makePlainLabel(const QString& objectName, int fontPixelSize, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(objectName);
+    label->setTextFormat(Qt::PlainText);
+    QFont font = label->font();
+    font.setPixelSize(fontPixelSize);
+    label->setFont(font);
+    return label;
+}
+
+}  // namespace
+
+VLGroupTagWidget::VLGroupTagWidget(int type, QWidget* parent)
+    : VLAllTagWidget(type, parent)
+    , m_groupAction(VLTagManagerSingleton::instance()->tagGroupAction())
+    , m_tagAction(VLTagManagerSingleton::instance()->tagAction())
+{
+    m_iconWidget->setIcon(VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QStringLiteral("label_sort_icon.svg")));
+    m_iconWidget->setFixedSize(16, 16);
+}
+
+VLGroupTagWidget::~VLGroupTagWidget() = default;
+
+void VLGroupTagWidget::initialise(const QSharedPointer<ITagGroupDataProvider>& root,
+                                  const QVector<QSharedPointer<ITagGroupDataProvider>>& groups)
+{
+    makeMenu();
+    adjustFrame();
+    makeRootTile(root);
+    makeGroupList();
+    auto* halves = makeTightLayout<QHBoxLayout>();
+    halves->addLayout(makeCategoryHalf(), 1);
+    halves->addLayout(makeTagHalf(), 1);
+    m_mainLayout->addLayout(halves);
+    connect(makeCreateButton(), &QPushButton::clicked, this, [this] {
+        VlEventTrack::GetInstance()->ClickTagManagerAddBtn(1);
+        m_letterList->slotAddTag();
+    });
+
+    m_groupList->fill(groups);
+    connectRootTile();
+    connectGroupList();
+    if (root)
+        emit m_rootTile->signSelectedChanged(root->groupName(), QString::number(root->tagCount(1)), root);
+    else
+        m_letterList->setDataProvider({});
+    attachOverlayBar();
+    VLSkinSetting::GetInstance()->SetWidgetStyleSheetWithQssName(this, QStringLiteral("tagmanager"));
+}
+
+void VLGroupTagWidget::adjustFrame()
+{
+    m_titleLayout->setContentsMargins(21, 2, 0, 0);
+    m_desLayout->setContentsMargins(46, 0, 0, 0);
+    m_searchIcon->hide();
+}
+
+void VLGroupTagWidget::makeRootTile(const QSharedPointer<ITagGroupDataProvider>& root)
+{
+    m_rootTile = new CTagGroupItemWidget(root, this);
+    m_rootTile->setFixedSize(CTagGroupItemWidget::sideLength, CTagGroupItemWidget::sideLength);
+    m_rootTile->setSelected(true);
+    // Without a category it would look like the tile that creates one.
+    m_rootTile->setHidden(!root);
+}
+
+void VLGroupTagWidget::makeGroupList()
+{
+    m_groupList = new CTagGroupShowWidgt(this);
+}
+
+QLayout* VLGroupTagWidget::makeCategoryHalf()
+{
+    m_groupScrollArea = new QScrollArea(this);
+    m_groupScrollArea->setObjectName(QStringLiteral("tag_group_scroll"));
+    m_groupScrollArea->setFrameShape(QFrame::NoFrame);
+    m_groupScrollArea->setWidgetResizable(true);
+    m_groupScrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_groupScrollArea->installEventFilter(this);
+    m_groupScrollWidget = new QWidget(m_groupScrollArea);
+    m_groupScrollWidget->setObjectName(QStringLiteral("tag_group_scroll_widget"));
+    m_groupScrollArea->setWidget(m_groupScrollWidget);
+
+    auto* rootRow = makeTightLayout<QHBoxLayout>({20, 0, 0, 0});
+    rootRow->setAlignment(Qt::AlignLeft);
+    rootRow->addWidget(m_rootTile);
+    auto* listRow = makeTightLayout<QHBoxLayout>({2, 0, 0, 0});
+    listRow->setAlignment(Qt::AlignLeft);
+    listRow->addWidget(m_groupList);
+
+    auto* content = makeTightLayout<QVBoxLayout>();
+    content->addSpacing(11);
+    content->addLayout(rootRow);
+    content->addSpacing(12);
+    content->addLayout(listRow, 1);
+    m_groupScrollWidget->setLayout(content);
+
+    auto* half = makeTightLayout<QVBoxLayout>();
+    half->addSpacing(-1);
+    half->addWidget(m_groupScrollArea);
+    return half;
+}
+
+QLayout* VLGroupTagWidget::makeHeader()
+{
+    m_nameLabel = makePlainLabel(QStringLiteral("tag_manager_group_name"), 16, this);
+    // A name of any length must not keep the window from getting narrow.
+    m_nameLabel->setMinimumWidth(1);
+    m_selectedCountLabel = makePlainLabel(QStringLiteral("tag_manager_group_count"), 14, this);
+    auto* indent = new QLabel(this);
+    indent->setFixedWidth(26);
+
+    auto* header = makeTightLayout<QHBoxLayout>();
+    header->addWidget(indent);
+    header->addWidget(m_nameLabel);
+    header->addWidget(m_selectedCountLabel);
+    header->addStretch();
+    return header;
+}
+
+QLayout* VLGroupTagWidget::makeTagHalf()
+{
+    auto* half = makeTightLayout<QVBoxLayout>({3, 0, 0, 0});
+    half->addSpacing(7);
+    half->addLayout(makeHeader());
+    half->addSpacing(23);
+    half->addWidget(makeScrollArea(QStringLiteral("tag_group_tag_scroll"),
+                                   QStringLiteral("tag_group_tag_scroll_widget"), {10, 0, 0, 0}));
+    m_contentLayout->setSizeConstraint(QLayout::SetMinimumSize);
+    m_letterList = makeList(true);
+    keepContent(QStringLiteral("letters"), m_letterList);
+    return half;
+}
+
+void VLGroupTagWidget::connectRootTile()
+{
+    connect(m_rootTile, &CTagGroupItemWidget::signPopMenu, this, &VLGroupTagWidget::slotPopMenu);
+    connect(m_rootTile, &CTagGroupItemWidget::signalGroupInfoChanged, this,
+            [this](const QString& name, int tagCount) { showHeader(name, QString::number(tagCount)); });
+    connect(m_rootTile, &CTagGroupItemWidget::signSelectedChanged, this,
+            [this](const QString& name, const QString& tagCount,
+                   const QSharedPointer<const ITagGroupDataProvider>& provider) {
+                m_groupList->deselectTiles();
+                showGroup(name, tagCount, provider);
+            });
+}
+
+void VLGroupTagWidget::connectGroupList()
+{
+    connect(m_groupList, &CTagGroupShowWidgt::signPopMenu, this, &VLGroupTagWidget::slotPopMenu);
+    connect(m_groupList, &CTagGroupShowWidgt::signAddGroup, this, &VLGroupTagWidget::slotAddGroup);
+    connect(m_groupList, &CTagGroupShowWidgt::signAddGroupTag, this, &VLGroupTagWidget::slotAddGroupTag);
+    connect(m_groupList, &CTagGroupShowWidgt::signalGroupInfoChanged, this,
+            [this](const QString& name, int tagCount) { showHeader(name, QString::number(tagCount)); });
+    connect(m_groupList, &CTagGroupShowWidgt::signSelectedChanged, this,
+            [this](const QString& name, const QString& tagCount,
+                   const QSharedPointer<const ITagGroupDataProvider>& provider) {
+                m_rootTile->setSelected(false);
+                showGroup(name, tagCount, provider);
+            });
+}
+
+void VLGroupTagWidget::addGroups(const QVector<qint64>& g_ids)
+{
+    auto* shared = VLTagManagerSingleton::instance();
+    const QPointer<VLGroupTagWidget> self(this);
+    for (const qint64 g_id : g_ids) {
+        const bool added = m_groupList->addGroup(shared->tagGroupProvider(g_id));
+        if (added)
+            emit shared->signalAddGroupAction(g_id);
+        if (!self)
+            return;
+    }
+}
+
+void VLGroupTagWidget::removeGroups(const QVector<qint64>& g_ids)
+{
+    const QPointer<VLGroupTagWidget> self(this);
+    for (const qint64 g_id : g_ids) {
+        if (m_groupList->removeGroup(g_id))
+            selectRootGroup();
+        emit VLTagManagerSingleton::instance()->signalRemoveGroupAction(g_id);
+        if (!self)
+            return;
+    }
+}
+
+void VLGroupTagWidget::showHeader(const QString& name, const QString& tagCount)
+{
+    m_nameLabel->setText(name);
+    m_selectedCountLabel->setText(QLatin1Char('(') + tagCount + QLatin1Char(')'));
+}
+
+void VLGroupTagWidget::showGroup(const QString& name, const QString& tagCount,
+                                 const QSharedPointer<const ITagGroupDataProvider>& provider)
+{
+    showHeader(name, tagCount);
+    m_letterList->setDataProvider(qSharedPointerConstCast<ITagGroupDataProvider>(provider));
+}
+
+void VLGroupTagWidget::selectRootGroup()
+{
+    const auto root = VLTagManagerSingleton::instance()->tagGroupProvider(rootGroupId);
+    const auto record = root ? root->groupInfo() : nullptr;
+    if (!record)
+        return;
+    m_rootTile->setSelected(true);
+    emit m_rootTile->signSelectedChanged(record->name(), QString::number(root->tagCount(1)), root);
+    m_groupList->viewport()->update();
+    emit m_groupList->model()->layoutChanged();
+}
