@@ -33,7 +33,8 @@ void narrowWideEntries(QMenu* menu)
     const int limit = qMax(menu->sizeHint().width(), menu->maximumWidth());
     for (QAction* action : actions) {
         int percent = 100;
-        for (setFaceWidth(action, percent); menu->sizeHint().width() > limit; setFaceWidth(action, percent))
+        for (setFaceWidth(action, percent); percent > narrowestFace && menu->sizeHint().width() > limit;
+             setFaceWidth(action, percent))
             percent -= 2;
     }
 }
