@@ -5,7 +5,6 @@
 
 #include <vlskinsetting.h>
 
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 
@@ -20,14 +19,15 @@ CPopupTitleBarWidget::CPopupTitleBarWidget(bool closeButton, bool logo, bool tit
 void CPopupTitleBarWidget::applySkin()
 {
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
-    const QIcon logo(skin->GetResourceAbsolutePath(QStringLiteral("nav_logo.svg")));
-    logoLabel()->setPixmap(logo.pixmap(closeButton()->iconSize()));
-
+    // Images of a style sheet are drawn at the screen's scale, an icon's are not.
+    logoLabel()->setStyleSheet(QLatin1String("background-color:transparent;border:none;padding:3px;") +
+                               skin->GetResourcePath(QStringLiteral("nav_logo.svg")));
     const QString textColor = colorText(skin->GetTextColor(0));
     titleLabel()->setStyleSheet(QLatin1String("background-color:transparent;border:none;color:") + textColor +
                                 QLatin1Char(';'));
-    closeButton()->setIcon(QIcon(skin->GetResourceAbsolutePath(QStringLiteral("mainbody_close.svg"))));
     closeButton()->setStyleSheet(QLatin1String("QPushButton{background-color:transparent;border:none;border-radius:4px;"
-                                               "padding:0px;}QPushButton:hover{background-color:") +
+                                               "padding:3px;") +
+                                 skin->GetResourcePath(QStringLiteral("mainbody_close.svg")) +
+                                 QLatin1String("}QPushButton:hover{background-color:") +
                                  colorText(skin->GetPopupWinBorderColor()) + QLatin1String(";}"));
 }

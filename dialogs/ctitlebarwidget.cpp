@@ -9,7 +9,6 @@
 
 namespace {
 constexpr int kElementSize = 22;  // Logical pixels: fills a bar of 30 with a margin of 4.
-constexpr int kImageSize = 16;    // Logical pixels.
 }  // namespace
 
 CTitleBarWidget::CTitleBarWidget(bool closeButton, bool logo, bool title, bool movable, int margin, QWidget* parent)
@@ -56,7 +55,6 @@ void CTitleBarWidget::buildElements()
 {
     m_logo = new QLabel(this);
     m_logo->setObjectName(QStringLiteral("title_bar_logo"));
-    m_logo->setAlignment(Qt::AlignCenter);
     m_logo->setFixedSize(kElementSize, kElementSize);
 
     m_title = new QLabel(this);
@@ -67,7 +65,6 @@ void CTitleBarWidget::buildElements()
     m_closeButton->setObjectName(QStringLiteral("title_bar_close_btn"));
     m_closeButton->setAccessibleName(tr("Close"));
     m_closeButton->setFixedSize(kElementSize, kElementSize);
-    m_closeButton->setIconSize(QSize(kImageSize, kImageSize));
     m_closeButton->setFocusPolicy(Qt::NoFocus);
     connect(m_closeButton, &QPushButton::clicked, this, &CTitleBarWidget::signalCloseBtnClicked);
 }

@@ -102,6 +102,8 @@ void VLTagModifyWidget::createTitle()
     m_titleLabel->setObjectName(QStringLiteral("tag_popup_ttile"));
     m_titleLabel->setFixedSize(64, 16);
     m_titleLabel->setFont(pixelFont(16));
+    // The line is taller than the label; what is cut off must be the room above the capitals, not the descenders.
+    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
     m_titleLabel->move(120, 30);
 }
 

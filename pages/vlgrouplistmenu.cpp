@@ -5,6 +5,7 @@
 #include <vlskinsetting.h>
 
 #include <QKeyEvent>
+#include <QMenu>
 
 namespace {
 // Logical pixels.
@@ -65,6 +66,8 @@ void VLGroupListMenu::showEvent(QShowEvent* event)
 {
     QListWidget::showEvent(event);
     setFocus(Qt::PopupFocusReason);
+    if (const auto* menu = qobject_cast<QMenu*>(parentWidget()))
+        connect(menu, &QMenu::hovered, this, &VLGroupListMenu::highlightFirst, Qt::UniqueConnection);
 }
 
 void VLGroupListMenu::hideEvent(QHideEvent* event)
@@ -104,6 +107,12 @@ void VLGroupListMenu::pick(QListWidgetItem* item)
     const qint64 id = item->data(Qt::UserRole).toInt();
     VlEventTrack::GetInstance()->SendBClickLabelMenu(tr("Add to Category"), item->text());
     emit signClicked(id);
+}
+
+void VLGroupListMenu::highlightFirst()
+{
+    if (!underMouse() && !hasHighlight())
+        setCurrentRow(0);
 }
 
 bool VLGroupListMenu::hasHighlight() const

@@ -39,6 +39,8 @@ protected:
 
 private:
     void pick(QListWidgetItem* item);
+    /// For a menu that was opened with the keyboard, as menus do with their first entry.
+    void highlightFirst();
     [[nodiscard]] bool hasHighlight() const;
 
     QVector<qint64> m_ids;

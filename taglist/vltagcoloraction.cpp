@@ -96,6 +96,7 @@ void VLTagColorAction::addSwatches()
         m_swatches.append(swatch);
         layout->addWidget(swatch);
     }
+    layout->addStretch();
 }
 
 int VLTagColorAction::selectedIndex() const

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/deletequestion.h"
+#include "dialogs/plaintooltip.h"
+
+#include <vlskinsetting.h>
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+#include <QtTest>
+
+namespace {
+const QString kTemplate = QStringLiteral("The Tag<font color='%1'> %2 </font>has<font color='%3'> %4 </font>files\uFF0C"
+                                         "delete?<font style='font-size:12px' color='%5'> (Remark.) </font>");
+
+QString plainText(const QString& html)
+{
+    QTextDocument document;
+    document.setHtml(html);
+    return document.toPlainText();
+}
+}  // namespace
+
+class TestDeleteQuestion : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void nameReadsAsTyped_data();
+    void nameReadsAsTyped();
+    void ordinaryNameIsOnlyEscaped();
+    void directionOfTheSentenceHolds_data();
+    void directionOfTheSentenceHolds();
+    void longNameIsShortenedToTheBody_data();
+    void longNameIsShortenedToTheBody();
+    void toolTipIsPlain();
+};
+
+void TestDeleteQuestion::nameReadsAsTyped_data()
+{
+    QTest::addColumn<QString>("name");
+    const QStringList names = {
+        QStringLiteral("Zebra"),
+        QStringLiteral("<b>x</b>"),
+        QStringLiteral("<a href=\"file:///etc/passwd\">x</a>"),
+        QStringLiteral("%1 %2 %5 %n %L4"),
+        QStringLiteral("&amp; & &lt;"),
+        QStringLiteral("'><img src=x>"),
+        QStringLiteral(" a  b\tc "),
+        QStringLiteral("two\nlines"),
+        QString::fromUtf8("\u5C71\u6C34 \U0001F600"),
+    };
+    for (const QString& name : names)
+        QTest::newRow(qPrintable(name.simplified())) << name;
+}
+
+void TestDeleteQuestion::nameReadsAsTyped()
+{
+    QFETCH(QString, name);
+    const QString expected = QStringLiteral("The Tag ") + name + QStringLiteral(" has 7 files\uFF0Cdelete? (Remark.) ");
+    QCOMPARE(plainText(fillDeleteQuestion(kTemplate, name, 7)).trimmed(), expected.trimmed());
+}
+
+void TestDeleteQuestion::ordinaryNameIsOnlyEscaped()
+{
+    const VLSkinSetting* skin = VLSkinSetting::GetInstance();
+    const QString blue = skin->GetPopupWinBlueColor().name(QColor::HexArgb);
+    const QString weak = skin->GetTextColor(1).name(QColor::HexArgb);
+    QCOMPARE(fillDeleteQuestion(kTemplate, QStringLiteral("A & B"), 0),
+             QString(QStringLiteral("The Tag<font color='") + blue +
+                     QStringLiteral("'> A &amp; B </font>has<font color='") + blue +
+                     QStringLiteral("'> 0 </font>files\uFF0Cdelete?<font style='font-size:12px' color='") + weak +
+                     QStringLiteral("'> (Remark.) </font>")));
+}
+
+void TestDeleteQuestion::directionOfTheSentenceHolds_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("override left open") << QStringLiteral("x\u202Eabc");
+    QTest::newRow("embedding left open") << QStringLiteral("\u202Babc");
+    QTest::newRow("isolate left open") << QStringLiteral("\u2067a\u202Ebc");
+    QTest::newRow("isolate of the sentence closed") << QStringLiteral("a\u2069\u202Ebc");
+    QTest::newRow("closed twice") << QStringLiteral("\u202Ea\u202C\u202C\u2069\u2069\u202Ebc");
+    QTest::newRow("over two lines") << QStringLiteral("a\u202E\nb\u2029c");
+}
+
+void TestDeleteQuestion::directionOfTheSentenceHolds()
+{
+    QFETCH(QString, name);
+    QTextDocument document;
+    document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
+    document.setTextWidth(10000);
+    QVERIFY(document.size().isValid());  // Lays the text out.
+    QCOMPARE(document.blockCount(), 1);
+    const QTextBlock block = document.firstBlock();
+    const int tail = block.text().indexOf(QLatin1String(" has"));
+    QVERIFY(tail > 0);
+    const QTextLine line = block.layout()->lineForTextPosition(tail);
+    for (int i = tail + 1; i < block.text().size() - 1; ++i)
+        QVERIFY2(line.cursorToX(i + 1) > line.cursorToX(i), qPrintable(block.text().mid(i, 1)));
+}
+
+void TestDeleteQuestion::longNameIsShortenedToTheBody_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("one word") << QString(2000, QLatin1Char('W'));
+    QTest::newRow("words") << QStringLiteral("word ").repeated(400);
+    QTest::newRow("Chinese") << QString(2000, QChar(0x5C71));
+    QTest::newRow("lines") << QStringLiteral("a\n").repeated(1000);
+    QTest::newRow("pairs of surrogates") << QString::fromUtf8("\U0001F600").repeated(1000);
+}
+
+void TestDeleteQuestion::longNameIsShortenedToTheBody()
+{
+    QFETCH(QString, name);
+    const QString question = fillDeleteQuestion(kTemplate, name, 7);
+    QVERIFY(isShortenedInQuestion(kTemplate, name, 7));
+    QFont font;
+    font.setPixelSize(13);
+    QTextDocument document;
+    document.setDefaultFont(font);
+    document.setDocumentMargin(0);
+    document.setHtml(question);
+    document.setTextWidth(300);
+    QVERIFY(document.size().height() <= 70);
+    QVERIFY(document.idealWidth() <= 300);
+    const QString shown = document.toPlainText();
+    QVERIFY(shown.contains(QChar(0x2026)) && shown.contains(QLatin1String("(Remark.)")));
+    QCOMPARE(QString::fromUtf8(shown.toUtf8()), shown);
+}
+
+void TestDeleteQuestion::toolTipIsPlain()
+{
+    const QString name = QStringLiteral("<b>x</b>\n %1  &amp;");
+    QCOMPARE(plainText(plainToolTip(name)), name);
+    QVERIFY(plainToolTip({}).isEmpty());
+    QString endless = plainText(plainToolTip(QString(2000, QLatin1Char('W'))));
+    QCOMPARE(endless.remove(QChar(0x200B)), QString(2000, QLatin1Char('W')));
+}
+
+QTEST_MAIN(TestDeleteQuestion)
+#include "tst_deletequestion.moc"

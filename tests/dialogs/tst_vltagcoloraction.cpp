@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "plugin/vltagmanagersingleton.h"
+#include "taglist/vltagcoloraction.h"
+#include "taglist/vltagcolorwidget.h"
+#include "tests/support/memorypalette.h"
+
+#include <QMenu>
+#include <QtTest>
+#include <QWidgetAction>
+
+namespace {
+QVector<int> selectedSwatches(const VLTagColorAction& row)
+{
+    QVector<int> selected;
+    const auto swatches = row.findChildren<VLTagColorWidget*>();
+    for (int i = 0; i < swatches.size(); ++i) {
+        if (swatches.at(i)->isSelected())
+            selected.append(i);
+    }
+    return selected;
+}
+
+/// The swatch on yellow, on its middle line.
+QColor pixelAt(VLTagColorWidget* swatch, int x)
+{
+    QImage image(swatch->size(), QImage::Format_RGB32);
+    image.fill(Qt::yellow);
+    swatch->render(&image, {}, {}, QWidget::RenderFlags());
+    return image.pixelColor(x, 10);
+}
+}  // namespace
+
+class TestVLTagColorAction : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void laysOutThePalette();
+    void selectsExactlyOne();
+    void clickSelectsAndReportsOnce();
+    void paintsItsThreeStates();
+    void isWorkedByKeyboardInsideItsMenu();
+    void leavesKeysToTheEntryThatTheMouseMadeActive();
+
+private:
+    MemoryPalette m_palette;
+};
+
+void TestVLTagColorAction::init()
+{
+    VLTagManagerSingleton::instance()->setTagColorProvider(&m_palette);
+}
+
+void TestVLTagColorAction::cleanup()
+{
+    VLTagManagerSingleton::instance()->setTagColorProvider(nullptr);
+}
+
+void TestVLTagColorAction::laysOutThePalette()
+{
+    VLTagColorAction row;
+    const int n = m_palette.entries.size();
+    row.adjustSize();
+    QCOMPARE(row.width(), 40 + 21 * n + 4 * (n - 1));
+    row.setFixedWidth(row.width() + 50);
+    row.show();
+    const auto swatches = row.findChildren<VLTagColorWidget*>();
+    QCOMPARE(swatches.size(), n);
+    for (int i = 0; i < n; ++i) {
+        QCOMPARE(swatches.at(i)->size(), QSize(21, 21));
+        QCOMPARE(swatches.at(i)->x(), 20 + 25 * i);
+        QCOMPARE(pixelAt(swatches.at(i), 10), QColor(m_palette.entries.at(i).color));
+    }
+    VLTagManagerSingleton::instance()->setTagColorProvider(nullptr);
+    VLTagColorAction empty;
+    QVERIFY(empty.findChildren<VLTagColorWidget*>().isEmpty());
+    QTest::keyClick(&empty, Qt::Key_Return);
+}
+
+void TestVLTagColorAction::selectsExactlyOne()
+{
+    VLTagColorAction row;
+    row.setSelected(3);
+    QCOMPARE(selectedSwatches(row), QVector<int>{3});
+    row.setSelected(0);
+    QCOMPARE(selectedSwatches(row), QVector<int>{0});
+    row.setSelected(m_palette.entries.size());
+    QVERIFY(selectedSwatches(row).isEmpty());
+    row.setSelected(1);
+    row.setSelected(-1);
+    QVERIFY(selectedSwatches(row).isEmpty());
+}
+
+void TestVLTagColorAction::clickSelectsAndReportsOnce()
+{
+    VLTagColorAction row;
+    row.setSelected(1);
+    row.show();
+    QSignalSpy spy(&row, &VLTagColorAction::signalColorClicked);
+    QTest::mouseClick(row.findChildren<VLTagColorWidget*>().at(5), Qt::RightButton);
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.first().first().toInt(), 5);
+    QCOMPARE(selectedSwatches(row), QVector<int>{5});
+
+    VLTagColorWidget stranger(Qt::red);
+    connect(&stranger, &VLTagColorWidget::signalColorClicked, &row, &VLTagColorAction::slotColorClicked);
+    stranger.pick();
+    QCOMPARE(spy.last().first().toInt(), -1);
+    QVERIFY(selectedSwatches(row).isEmpty());
+}
+
+void TestVLTagColorAction::paintsItsThreeStates()
+{
+    VLTagColorWidget swatch(Qt::blue);
+    QCOMPARE(pixelAt(&swatch, 10), QColor(Qt::blue));
+    QCOMPARE(pixelAt(&swatch, 2), QColor(Qt::yellow));
+
+    swatch.setSelected(true);
+    QVERIFY(pixelAt(&swatch, 2).lightness() > 150 && pixelAt(&swatch, 2).blue() > 100);
+    QCOMPARE(pixelAt(&swatch, 5), QColor(Qt::blue));
+
+    swatch.setSelected(false);
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(&swatch, &enter);
+    QVERIFY(pixelAt(&swatch, 2).lightness() < 100);
+    QCOMPARE(pixelAt(&swatch, 5), QColor(Qt::blue));
+
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&swatch, &leave);
+    QCOMPARE(pixelAt(&swatch, 2), QColor(Qt::yellow));
+}
+
+void TestVLTagColorAction::isWorkedByKeyboardInsideItsMenu()
+{
+    QMenu menu;
+    QAction* above = menu.addAction(QStringLiteral("Above"));
+    auto* row = new VLTagColorAction;
+    row->setSelected(2);
+    auto* rowAction = new QWidgetAction(&menu);
+    rowAction->setDefaultWidget(row);
+    menu.addAction(rowAction);
+    QAction* below = menu.addAction(QStringLiteral("Below"));
+    menu.popup(QPoint(0, 0));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    const auto press = [&menu](Qt::Key key) { QTest::keyClick(menu.focusWidget() ? menu.focusWidget() : &menu, key); };
+
+    QSignalSpy spy(row, &VLTagColorAction::signalColorClicked);
+    menu.setActiveAction(above);
+    press(Qt::Key_Down);
+    QCOMPARE(menu.activeAction(), rowAction);
+    QCOMPARE(menu.focusWidget(), row);
+    press(Qt::Key_Right);
+    QVERIFY(pixelAt(row->findChildren<VLTagColorWidget*>().at(3), 2).lightness() < 100);
+    press(Qt::Key_Return);
+    QCOMPARE(spy.count(), 1);
+    QCOMPARE(spy.takeFirst().first().toInt(), 3);
+    QCOMPARE(selectedSwatches(*row), QVector<int>{3});
+
+    for (int i = 0; i < 10; ++i)
+        press(Qt::Key_Right);
+    press(Qt::Key_Space);
+    QCOMPARE(spy.takeFirst().first().toInt(), 7);
+    for (int i = 0; i < 10; ++i)
+        press(Qt::Key_Left);
+    press(Qt::Key_Enter);
+    QCOMPARE(spy.takeFirst().first().toInt(), 0);
+
+    press(Qt::Key_Down);
+    QCOMPARE(menu.activeAction(), below);
+    QCOMPARE(pixelAt(row->findChildren<VLTagColorWidget*>().at(1), 2), QColor(Qt::yellow));
+    press(Qt::Key_Up);
+    QCOMPARE(menu.activeAction(), rowAction);
+    press(Qt::Key_Up);
+    QCOMPARE(menu.activeAction(), above);
+    press(Qt::Key_Down);
+    press(Qt::Key_Escape);
+    QTRY_VERIFY(!menu.isVisible());
+    QCOMPARE(spy.count(), 0);
+}
+
+void TestVLTagColorAction::leavesKeysToTheEntryThatTheMouseMadeActive()
+{
+    QMenu menu;
+    auto* row = new VLTagColorAction;
+    auto* rowAction = new QWidgetAction(&menu);
+    rowAction->setDefaultWidget(row);
+    menu.addAction(rowAction);
+    QAction* below = menu.addAction(QStringLiteral("Below"));
+    menu.popup(QPoint(0, 0));
+    QVERIFY(QTest::qWaitForWindowExposed(&menu));
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QCOMPARE(menu.focusWidget(), row);
+    menu.setActiveAction(below);
+    QSignalSpy picked(row, &VLTagColorAction::signalColorClicked);
+    QSignalSpy triggered(below, &QAction::triggered);
+    QTest::keyClick(menu.focusWidget() ? menu.focusWidget() : &menu, Qt::Key_Return);
+    QCOMPARE(picked.count(), 0);
+    QCOMPARE(triggered.count(), 1);
+}
+
+QTEST_MAIN(TestVLTagColorAction)
+#include "tst_vltagcoloraction.moc"
