@@ -16,11 +16,10 @@ QString colorName(const char* source)
 
 TagPalette::TagPalette()
     : m_entries{
-          {0, colorName("Blue"), QStringLiteral("#2f6fd0")},   {1, colorName("Maroon"), QStringLiteral("#7a1f2b")},
-          {2, colorName("Teal"), QStringLiteral("#0b7f7a")},   {3, colorName("Plum"), QStringLiteral("#5b1f66")},
-          {4, colorName("Orange"), QStringLiteral("#b85a00")}, {5, colorName("Navy"), QStringLiteral("#1b2a6b")},
-          {6, colorName("Grey"), QStringLiteral("#707274")},   {7, colorName("Forest"), QStringLiteral("#14491f")},
-      }
+          {0, colorName("Blue"), QStringLiteral("#2f6fd0")},   {1, colorName("Red"), QStringLiteral("#8f2436")},
+          {2, colorName("Teal"), QStringLiteral("#14807b")},   {3, colorName("Purple"), QStringLiteral("#7a3a8c")},
+          {4, colorName("Orange"), QStringLiteral("#b35a00")}, {5, colorName("Indigo"), QStringLiteral("#3f4a9e")},
+          {6, colorName("Grey"), QStringLiteral("#6f7275")},   {7, colorName("Green"), QStringLiteral("#2c6b3a")}}
 {
 }
 
