@@ -3,6 +3,8 @@
 
 #include <vlskinsetting.h>
 
+#include <QEvent>
+
 namespace {
 
 const QColor placeholderColor(162, 171, 195, 255);
@@ -14,9 +16,7 @@ VLLineEdit::VLLineEdit(QWidget* parent)
 {
     setStyleSheet(fieldStyle(false, QStringLiteral("AlignHCenter")));
     setContextMenuPolicy(Qt::NoContextMenu);
-    QPalette colors = palette();
-    colors.setBrush(QPalette::PlaceholderText, placeholderColor);
-    setPalette(colors);
+    restorePlaceholderColor();
 }
 
 VLLineEdit::~VLLineEdit() = default;
@@ -24,6 +24,23 @@ VLLineEdit::~VLLineEdit() = default;
 void VLLineEdit::focusChanged(bool hasFocus)
 {
     setStyleSheet(fieldStyle(hasFocus, QStringLiteral("AlignHCenter")));
+}
+
+bool VLLineEdit::event(QEvent* event)
+{
+    const bool handled = QLineEdit::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
+        restorePlaceholderColor();
+    return handled;
+}
+
+// A style sheet that sets the colour of the text takes the placeholder with it whenever it is applied.
+void VLLineEdit::restorePlaceholderColor()
+{
+    QPalette colors = palette();
+    colors.setBrush(QPalette::PlaceholderText, placeholderColor);
+    if (colors != palette())
+        setPalette(colors);
 }
 
 void VLLineEdit::focusInEvent(QFocusEvent* event)

@@ -16,9 +16,13 @@ public:
     virtual void focusChanged(bool hasFocus);
 
 protected:
+    bool event(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
     /// The skin's style declarations for a field; \a alignment is the name of a Qt::AlignmentFlag.
     static QString fieldStyle(bool hasFocus, const QString& alignment);
+
+private:
+    void restorePlaceholderColor();
 };

@@ -76,8 +76,11 @@ void TestLineEdit::restylesWithTheFocus()
 
 void TestLineEdit::hasNoContextMenuAndAReadablePlaceholder()
 {
-    const VLLineEdit edit;
+    VLLineEdit edit;
     QCOMPARE(edit.contextMenuPolicy(), Qt::NoContextMenu);
+    edit.show();
+    QVERIFY(QTest::qWaitForWindowActive(&edit));
+    edit.focusChanged(true);
     for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
         QCOMPARE(edit.palette().color(group, QPalette::PlaceholderText), QColor(162, 171, 195, 255));
 }
