@@ -3,6 +3,7 @@
 
 #include "pages/vlgrouplabel.h"
 #include "plugin/vltagmanagersingleton.h"
+#include "taglist/tagdrag.h"
 #include "taglist/vltaglistview.h"
 
 #include <tagrecords.h>
@@ -40,7 +41,7 @@ bool isChipDrag(const QDropEvent* event)
 /// The tag id that a dragged chip carries: one qint64 in QDataStream's default format.
 std::optional<qint64> draggedTagId(const QMimeData* data)
 {
-    const QByteArray payload = data->data(QStringLiteral("TagManager_Group_List_View"));
+    const QByteArray payload = data->data(QLatin1String(tagDragFormat));
     QDataStream stream(payload);
     qint64 tagId = 0;
     stream >> tagId;

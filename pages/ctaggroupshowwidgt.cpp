@@ -114,7 +114,7 @@ void CTagGroupShowWidgt::deselectTiles()
 void CTagGroupShowWidgt::doItemsLayout()
 {
     QListWidget::doItemsLayout();
-    setMinimumHeight(contentsSize().height());
+    setMinimumHeight(qMax(0, contentsSize().height()));
 }
 
 void CTagGroupShowWidgt::resizeEvent(QResizeEvent* /*event*/)

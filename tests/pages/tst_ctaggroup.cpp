@@ -1,0 +1,357 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ctaggroupitemwidget.h"
+#include "pages/ctaggroupshowwidgt.h"
+#include "pages/vlgrouplabel.h"
+#include "tests/support/installedhost.h"
+
+#include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+using Groups = QVector<QSharedPointer<ITagGroupDataProvider>>;
+
+CTagGroupItemWidget* tileAt(const CTagGroupShowWidgt& list, int row)
+{
+    return static_cast<CTagGroupItemWidget*>(list.itemWidget(list.item(row)));
+}
+
+QString shownText(const QWidget* tile, const QString& labelName)
+{
+    const auto* label = tile->findChild<QLabel*>(labelName);
+    return label ? label->text() : QString();
+}
+
+/// The names on the tiles in their order, "+" for the "Add New" tile.
+QString shownNames(const CTagGroupShowWidgt& list)
+{
+    QStringList names;
+    for (int row = 0; row < list.count(); ++row) {
+        const CTagGroupItemWidget* tile = tileAt(list, row);
+        names << (tile->provider() ? shownText(tile, QStringLiteral("tag_group_name_label")) : QStringLiteral("+"));
+    }
+    return names.join(QLatin1Char(' '));
+}
+
+QString selectedNames(const CTagGroupShowWidgt& list)
+{
+    QStringList names;
+    for (int row = 0; row < list.count(); ++row) {
+        if (tileAt(list, row)->isSelected())
+            names << shownText(tileAt(list, row), QStringLiteral("tag_group_name_label"));
+    }
+    return names.join(QLatin1Char(' '));
+}
+
+}  // namespace
+
+class TestTagGroup : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void tilesAreSortedByName();
+    void fillingInBulkLooksLikeFillingOneByOne();
+    void whatCannotBeShownIsIgnored();
+    void renamedTileMoves();
+    void selectionIsExclusive();
+    void rightClickSelectsAndAsksForTheMenu();
+    void addNewTileTakesOnlyTheLeftButton();
+    void releaseOutsideTheTileDoesNothing();
+    void onlyTheSelectedTileReportsToTheHeader();
+    void removedTileIsSilentAtOnce();
+    void removalFromInsideTheTilesOwnSignals();
+    void tileWithoutRecordIsSafe();
+    void namesWrapToTwoLines_data();
+    void namesWrapToTwoLines();
+    void everyTileCanBeScrolledTo();
+
+private:
+    Groups groups() const;
+    CTagGroupItemWidget* tile(const QString& name) const;
+
+    std::unique_ptr<InstalledHost> m_host;
+    std::unique_ptr<CTagGroupShowWidgt> m_list;
+};
+
+void TestTagGroup::init()
+{
+    m_host = std::make_unique<InstalledHost>(QStringList{QStringLiteral("tag")});
+    m_host->addGroups({QStringLiteral("b"), QStringLiteral("A"), QStringLiteral("a")});
+    m_list = std::make_unique<CTagGroupShowWidgt>();
+    m_list->resize(400, 400);
+    m_list->fill(groups());
+    m_list->show();
+}
+
+void TestTagGroup::cleanup()
+{
+    m_list.reset();
+    m_host.reset();
+}
+
+Groups TestTagGroup::groups() const
+{
+    Groups all;
+    m_host->manager()->tagGroups(all);
+    return all;
+}
+
+CTagGroupItemWidget* TestTagGroup::tile(const QString& name) const
+{
+    for (int row = 0; row < m_list->count(); ++row) {
+        if (shownText(tileAt(*m_list, row), QStringLiteral("tag_group_name_label")) == name)
+            return tileAt(*m_list, row);
+    }
+    return nullptr;
+}
+
+void TestTagGroup::tilesAreSortedByName()
+{
+    QCOMPARE(shownNames(*m_list), QStringLiteral("A a b +"));
+    QSignalSpy closed(m_list.get(), &CTagGroupShowWidgt::signalClosePopup);
+    QVERIFY(m_list->addGroup(m_host->group(m_host->addGroup(QStringLiteral("Z")))));
+    QCOMPARE(shownNames(*m_list), QStringLiteral("A Z a b +"));
+    QCOMPARE(closed.count(), 1);
+    QCOMPARE(tileAt(*m_list, 0)->size(), QSize(78, 78));
+    QCOMPARE(shownText(tileAt(*m_list, 0), QStringLiteral("tag_group_count_label")), QStringLiteral("0"));
+}
+
+void TestTagGroup::fillingInBulkLooksLikeFillingOneByOne()
+{
+    for (const char* name : {"x", "same", "y", "same", "B", "same"})
+        m_host->addGroup(QString::fromLatin1(name));
+    CTagGroupShowWidgt bulk;
+    bulk.fill(groups());
+    CTagGroupShowWidgt single;
+    single.fill({});
+    for (const auto& provider : groups())
+        single.addGroup(provider);
+
+    QCOMPARE(shownNames(bulk), QStringLiteral("A B a b same same same x y +"));
+    for (CTagGroupShowWidgt* list : {&bulk, &single}) {
+        list->resize(350, 500);
+        list->show();
+    }
+    QCOMPARE(shownNames(single), shownNames(bulk));
+    QCOMPARE(single.grab().toImage(), bulk.grab().toImage());
+    for (int row = 0; row + 1 < bulk.count(); ++row)
+        QCOMPARE(tileAt(single, row)->groupId(), tileAt(bulk, row)->groupId());
+}
+
+void TestTagGroup::whatCannotBeShownIsIgnored()
+{
+    QVERIFY(!m_list->addGroup({}));
+    QVERIFY(!m_list->addGroup(m_host->group(2)));
+    QVERIFY(!m_list->removeGroup(999));
+    QVERIFY(!m_list->removeGroup(CTagGroupItemWidget::noGroupId));
+    QCOMPARE(shownNames(*m_list), QStringLiteral("A a b +"));
+
+    CTagGroupShowWidgt twice;
+    twice.fill(groups() + Groups{{}} + groups());
+    QCOMPARE(shownNames(twice), QStringLiteral("A a b +"));
+}
+
+void TestTagGroup::renamedTileMoves()
+{
+    QTest::mouseClick(tile(QStringLiteral("b")), Qt::LeftButton);
+    QSignalSpy closed(m_list.get(), &CTagGroupShowWidgt::signalClosePopup);
+    QSignalSpy news(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
+    m_host->renameGroup(2, QStringLiteral("0"));
+    QCOMPARE(shownNames(*m_list), QStringLiteral("0 A a +"));
+    QCOMPARE(selectedNames(*m_list), QStringLiteral("0"));
+    QCOMPARE(closed.count(), 1);
+    QCOMPARE(news.count(), 1);
+    QCOMPARE(news.at(0).at(0).toLongLong(), 2LL);
+
+    m_host->renameGroup(2, QStringLiteral("z"));
+    QCOMPARE(shownNames(*m_list), QStringLiteral("A a z +"));
+    m_host->renameGroup(4, QStringLiteral("A"));
+    QCOMPARE(shownNames(*m_list), QStringLiteral("A A z +"));
+    QTRY_COMPARE(m_list->visualItemRect(m_list->item(2)).topLeft(), tile(QStringLiteral("z"))->pos());
+    QVERIFY(m_list->removeGroup(2));
+    QCOMPARE(shownNames(*m_list), QStringLiteral("A A +"));
+}
+
+void TestTagGroup::selectionIsExclusive()
+{
+    int selections = 0;
+    connect(m_list.get(), &CTagGroupShowWidgt::signSelectedChanged, this,
+            [&](const QString& name, const QString& count, const auto& provider) {
+                ++selections;
+                QCOMPARE(name, provider->groupName());
+                QCOMPARE(count, QStringLiteral("0"));
+            });
+    QTest::mouseClick(tile(QStringLiteral("a")), Qt::LeftButton);
+    QCOMPARE(selectedNames(*m_list), QStringLiteral("a"));
+    QTest::mouseClick(tile(QStringLiteral("b")), Qt::MiddleButton);
+    QCOMPARE(selectedNames(*m_list), QStringLiteral("b"));
+    QTest::mouseClick(tile(QStringLiteral("b")), Qt::LeftButton);
+    QCOMPARE(selections, 2);
+    m_list->deselectTiles();
+    QCOMPARE(selectedNames(*m_list), QString());
+}
+
+void TestTagGroup::rightClickSelectsAndAsksForTheMenu()
+{
+    QSignalSpy menus(m_list.get(), &CTagGroupShowWidgt::signPopMenu);
+    QTest::mouseClick(tile(QStringLiteral("a")), Qt::RightButton);
+    QCOMPARE(selectedNames(*m_list), QStringLiteral("a"));
+    QCOMPARE(menus.count(), 1);
+    QCOMPARE(menus.at(0), (QVariantList{4LL, QStringLiteral("a")}));
+}
+
+void TestTagGroup::addNewTileTakesOnlyTheLeftButton()
+{
+    QSignalSpy added(m_list.get(), &CTagGroupShowWidgt::signAddGroup);
+    QSignalSpy menus(m_list.get(), &CTagGroupShowWidgt::signPopMenu);
+    QWidget* addNew = tileAt(*m_list, m_list->count() - 1);
+    QTest::mouseClick(addNew, Qt::RightButton);
+    QCOMPARE(added.count(), 0);
+    QTest::mouseClick(addNew, Qt::LeftButton);
+    QCOMPARE(added.count(), 1);
+    QCOMPARE(menus.count(), 0);
+    QCOMPARE(selectedNames(*m_list), QString());
+}
+
+void TestTagGroup::releaseOutsideTheTileDoesNothing()
+{
+    QTest::mousePress(tile(QStringLiteral("a")), Qt::LeftButton);
+    QTest::mouseRelease(tile(QStringLiteral("a")), Qt::LeftButton, {}, QPoint(-5, 10));
+    QCOMPARE(selectedNames(*m_list), QString());
+}
+
+void TestTagGroup::onlyTheSelectedTileReportsToTheHeader()
+{
+    QSignalSpy header(m_list.get(), &CTagGroupShowWidgt::signalGroupInfoChanged);
+    QTest::mouseClick(tile(QStringLiteral("a")), Qt::LeftButton);
+    m_host->renameGroup(2, QStringLiteral("c"));
+    QCOMPARE(header.count(), 0);
+    m_host->addTagsToGroups({4}, {1});
+    QCOMPARE(header.count(), 1);
+    QCOMPARE(header.at(0), (QVariantList{QStringLiteral("a"), 1}));
+    QCOMPARE(shownText(tile(QStringLiteral("a")), QStringLiteral("tag_group_count_label")), QStringLiteral("1"));
+}
+
+void TestTagGroup::removedTileIsSilentAtOnce()
+{
+    const auto provider = m_host->group(4);
+    QTest::mouseClick(tile(QStringLiteral("a")), Qt::LeftButton);
+    // The host drops the record before it tells anybody.
+    provider->dropRecord();
+    QVERIFY(m_list->removeGroup(4));
+    QCOMPARE(m_list->findChildren<CTagGroupItemWidget*>().size(), 3);
+    QSignalSpy header(m_list.get(), &CTagGroupShowWidgt::signalGroupInfoChanged);
+    QSignalSpy news(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
+    emit provider->signalUpdated();
+    QCOMPARE(header.count() + news.count(), 0);
+    QVERIFY(!m_list->removeGroup(4));
+}
+
+void TestTagGroup::removalFromInsideTheTilesOwnSignals()
+{
+    connect(m_list.get(), &CTagGroupShowWidgt::signSelectedChanged, this, [this] { m_list->removeGroup(4); });
+    connect(m_list.get(), &CTagGroupShowWidgt::signalClosePopup, this, [this] { m_list->removeGroup(2); });
+    const QPointer<CTagGroupItemWidget> clicked = tile(QStringLiteral("a"));
+    QTest::mouseClick(clicked, Qt::RightButton);
+    m_host->renameGroup(2, QStringLiteral("moved"));
+    QCOMPARE(shownNames(*m_list), QStringLiteral("A +"));
+    QTRY_VERIFY(!clicked);
+}
+
+void TestTagGroup::tileWithoutRecordIsSafe()
+{
+    const qint64 id = m_host->addGroup(QStringLiteral("gone"));
+    m_host->group(id)->dropRecord();
+    QVERIFY(m_list->addGroup(m_host->group(id)));
+    CTagGroupItemWidget* bare = tileAt(*m_list, 3);
+    QCOMPARE(bare->groupId(), CTagGroupItemWidget::noGroupId);
+    QVERIFY(bare->findChildren<QLabel*>().isEmpty());
+    QSignalSpy menus(m_list.get(), &CTagGroupShowWidgt::signPopMenu);
+    QTest::mouseClick(bare, Qt::RightButton);
+    emit bare->provider()->signalUpdated();
+    QCOMPARE(menus.count(), 0);
+    QVERIFY(!bare->grab().isNull());
+    QVERIFY(m_list->removeGroup(id));
+}
+
+void TestTagGroup::namesWrapToTwoLines_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("lines");
+    QTest::newRow("empty") << QString() << 1;
+    QTest::newRow("one character") << QStringLiteral("W") << 1;
+    QTest::newRow("one line") << QStringLiteral("Food") << 1;
+    QTest::newRow("two lines") << QStringLiteral("Architecture") << 2;
+    QTest::newRow("cut") << QStringLiteral("WWWWWWWWWWWWWWWWWWWW") << 2;
+    QTest::newRow("chinese") << QString(20, QChar(0x6807)) << 2;
+    QTest::newRow("arabic") << QString(20, QChar(0x0635)) << 2;
+    QTest::newRow("emoji") << QStringLiteral("\U0001F600").repeated(10) << 2;
+    QTest::newRow("emoji after a letter") << QString(QLatin1Char('i') + QStringLiteral("\U0001F600").repeated(10)) << 2;
+    QTest::newRow("lone surrogates") << QString(20, QChar(0xD83D)) << 2;
+    QTest::newRow("markup") << QStringLiteral("<b>&amp;x</b>") << 2;
+    QTest::newRow("long and invisible") << QString(100000, QChar(0x200B)) << 1;
+}
+
+void TestTagGroup::namesWrapToTwoLines()
+{
+    QFETCH(QString, name);
+    QFETCH(int, lines);
+    VLGroupLabel label;
+    QFont font = label.font();
+    font.setPixelSize(13);
+    label.setFont(font);
+    label.setWrappedText(name);
+
+    const QStringList shown = label.text().split(QLatin1Char('\n'));
+    QCOMPARE(shown.size(), lines);
+    QVERIFY(name.startsWith(shown.join(QString())));
+    QCOMPARE(label.textFormat(), Qt::PlainText);
+    for (const QString& line : shown)
+        QVERIFY2(QFontMetrics(font).boundingRect(line).width() < 64, qUtf8Printable(line));
+    if (!name.contains(QChar(0xD83D)) || name.contains(QStringLiteral("\U0001F600"))) {
+        for (const QString& line : shown)
+            QVERIFY(line.isEmpty() || (!line.back().isHighSurrogate() && !line.front().isLowSurrogate()));
+    }
+}
+
+void TestTagGroup::everyTileCanBeScrolledTo()
+{
+    QStringList names;
+    for (int number = 0; number < 60; ++number)
+        names << QStringLiteral("n%1").arg(number);
+    m_host->addGroups(names);
+    QScrollArea area;
+    area.setWidgetResizable(true);
+    auto* list = new CTagGroupShowWidgt;
+    area.setWidget(list);
+    area.resize(420, 300);
+    area.show();
+    list->fill(groups());
+
+    const auto lastTileIsWithinReach = [&] {
+        const QWidget* addNew = tileAt(*list, list->count() - 1);
+        const int bottom = addNew->mapTo(list, addNew->rect().bottomLeft()).y();
+        return bottom > area.height() && bottom < list->height() && list->verticalScrollBar()->maximum() == 0 &&
+               area.verticalScrollBar()->maximum() >= bottom - area.viewport()->height();
+    };
+    QTRY_VERIFY(lastTileIsWithinReach());
+    const int wideHeight = list->height();
+    area.resize(250, 300);
+    QTRY_VERIFY(list->height() > wideHeight);
+    QTRY_VERIFY(lastTileIsWithinReach());
+    for (const auto& provider : groups().mid(10))
+        list->removeGroup(provider->groupId());
+    QTRY_VERIFY(list->minimumHeight() < wideHeight);
+}
+
+QTEST_MAIN(TestTagGroup)
+#include "tst_ctaggroup.moc"

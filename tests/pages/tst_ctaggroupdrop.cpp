@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "pages/ctaggroupitemwidget.h"
+#include "pages/ctaggroupshowwidgt.h"
+#include "taglist/vltaglistview.h"
+#include "tests/support/chipdrag.h"
+#include "tests/support/installedhost.h"
+
+#include <QApplication>
+#include <QListView>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QtTest>
+
+class TestTagGroupDrop : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void chipIsTakenFromATagListOnly();
+    void addNewTileTakesNothing();
+    void badPayloadsAreIgnored();
+    void categoryGoesWhileAChipIsOverIt();
+
+private:
+    CTagGroupItemWidget* tileAt(int row) const;
+
+    std::unique_ptr<InstalledHost> m_host;
+    std::unique_ptr<CTagGroupShowWidgt> m_list;
+    std::unique_ptr<VLTagListView> m_chips;
+    std::unique_ptr<QSignalSpy> m_filed;
+};
+
+void TestTagGroupDrop::init()
+{
+    m_host = std::make_unique<InstalledHost>();
+    m_host->addGroups({QStringLiteral("a"), QStringLiteral("b")});
+    QVector<QSharedPointer<ITagGroupDataProvider>> groups;
+    m_host->manager()->tagGroups(groups);
+    m_list = std::make_unique<CTagGroupShowWidgt>();
+    m_list->fill(groups);
+    m_chips = std::make_unique<VLTagListView>(QVector<TagItem>{}, nullptr);
+    m_filed = std::make_unique<QSignalSpy>(m_list.get(), &CTagGroupShowWidgt::signAddGroupTag);
+}
+
+void TestTagGroupDrop::cleanup()
+{
+    m_filed.reset();
+    m_chips.reset();
+    m_list.reset();
+    m_host.reset();
+}
+
+CTagGroupItemWidget* TestTagGroupDrop::tileAt(int row) const
+{
+    return static_cast<CTagGroupItemWidget*>(m_list->itemWidget(m_list->item(row)));
+}
+
+void TestTagGroupDrop::chipIsTakenFromATagListOnly()
+{
+    QListView stranger;
+    for (QWidget* source : {static_cast<QWidget*>(&stranger), static_cast<QWidget*>(m_chips.get())}) {
+        const bool isChip = source != &stranger;
+        bool done = false;
+        whileDragging(source, [&] {
+            QCOMPARE(dragOver(tileAt(1), chipPayload(7)), isChip);
+            QCOMPARE(dropOn(tileAt(1), chipPayload(7)), isChip);
+            done = true;
+        });
+        QVERIFY(done);
+        QCOMPARE(m_filed->count(), isChip ? 1 : 0);
+    }
+    QCOMPARE(m_filed->at(0), (QVariantList{tileAt(1)->groupId(), 7LL}));
+    QVERIFY(!tileAt(1)->isSelected());
+}
+
+void TestTagGroupDrop::addNewTileTakesNothing()
+{
+    whileDragging(m_chips.get(), [this] {
+        QVERIFY(dragOver(tileAt(2), chipPayload(7)));
+        dropOn(tileAt(2), chipPayload(7));
+    });
+    QCOMPARE(m_filed->count(), 0);
+}
+
+void TestTagGroupDrop::badPayloadsAreIgnored()
+{
+    whileDragging(m_chips.get(), [this] {
+        QVERIFY(!dropOn(tileAt(0), {}));
+        QVERIFY(!dropOn(tileAt(0), QByteArray("\1\2\3", 3)));
+    });
+    QCOMPARE(m_filed->count(), 0);
+}
+
+void TestTagGroupDrop::categoryGoesWhileAChipIsOverIt()
+{
+    const QPointer<CTagGroupItemWidget> gone = tileAt(0);
+    whileDragging(m_chips.get(), [&] {
+        QVERIFY(dragOver(gone, chipPayload(7)));
+        m_host->group(gone->groupId())->dropRecord();
+        QVERIFY(!dropOn(gone, chipPayload(7)));
+        m_list->removeGroup(gone->provider()->groupId());
+        dropOn(gone, chipPayload(7));
+    });
+    QCOMPARE(m_filed->count(), 0);
+    QTRY_VERIFY(!gone);
+    QCOMPARE(m_list->count(), 2);
+}
+
+int main(int argc, char* argv[])
+{
+    qputenv("QT_QPA_PLATFORM", "minimal");
+    QApplication application(argc, argv);
+    TestTagGroupDrop test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_ctaggroupdrop.moc"
