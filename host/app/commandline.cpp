@@ -222,12 +222,13 @@ QString CommandLine::helpText()
        vellum --import FOLDER [--library FILE]
        vellum --list tags|categories|files --library FILE [--json]
 
-Shows the tags of the pictures in a folder, from the keywords that other programs
-have written into the pictures or into XMP files beside them. FOLDER is imported
-first; only what changed since the last time is read. Nothing in it is changed.
+Shows the tags of the pictures in a folder, from the keywords that other
+programs have written into the pictures or into XMP files beside them. FOLDER is
+imported first; only what changed since the last time is read. Nothing in it is
+changed.
 
-  --library FILE     keep the library in FILE; without it, each folder has one in
-                     the person's data directory (~/.local/share/vellum)
+  --library FILE     keep the library in FILE; without it, each folder has one
+                     in the person's data directory (~/.local/share/vellum)
   --import FOLDER    import without a window, and print the totals as one line:
                      files: N, tags: N, links: N, skipped: N
                      (in the library now; skipped: could not be read this time).

@@ -77,7 +77,9 @@ QStringList readWithExiv2(const QByteArray& path)
     image->readMetadata();
     KeywordList keywords;
     addXmpKeywords(image->xmpData(), keywords);
-    addIptcKeywords(image->iptcData(), keywords);
+    // The IPTC data of a sidecar are what Exiv2 itself made of the XMP, with arrays as one text.
+    if (image->imageType() != Exiv2::ImageType::xmp)
+        addIptcKeywords(image->iptcData(), keywords);
     return keywords.keywords();
 }
 
@@ -87,6 +89,8 @@ QString readableFileError(const QByteArray& path)
     struct stat status = {};
     if (stat(path.constData(), &status) != 0)
         return QString::fromLocal8Bit(strerror(errno));
+    if (!S_ISREG(status.st_mode))
+        return QStringLiteral("This is no file");
     if (status.st_size == 0)
         return QStringLiteral("The file is empty");
     const int access = euidaccess(path.constData(), R_OK);

@@ -42,6 +42,7 @@ void ReaderProcess::start()
 {
     m_ready = false;
     m_tookTooLong = false;
+    m_wentWrong = false;
     m_process = std::make_unique<LimitedProcess>();
     connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &ReaderProcess::readOutput);
     // Queued: these replace the process that sends them.
@@ -58,10 +59,16 @@ void ReaderProcess::start()
 
 void ReaderProcess::readOutput()
 {
-    while (m_process->canReadLine())
+    while (!m_wentWrong && m_process->canReadLine())
         handleLine(m_process->readLine());
     if (m_process->bytesAvailable() > longestAnswer)
-        m_process->kill();
+        giveUpOnProcess();
+}
+
+void ReaderProcess::giveUpOnProcess()
+{
+    m_wentWrong = true;
+    m_process->kill();
 }
 
 void ReaderProcess::handleLine(const QByteArray& line)
@@ -69,12 +76,12 @@ void ReaderProcess::handleLine(const QByteArray& line)
     if (!m_ready) {
         m_ready = line == metadataReaderReady;
         if (!m_ready)
-            m_process->kill();
+            giveUpOnProcess();
         return;
     }
     const std::optional<MetadataAnswer> answer = MetadataAnswer::fromLine(line);
     if (!answer || m_requests.isEmpty()) {
-        m_process->kill();
+        giveUpOnProcess();
         return;
     }
     const Request request = m_requests.dequeue();
@@ -116,7 +123,8 @@ void ReaderProcess::handleEnd()
 void ReaderProcess::handleStartFailure(QProcess::ProcessError error)
 {
     if (error == QProcess::FailedToStart)
-        emit unavailable(tr("The process that reads pictures cannot be started: %1").arg(m_process->errorString()));
+        emit unavailable(
+            tr("The process that reads pictures cannot be started: %1: %2").arg(m_program, m_process->errorString()));
 }
 
 QString ReaderProcess::reasonOfEnd() const

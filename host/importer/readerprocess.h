@@ -48,6 +48,7 @@ private:
 
     void start();
     void handleLine(const QByteArray& line);
+    void giveUpOnProcess();
     [[nodiscard]] QString reasonOfEnd() const;
 
     QString m_program;
@@ -55,5 +56,6 @@ private:
     QTimer m_fileTimer;
     bool m_ready = false;
     bool m_tookTooLong = false;
+    bool m_wentWrong = false;  // What it wrote after the point that was read so far answers nothing.
     std::unique_ptr<QProcess> m_process;
 };

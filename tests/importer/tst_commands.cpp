@@ -1,0 +1,213 @@
+// SPDX-License-Identifier: MIT
+#include "host/importer/defaultlibrary.h"
+#include "host/library/library.h"
+#include "tests/importer/readermain.h"
+#include "tests/importer/taggedpicture.h"
+#include "tests/importer/testfolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <algorithm>
+#include <csignal>
+#include <sys/stat.h>
+
+/// The commands as a person runs them: in a process of their own.
+class TestCommands : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup() { qunsetenv(harmfulReaderVariable); }
+    void importPrintsTotals();
+    void importNamesBadFiles();
+    void importRefusesAMissingFolder();
+    void importIsInterruptedWithoutHarm_data();
+    void importIsInterruptedWithoutHarm();
+    void listsTagsAndFiles();
+    void listsAsJson();
+    void listsWhileTheLibraryIsOpen();
+    void listRefusesAMissingLibrary();
+    void defaultLibraryIsThePersonsOwn();
+
+private:
+    struct Result
+    {
+        int status = -1;
+        QByteArray output;
+        QByteArray errors;
+    };
+
+    static Result run(const QStringList& arguments);
+    [[nodiscard]] QByteArray path(const QByteArray& name) const { return m_folder.file(name); }
+    [[nodiscard]] QString file(const QByteArray& name) const { return QFile::decodeName(path(name)); }
+    Result list(const char* what, const QStringList& more = {}) const
+    {
+        return run(
+            QStringList{QStringLiteral("--library"), file("a.db"), QStringLiteral("--list"), QLatin1String(what)} +
+            more);
+    }
+
+    TestFolder m_folder;
+};
+
+TestCommands::Result TestCommands::run(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), QStringList{QLatin1String(commandArgument)} + arguments);
+    process.waitForFinished(60000);
+    if (process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+void TestCommands::initTestCase()
+{
+    qputenv("XDG_DATA_HOME", path("data"));
+    QVERIFY(QDir().mkpath(file("pictures")));
+    writePicture(path("pictures/a.jpg"), {QStringLiteral("sea"), QStringLiteral("one\ttwo\nthree\\")});
+    writePicture(path("pictures/b\xff.jpg"), {QStringLiteral("sea"), QStringLiteral("山")});
+}
+
+void TestCommands::importPrintsTotals()
+{
+    for (int i = 0; i < 2; ++i) {
+        const Result result =
+            run({QStringLiteral("--import"), file("pictures"), QStringLiteral("--library"), file("a.db")});
+        QCOMPARE(result.errors, QByteArray());
+        QCOMPARE(result.output, QByteArray("files: 2, tags: 3, links: 4, skipped: 0\n"));
+        QCOMPARE(result.status, 0);
+    }
+}
+
+void TestCommands::importNamesBadFiles()
+{
+    QVERIFY(QDir().mkpath(file("bad")));
+    writeFile(path("bad/\033[31m.jpg"), "no picture");
+    const Result result = run({QStringLiteral("--import"), file("bad"), QStringLiteral("--library"), file("bad.db")});
+    QVERIFY2(result.errors.contains("/bad/\\x1b[31m.jpg: "), result.errors);
+    QCOMPARE(result.output, QByteArray("files: 0, tags: 0, links: 0, skipped: 1\n"));
+    QCOMPARE(result.status, 0);
+}
+
+void TestCommands::importRefusesAMissingFolder()
+{
+    const Result result =
+        run({QStringLiteral("--import"), file("nowhere"), QStringLiteral("--library"), file("none.db")});
+    QCOMPARE(result.status, 2);
+    QVERIFY(result.errors.contains("nowhere"));
+    QVERIFY(result.output.isEmpty());
+    QVERIFY(!QFile::exists(file("none.db")));
+}
+
+void TestCommands::importIsInterruptedWithoutHarm_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("interrupt key") << SIGINT;
+    QTest::newRow("terminate") << SIGTERM;
+}
+
+void TestCommands::importIsInterruptedWithoutHarm()
+{
+    QFETCH(int, signal);
+    qputenv(harmfulReaderVariable, "1");
+    const QString library = file("interrupted" + QByteArray::number(signal) + ".db");
+    QVERIFY(QDir().mkpath(file("long")));
+    writePicture(path("long/a.jpg"), {QStringLiteral("tag")});
+    writeFile(path("long/b.jpg"), "no picture");
+    writePicture(path("long/c hang.jpg"), {QStringLiteral("tag")});
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {QLatin1String(commandArgument), QStringLiteral("--import"),
+                                                            file("long"), QStringLiteral("--library"), library});
+    // The bad file is named once the files before it are read; the next one is never answered.
+    process.setReadChannel(QProcess::StandardError);
+    QTRY_VERIFY_WITH_TIMEOUT(process.canReadLine(), 30000);
+    kill(pid_t(process.processId()), signal);
+    QVERIFY(process.waitForFinished(30000));
+    QCOMPARE(process.exitCode(), 130);
+    QCOMPARE(process.readAllStandardOutput(), QByteArray("files: 1, tags: 1, links: 1, skipped: 1\n"));
+    qunsetenv(harmfulReaderVariable);
+    const Result result = run({QStringLiteral("--import"), file("long"), QStringLiteral("--library"), library});
+    QCOMPARE(result.output, QByteArray("files: 2, tags: 1, links: 2, skipped: 1\n"));
+}
+
+void TestCommands::listsTagsAndFiles()
+{
+    const Result tags = list("tags");
+    QCOMPARE(tags.status, 0);
+    QList<QByteArray> names;
+    for (const QByteArray& line : tags.output.split('\n').mid(0, 3)) {
+        const QList<QByteArray> fields = line.split('\t');
+        QCOMPARE(fields.size(), 4);
+        names.append(fields.at(1) + '=' + fields.at(2));
+    }
+    std::sort(names.begin(), names.end());
+    QCOMPARE(names, (QList<QByteArray>{"one\\ttwo\\nthree\\\\=1", "sea=2", "\xe5\xb1\xb1=1"}));
+
+    const QList<QByteArray> files = list("files").output.split('\n');
+    QCOMPARE(files.size(), 3);
+    QVERIFY(files.at(0).startsWith(path("pictures/a.jpg") + '\t'));
+    QVERIFY(files.at(1).startsWith(path("pictures/") + "b\xff.jpg\t"));
+    QCOMPARE(files.at(1).split('\t').size(), 4);
+
+    QVERIFY(list("categories").output.startsWith("1\t"));
+}
+
+void TestCommands::listsAsJson()
+{
+    const QStringList json = {QStringLiteral("--json")};
+    const QJsonArray tags = QJsonDocument::fromJson(list("tags", json).output).array();
+    QCOMPARE(tags.size(), 3);
+    QCOMPARE(tags.first().toObject().keys(), (QStringList{QStringLiteral("colorIndex"), QStringLiteral("fileCount"),
+                                                          QStringLiteral("id"), QStringLiteral("name")}));
+    const QJsonArray files = QJsonDocument::fromJson(list("files", json).output).array();
+    QCOMPARE(files.size(), 2);
+    QVERIFY(!files.first().toObject().contains(QLatin1String("pathBase64")));
+    QVERIFY(
+        files.first().toObject().value(QLatin1String("tags")).toArray().contains(QStringLiteral("one\ttwo\nthree\\")));
+    const QString exact = files.last().toObject().value(QLatin1String("pathBase64")).toString();
+    QVERIFY(QByteArray::fromBase64(exact.toLatin1()).endsWith("b\xff.jpg"));
+    QVERIFY(QJsonDocument::fromJson(list("categories", json).output).isArray());
+}
+
+void TestCommands::listsWhileTheLibraryIsOpen()
+{
+    const std::unique_ptr<Library> library = Library::open(file("a.db"));
+    QVERIFY(library);
+    QCOMPARE(list("tags").output.count('\n'), 3);
+}
+
+void TestCommands::listRefusesAMissingLibrary()
+{
+    const Result missing =
+        run({QStringLiteral("--library"), file("none.db"), QStringLiteral("--list"), QStringLiteral("tags")});
+    QCOMPARE(missing.status, 2);
+    QVERIFY(missing.errors.contains("none.db"));
+    writeFile(path("text.db"), "this is no library, but some text that is long enough to be one");
+    const Result text =
+        run({QStringLiteral("--library"), file("text.db"), QStringLiteral("--list"), QStringLiteral("tags")});
+    QCOMPARE(text.status, 1);
+    QVERIFY(!text.errors.isEmpty() && text.output.isEmpty());
+}
+
+void TestCommands::defaultLibraryIsThePersonsOwn()
+{
+    const QByteArray library = defaultLibraryPath(path("pictures"));
+    QVERIFY(library.startsWith(path("data") + '/'));
+    QCOMPARE(defaultLibraryPath(path("pictures/../pictures/")), library);
+    QVERIFY(defaultLibraryPath(path("bad")) != library);
+    QVERIFY(defaultLibraryPath(path("nowhere")).isEmpty());
+    struct stat status = {};
+    QCOMPARE(stat(library.left(library.lastIndexOf('/')).constData(), &status), 0);
+    QCOMPARE(status.st_mode & 0777, mode_t(0700));
+    QCOMPARE(run({QStringLiteral("--import"), file("pictures")}).status, 0);
+    QVERIFY(QFile::exists(QFile::decodeName(library)));
+}
+
+READER_TEST_MAIN(TestCommands)
+#include "tst_commands.moc"

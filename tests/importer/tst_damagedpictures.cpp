@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "host/importer/metadataanswer.h"
+#include "host/importer/readerpool.h"
+#include "tests/importer/readermain.h"
+#include "tests/importer/taggedpicture.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+
+/// Cuts and garbles samples of each format and reads them: every one must be answered, with keywords or with a reason.
+/// Takes some 20 seconds; with VELLUM_LONG_TESTS set, ten minutes. VELLUM_TEST_SEED sets the seed.
+class TestDamagedPictures : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void answersCutPictures_data() { addSamples(); }
+    void answersCutPictures();
+    void answersGarbledPictures_data() { addSamples(); }
+    void answersGarbledPictures();
+
+private:
+    static void addSamples();
+    void readAll(const QVector<QByteArray>& variants, const QByteArray& sample);
+
+    QTemporaryDir m_folder;
+    quint32 m_seed = 20240229;
+    int m_variants = 1200;
+};
+
+void TestDamagedPictures::initTestCase()
+{
+    if (qEnvironmentVariableIsSet("VELLUM_TEST_SEED"))
+        m_seed = quint32(qEnvironmentVariableIntValue("VELLUM_TEST_SEED"));
+    if (qEnvironmentVariableIntValue("VELLUM_LONG_TESTS") > 0)
+        m_variants = 12000;
+    qInfo("seed %u, %d variants of each sample and kind", m_seed, m_variants);
+}
+
+void TestDamagedPictures::addSamples()
+{
+    QTest::addColumn<QByteArray>("sample");
+    for (const char* const sample :
+         {"Landscapes/Morning over the ridge.jpg", "Travel/Held sideways.jpg", "Design/Marks.png", "Design/Fans.tif",
+          "Everyday/Shoal.webp", "Design/Poster R.xmp"})
+        QTest::newRow(sample) << QByteArray(sample);
+}
+
+void TestDamagedPictures::readAll(const QVector<QByteArray>& variants, const QByteArray& sample)
+{
+    const QByteArray extension = sample.mid(sample.lastIndexOf('.'));
+    QVector<QByteArray> paths;
+    for (int i = 0; i < variants.size(); ++i) {
+        paths.append(QFile::encodeName(m_folder.filePath(QString::number(i))) + extension);
+        writeFile(paths.last(), variants.at(i));
+    }
+    ReaderPool pool({});
+    int answered = 0;
+    connect(&pool, &ReaderPool::answered, &pool, [&](int index, const MetadataAnswer& answer) {
+        ++answered;
+        if (answer.error.contains(QLatin1String("brought")) || answer.error.contains(QLatin1String("longer than")))
+            qInfo("%s, variant %d: %s", sample.constData(), index, qPrintable(answer.error));
+    });
+    QSignalSpy failed(&pool, &ReaderPool::failed);
+    pool.read(paths);
+    // A minute of grace for the few that end by the limit of time.
+    QTRY_COMPARE_WITH_TIMEOUT(answered, paths.size(), 60000 + 20 * paths.size());
+    QVERIFY(failed.isEmpty());
+}
+
+void TestDamagedPictures::answersCutPictures()
+{
+    QFETCH(QByteArray, sample);
+    const QByteArray whole = fileBytes(VELLUM_SAMPLES "/" + sample);
+    QVector<QByteArray> variants;
+    // The first bytes, where the structure is, one by one; the rest in even steps.
+    const int oneByOne = qMin(m_variants / 2, whole.size());
+    for (int length = 0; length < oneByOne; ++length)
+        variants.append(whole.left(length));
+    const int rest = m_variants - oneByOne;
+    for (int i = 0; i < rest; ++i)
+        variants.append(whole.left(oneByOne + int(qint64(whole.size() - oneByOne) * i / rest)));
+    readAll(variants, sample);
+}
+
+void TestDamagedPictures::answersGarbledPictures()
+{
+    QFETCH(QByteArray, sample);
+    const QByteArray whole = fileBytes(VELLUM_SAMPLES "/" + sample);
+    QRandomGenerator random(m_seed);
+    QVector<QByteArray> variants;
+    for (int i = 0; i < m_variants; ++i) {
+        QByteArray bytes = whole;
+        // Half of them in the first part only, where lengths and offsets are.
+        const int end = i % 2 ? bytes.size() : qMin(bytes.size(), 600);
+        for (int flips = random.bounded(1, 9); flips > 0; --flips)
+            bytes[random.bounded(end)] = random.bounded(4) ? char(random.bounded(256)) : char(0xff);
+        variants.append(bytes);
+    }
+    readAll(variants, sample);
+}
+
+READER_TEST_MAIN(TestDamagedPictures)
+#include "tst_damagedpictures.moc"
