@@ -35,9 +35,9 @@ private:
     /// What all items need together, without the margins.
     struct Sums
     {
-        QSize minimum;
-        QSize hint;
-        QSize maximum;
+        QSize minimum{0, 0};
+        QSize hint{0, 0};
+        QSize maximum{0, 0};
         Qt::Orientations expanding;
         bool heightForWidth = false;
     };

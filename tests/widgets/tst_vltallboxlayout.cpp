@@ -96,6 +96,7 @@ private slots:
     void leavesRoomBelowWhatDoesNotExpand();
     void followsHeightForWidth();
     void followsItemsThatComeAndGo();
+    void emptyColumnNeedsNothing();
 };
 
 void TestTallBoxLayout::placesAsTheToolkitsColumn()
@@ -247,6 +248,17 @@ void TestTallBoxLayout::followsItemsThatComeAndGo()
     delete layout->itemAt(0)->widget();
     QTRY_COMPARE(layout->itemAt(1)->geometry().top(), 16);
     QCOMPARE(layout->sizeHint().height(), 56);
+}
+
+void TestTallBoxLayout::emptyColumnNeedsNothing()
+{
+    QWidget column;
+    auto* layout = new VLTallBoxLayout(&column);
+    layout->setContentsMargins(1, 2, 3, 4);
+    QCOMPARE(layout->minimumSize(), QSize(4, 6));
+    QCOMPARE(layout->sizeHint(), QSize(4, 6));
+    layout->addSpacing(10);
+    QCOMPARE(layout->minimumSize(), QSize(4, 16));
 }
 
 QTEST_MAIN(TestTallBoxLayout)

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QModelIndex>
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+class VLTagListView;
+
+/// What a person does with the chips under a widget, and what a person sees of them.
+namespace gestures {
+
+/// Where a chip stands; without a view when it is not shown.
+struct ChipPlace
+{
+    VLTagListView* view = nullptr;
+    QModelIndex index;
+};
+
+/// The chip of the tag with that name in a list that is not hidden.
+ChipPlace findChip(const QWidget* root, const QString& name);
+/// One line for each list that is not hidden, from top to bottom: its letter, if any, a colon, and its chips' names
+/// with commas between, such as "A: apple, avocado". Results of a search that found nothing have no line.
+QStringList shownChips(const QWidget* root);
+
+/// Each scrolls to the chip and acts on its centre; false when there is no such chip.
+bool clickChip(const QWidget* root, const QString& name);
+bool rightClickChip(const QWidget* root, const QString& name);
+bool doubleClickChip(const QWidget* root, const QString& name);
+
+}  // namespace gestures
