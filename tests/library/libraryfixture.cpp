@@ -197,6 +197,15 @@ QStringList LibraryFixture::shown() const
     return lines;
 }
 
+bool LibraryFixture::openOnce(const QString& path)
+{
+    QString error;
+    const auto library = Library::open(path, &error);
+    if (!library)
+        qWarning() << error;
+    return library != nullptr;
+}
+
 QStringList LibraryFixture::stored() const
 {
     return storedIn(path());

@@ -55,6 +55,9 @@ public:
     /// The log so far, cleared by reading it.
     QStringList takeLog();
 
+    /// Opens the library file and closes it again; false when that fails.
+    static bool openOnce(const QString& path);
+
     /// Everything in the providers' memory, one line for each tag and category.
     [[nodiscard]] QStringList shown() const;
     /// The same as it is stored, read past the library's memory.

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "tests/library/diskfault.h"
+
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+
+// SQLite's file system layer for Unix lets its system calls be replaced by name:
+// https://www.sqlite.org/c3ref/vfs.html, xSetSystemCall.
+namespace {
+
+std::atomic<DiskFault::Kind> kind = DiskFault::Kind::None;
+std::atomic<int> callsLeft = 0;
+std::atomic<bool> hasStruck = false;
+
+bool strikes(DiskFault::Kind wanted)
+{
+    if (kind != wanted || callsLeft-- > 0)
+        return false;
+    hasStruck = true;
+    return true;
+}
+
+ssize_t failWith(int error)
+{
+    errno = error;
+    return -1;
+}
+
+ssize_t writeAt(int file, const void* data, size_t size, off_t offset)
+{
+    if (strikes(DiskFault::Kind::Full))
+        return failWith(ENOSPC);
+    if (strikes(DiskFault::Kind::WriteError))
+        return failWith(EIO);
+    if (size > 1 && strikes(DiskFault::Kind::ShortWrite)) {
+        kind = DiskFault::Kind::Full;
+        return ::pwrite(file, data, size / 2, offset);
+    }
+    return ::pwrite(file, data, size, offset);
+}
+
+ssize_t readAt(int file, void* data, size_t size, off_t offset)
+{
+    return strikes(DiskFault::Kind::ReadError) ? failWith(EIO) : ::pread(file, data, size, offset);
+}
+
+int openFile(const char* path, int flags, int mode)
+{
+    const bool isMainFile = std::strstr(path, "-wal") == nullptr && std::strstr(path, "-shm") == nullptr;
+    if (isMainFile && (flags & O_ACCMODE) == O_RDWR && strikes(DiskFault::Kind::ReadOnly))
+        return static_cast<int>(failWith(EACCES));
+    return ::open(path, flags, mode);
+}
+
+void replace(const char* name, void (*function)())
+{
+    sqlite3_vfs* unixFiles = sqlite3_vfs_find("unix");
+    unixFiles->xSetSystemCall(unixFiles, name, function);
+}
+
+template <typename Function>
+void (*plain(Function* function))()
+{
+    return reinterpret_cast<void (*)()>(function);
+}
+
+}  // namespace
+
+DiskFault::DiskFault()
+{
+    sqlite3_initialize();
+    // Which of each pair is called depends on how SQLite was built.
+    for (const char* name : {"pwrite", "pwrite64"})
+        replace(name, plain(writeAt));
+    for (const char* name : {"pread", "pread64"})
+        replace(name, plain(readAt));
+    replace("open", plain(openFile));
+}
+
+DiskFault::~DiskFault()
+{
+    clear();
+    for (const char* name : {"pwrite", "pwrite64", "pread", "pread64", "open"})
+        replace(name, nullptr);
+}
+
+void DiskFault::set(Kind newKind, int after)
+{
+    kind = Kind::None;
+    callsLeft = after;
+    hasStruck = false;
+    kind = newKind;
+}
+
+bool DiskFault::struck() const
+{
+    return hasStruck;
+}

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/librarystatus.h"
+#include "tests/library/diskfault.h"
+#include "tests/library/libraryfixture.h"
+
+#include <itagaction.h>
+#include <itagdataprovider.h>
+#include <itaggroupaction.h>
+#include <itaggroupdataprovider.h>
+
+#include <QSignalSpy>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTest>
+
+namespace {
+
+/// Another program that holds the library locked while it lives.
+class Lock
+{
+public:
+    explicit Lock(const QString& path)
+        : m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lock")))
+    {
+        m_database.setDatabaseName(path);
+        m_database.open();
+        m_database.exec(QStringLiteral("BEGIN IMMEDIATE"));
+    }
+    ~Lock()
+    {
+        m_database.exec(QStringLiteral("ROLLBACK"));
+        m_database = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("lock"));
+    }
+    Q_DISABLE_COPY(Lock)
+
+private:
+    QSqlDatabase m_database;
+};
+
+}  // namespace
+
+/// A request that cannot be carried out is answered with the reason, tells nothing else and changes nothing.
+class TstLibraryFailures : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void unknownAndReservedIdsAreRejected();
+    void listsFailAsAWhole();
+    void colourOutsideOfThePalette();
+    void lockedByAnotherProgram();
+    void lockReleasedInTime();
+    void failingDisk_data();
+    void failingDisk();
+    void failingDiskDuringAnImport();
+    void readOnlyLibrary();
+
+private:
+    std::unique_ptr<DiskFault> m_fault;
+    std::unique_ptr<LibraryFixture> f;
+};
+
+void TstLibraryFailures::init()
+{
+    m_fault = std::make_unique<DiskFault>();
+    f = std::make_unique<LibraryFixture>();
+    QVERIFY(f->isOpen());
+    QVERIFY(f->createTags({"one", "two", "three"}));
+    QVERIFY(f->createCategories({"left"}));
+    f->follow({-1, 0, 1, 2});
+    f->takeLog();
+}
+
+void TstLibraryFailures::cleanup()
+{
+    m_fault->clear();
+    if (f->isOpen())
+        QCOMPARE(f->shown(), f->stored());
+    f->close();
+    QCOMPARE(LibraryFixture::integrity(f->path()), QStringLiteral("ok"));
+    f.reset();
+    m_fault.reset();
+}
+
+void TstLibraryFailures::unknownAndReservedIdsAreRejected()
+{
+    const auto rejects = [this](qint64 request, int tags, int categories) {
+        const auto answer = f->answerTo(request);
+        QVector<QSharedPointer<const ITagInfo>> rejectedTags;
+        QVector<QSharedPointer<const ITagGroupInfo>> rejectedCategories;
+        answer->rejectedTags(rejectedTags);
+        answer->rejectedGroups(rejectedCategories);
+        return answer->status() == int(LibraryStatus::UnknownId) && !answer->message().isEmpty() &&
+               rejectedTags.size() == tags && rejectedCategories.size() == categories;
+    };
+    QVERIFY(rejects(f->tags()->renameTag(99, "x"), 1, 0));
+    QVERIFY(rejects(f->tags()->setTagColor(-1, 1), 1, 0));
+    QVERIFY(rejects(f->tags()->deleteTags({1, 98, 99}), 2, 0));
+    for (qint64 category : {-1, 0, 3, -2}) {
+        QVERIFY(rejects(f->tags()->addTagsToGroups({2, category}, {1}), 0, 1));
+        QVERIFY(rejects(f->tags()->removeTagsFromGroups({category}, {1}), 0, 1));
+    }
+    for (qint64 category : {-1, 0, 1, 3}) {
+        QVERIFY(rejects(f->categories()->renameTagGroup(category, "x"), 0, 1));
+        QVERIFY(rejects(f->categories()->removeTagGroup(category), 0, 1));
+    }
+    QCOMPARE(f->takeLog().filter("answer").size(), 19);
+}
+
+void TstLibraryFailures::listsFailAsAWhole()
+{
+    QVERIFY(f->statusOf(f->tags()->addTagsToGroups({1, 2}, {1, 99, 2})) > 0);
+    QVERIFY(f->statusOf(f->tags()->createTags({{"four", 0, 0}, {"one", 0, 0}})) > 0);
+    QVERIFY(f->statusOf(f->tags()->createTags({{"four", 0, 0}, {"", 0, 0}})) > 0);
+    QCOMPARE(f->takeLog().filter("answer").size(), 3);
+    QCOMPARE(f->group(-1)->tagCount(1), 3);
+    QCOMPARE(f->group(1)->tagCount(1), 0);
+}
+
+void TstLibraryFailures::colourOutsideOfThePalette()
+{
+    const int invalid = int(LibraryStatus::InvalidArgument);
+    QCOMPARE(f->statusOf(f->tags()->setTagColor(1, 8)), invalid);
+    QCOMPARE(f->statusOf(f->tags()->setTagColor(1, -1)), invalid);
+    QCOMPARE(f->statusOf(f->tags()->createTags({{"four", 0, 8}})), invalid);
+    QCOMPARE(f->statusOf(f->tags()->createTags({{"four", 7, 0}})), invalid);
+}
+
+void TstLibraryFailures::lockedByAnotherProgram()
+{
+    const Lock lock(f->path());
+    // The GUI thread stays free meanwhile.
+    const qint64 request = f->tags()->renameTag(1, "x");
+    const auto answer = f->answerTo(request);
+    QCOMPARE(LibraryFixture::statusOf(answer), int(LibraryStatus::Locked));
+    QVERIFY(answer->message().contains("locked"));
+    QCOMPARE(f->takeLog(), QStringList{"answer 5"});
+    QCOMPARE(f->tag(1)->name(), QStringLiteral("one"));
+}
+
+void TstLibraryFailures::lockReleasedInTime()
+{
+    qint64 request = 0;
+    {
+        const Lock lock(f->path());
+        request = f->tags()->renameTag(1, "x");
+        QVERIFY(!f->answerTo(request, 300));
+    }
+    QCOMPARE(f->statusOf(request), 0);
+    QCOMPARE(f->tag(1)->name(), QStringLiteral("x"));
+}
+
+void TstLibraryFailures::failingDisk_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("status");
+    QTest::newRow("full") << int(DiskFault::Kind::Full) << int(LibraryStatus::DiskFull);
+    QTest::newRow("write error") << int(DiskFault::Kind::WriteError) << int(LibraryStatus::DiskError);
+    QTest::newRow("short write") << int(DiskFault::Kind::ShortWrite) << int(LibraryStatus::DiskFull);
+}
+
+/// The disk fails at the first call, at the second, and so on, until a request is carried out before it fails.
+void TstLibraryFailures::failingDisk()
+{
+    QFETCH(const int, kind);
+    QFETCH(const int, status);
+    bool failedEver = false;
+    bool done = false;
+    for (int after = 0; !done; ++after) {
+        const QStringList before = f->shown();
+        const QString name = QStringLiteral("new %1 ").arg(after) + QString(9000, QLatin1Char('x'));
+        f->takeLog();
+        m_fault->set(static_cast<DiskFault::Kind>(kind), after);
+        const auto answer = f->answerTo(f->tags()->createTags({{name, 0, 0}}));
+        done = !m_fault->struck();
+        m_fault->clear();
+        QVERIFY(answer);
+        if (answer->status() != 0) {
+            failedEver = true;
+            QCOMPARE(answer->status(), status);
+            QVERIFY(!answer->message().isEmpty());
+            QCOMPARE(f->takeLog().size(), 1);
+            QCOMPARE(f->shown(), before);
+        }
+        QCOMPARE(f->stored(), f->shown());
+        // The library goes on as soon as the disk does.
+        QCOMPARE(f->statusOf(f->tags()->setTagColor(1, after % 2 + 1)), 0);
+    }
+    QVERIFY(failedEver);
+}
+
+void TstLibraryFailures::failingDiskDuringAnImport()
+{
+    QVector<ImportedFile> files;
+    for (int i = 0; i < 300; ++i)
+        files.append({"/p/" + QByteArray::number(i), {1, i, {}, {}}, {{QStringLiteral("key %1").arg(i % 70)}}});
+    const QStringList before = f->shown();
+    for (int after : {0, 1, 5, 9}) {
+        m_fault->set(DiskFault::Kind::Full, after);
+        const ImportOutcome outcome = f->library()->importAndWait(files);
+        m_fault->clear();
+        QVERIFY(!outcome.succeeded);
+        QVERIFY(outcome.message.contains("full"));
+        QCOMPARE(f->stored(), before);
+    }
+    QCOMPARE(f->library()->importAndWait(files).filesAdded, 300);
+    QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
+}
+
+void TstLibraryFailures::readOnlyLibrary()
+{
+    f->close();
+    m_fault->set(DiskFault::Kind::ReadOnly);
+    // Shows what it holds, though nothing can be changed.
+    QVERIFY(f->reopen());
+    QCOMPARE(f->group(-1)->tagCount(1), 3);
+    const auto answer = f->answerTo(f->tags()->renameTag(1, "x"));
+    QCOMPARE(LibraryFixture::statusOf(answer), int(LibraryStatus::ReadOnly));
+    QVERIFY(answer->message().contains("read-only"));
+    QVERIFY(!f->library()->importAndWait({{"/p/a", {}, {}}}).succeeded);
+}
+
+QTEST_GUILESS_MAIN(TstLibraryFailures)
+
+#include "tst_libraryfailures.moc"
