@@ -238,7 +238,7 @@ changed.
                        tags        id, name, number of files, colour index
                        categories  id, name, number of tags
                        files       path, size in bytes, tag, tag, ...
-                     A tab, a line feed, a carriage return and a backslash within
+                     A tab, a line feed, a carriage return and a backslash in
                      a field are written as \t, \n, \r and \\, other control
                      characters as \xHH. Paths are the bytes of the file system.
   --json             with --list: a JSON array of objects with the members

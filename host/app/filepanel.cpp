@@ -18,7 +18,7 @@ namespace {
 constexpr int narrowestPanel = 180;
 constexpr int headerTop = 30;  // where the tag window's page buttons begin, beside the panel
 constexpr int headerHeight = 28;
-constexpr int sideMargin = 16;
+constexpr int sideMargin = 20;
 constexpr int closeButtonSide = 24;
 constexpr int closeIconSide = 12;
 constexpr int titleFontPixels = 13;

@@ -43,12 +43,15 @@ void FilePresenter::showCategoryFiles(const QVector<qint64>& categoryIds)
 
 void FilePresenter::showHintIfEmpty()
 {
-    if (hasTags() || m_panel.isVisible())
+    if (hasTags() || m_panel.isVisible()) {
+        emit hintDecided();
         return;
+    }
     m_library.queryFileIds(FileQuery::allFiles(), this,
                            [this, generation = m_generation](const QVector<qint64>& ids, const QString& error) {
                                if (generation == m_generation && error.isEmpty() && !hasTags())
                                    showHint(ids.size());
+                               emit hintDecided();
                            });
 }
 

@@ -21,8 +21,12 @@ public:
 
     void showTagFiles(const QVector<qint64>& tagIds);
     void showCategoryFiles(const QVector<qint64>& categoryIds);
-    /// Tells what to do when the library has no tags; nothing otherwise. Leaves files that are shown alone.
+    /// Tells what to do when the library has no tags; leaves files that are shown alone. hintDecided() follows.
     void showHintIfEmpty();
+
+signals:
+    /// The hint is shown, or there is no need for it.
+    void hintDecided();
 
 private:
     void present(const FileQuery& query);

@@ -48,6 +48,8 @@ void FileView::setFiles(const QVector<qint64>& ids, bool keepPlace)
     m_loader->setWanted({}, m_pixels);
     m_placeToRestore = keepPlace ? verticalScrollBar()->value() : 0;
     m_model->setFiles(ids);
+    if (!keepPlace)
+        scrollToTop();
     m_request.start();
 }
 

@@ -7,6 +7,7 @@
 #include "host/app/librarysession.h"
 #include "host/app/screenshot.h"
 #include "host/app/tagwindow.h"
+#include "host/importer/escapedtext.h"
 #include "host/library/library.h"
 #include "host/library/tagpalette.h"
 
@@ -22,6 +23,7 @@
 #include <QSettings>
 #include <QStyleFactory>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -29,10 +31,16 @@ namespace {
 constexpr int exitFailure = 1;
 constexpr QSize defaultSize(1100, 700);  // logical pixels
 
+// The names in it may hold anything; a terminal is not to be steered by them.
 void tell(const QString& message)
 {
-    const QByteArray line = message.toLocal8Bit();
-    std::fprintf(stderr, "vellum: %s\n", line.constData());
+    std::fprintf(stderr, "vellum: %s\n", escapedText(message.toUtf8()).constData());
+}
+
+void tellSkipped(const SkippedFile& file)
+{
+    std::fprintf(stderr, "vellum: %s: %s\n", escapedText(file.path).constData(),
+                 escapedText(file.reason.toUtf8()).constData());
 }
 
 QPalette skinPalette()
@@ -59,22 +67,30 @@ void applySkin()
 
 }  // namespace
 
+bool HostApplication::hasDisplay()
+{
+    const auto names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::any_of(names.begin(), names.end(), [](const char* name) { return qEnvironmentVariableIsSet(name); });
+}
+
 void HostApplication::prepare(const CommandLine& commandLine)
 {
-    const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    const bool offscreen = commandLine.action == CommandLine::Action::Screenshot || !hasDisplay;
+    const bool offscreen = commandLine.action == CommandLine::Action::Screenshot || !hasDisplay();
     if (offscreen && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (commandLine.scale)
         qputenv("QT_SCALE_FACTOR", QByteArray::number(*commandLine.scale));
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    // A picture has the size that was asked for, whatever the resolution of the screen that Qt makes up for it.
+    if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen") && commandLine.action != CommandLine::Action::Screenshot)
+        QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QGuiApplication::setDesktopFileName(QStringLiteral("vellum"));
 }
 
-HostApplication::HostApplication(const CommandLine& commandLine)
+HostApplication::HostApplication(const CommandLine& commandLine, bool hasDisplay)
     : m_commandLine(commandLine)
+    , m_hasDisplay(hasDisplay)
 {
 }
 
@@ -90,9 +106,14 @@ int HostApplication::run()
 {
     if (!openLibrary() || !loadPlugin())
         return m_failure;
+    const bool screenshot = m_commandLine.action == CommandLine::Action::Screenshot;
+    if (!m_hasDisplay && !screenshot) {
+        tell(tr("There is no display to open a window on; --screenshot FILE renders it to a picture."));
+        return exitFailure;
+    }
     applySkin();
-    setUpWindow();
-    return m_commandLine.action == CommandLine::Action::Screenshot ? runScreenshot() : runWindow();
+    m_window = std::make_unique<HostWindow>(*m_session, *m_loader.tagManager());
+    return screenshot ? runScreenshot() : runWindow();
 }
 
 bool HostApplication::openLibrary()
@@ -125,11 +146,6 @@ bool HostApplication::loadPlugin()
     return true;
 }
 
-void HostApplication::setUpWindow()
-{
-    m_window = std::make_unique<HostWindow>(*m_session, *m_loader.tagManager());
-}
-
 int HostApplication::runWindow()
 {
     QSettings settings;
@@ -151,26 +167,26 @@ int HostApplication::runScreenshot()
             tell(error);
         QCoreApplication::exit(error.isEmpty() ? 0 : exitFailure);
     });
-    const auto show = [this, &screenshot] {
+    QObject::connect(m_session.get(), &LibrarySession::importFinished, &screenshot,
+                     [this](const ImportSummary& summary) { tellOutcome(summary); });
+    QObject::connect(m_window.get(), &HostWindow::upToDate, &screenshot, [this, &screenshot] {
         openView();
         screenshot.take();
-    };
-    QObject::connect(m_session.get(), &LibrarySession::importFinished, &screenshot,
-                     [this, show](const ImportSummary& summary) {
-                         for (const SkippedFile& file : m_session->skippedFiles())
-                             tell(QString::fromUtf8(file.path) + QLatin1String(": ") + file.reason);
-                         if (!summary.error.isEmpty()) {
-                             tell(summary.error);
-                             QCoreApplication::exit(exitFailure);
-                             return;
-                         }
-                         show();
-                     });
+    });
     m_window->resize(m_commandLine.size.value_or(defaultSize));
     m_window->show();
-    if (!m_window->startImport())
-        show();
+    m_window->startImport();
     return QApplication::exec();
+}
+
+void HostApplication::tellOutcome(const ImportSummary& summary) const
+{
+    for (const SkippedFile& file : m_session->skippedFiles())
+        tellSkipped(file);
+    if (summary.error.isEmpty())
+        return;
+    tell(summary.error);
+    QCoreApplication::exit(exitFailure);
 }
 
 void HostApplication::openView()

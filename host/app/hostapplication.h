@@ -10,6 +10,7 @@
 class HostWindow;
 class LibrarySession;
 struct CommandLine;
+struct ImportSummary;
 
 /// The program with a window: from the command line to the end of the event loop.
 class HostApplication
@@ -17,10 +18,13 @@ class HostApplication
     Q_DECLARE_TR_FUNCTIONS(HostApplication)
 
 public:
+    /// True when there is a display, or the user has chosen a platform. To be asked before prepare().
+    [[nodiscard]] static bool hasDisplay();
     /// Chooses platform and scale. To be called before there is a QApplication; changes the environment.
     static void prepare(const CommandLine& commandLine);
 
-    explicit HostApplication(const CommandLine& commandLine);
+    /// \a hasDisplay as it was before prepare(); without one there is no window, but there are screenshots.
+    HostApplication(const CommandLine& commandLine, bool hasDisplay);
     ~HostApplication();
 
     /// Returns the exit status; errors have been told on stderr. Needs a QApplication.
@@ -29,12 +33,13 @@ public:
 private:
     bool openLibrary();
     bool loadPlugin();
-    void setUpWindow();
     void openView();
     int runWindow();
     int runScreenshot();
+    void tellOutcome(const ImportSummary& summary) const;
 
     const CommandLine& m_commandLine;
+    const bool m_hasDisplay;
     TagManagerLoader m_loader;
     std::unique_ptr<LibrarySession> m_session;
     std::unique_ptr<HostWindow> m_window;

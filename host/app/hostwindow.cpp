@@ -31,6 +31,7 @@ constexpr QPoint titlePosition(20, 7);
 constexpr int titleHeight = 18;
 constexpr int titleFontPixels = 12;
 constexpr int windowButtonsWidth = 120;  // kept free at the right of the title
+constexpr qint64 silentImport = 1000;    // milliseconds
 const QString splitterKey = QStringLiteral("window/panel");
 
 }  // namespace
@@ -63,15 +64,13 @@ void HostWindow::restoreGeometryKept()
     m_keepsGeometry = true;
 }
 
-bool HostWindow::startImport()
+void HostWindow::startImport()
 {
-    if (!m_session.startImport()) {
+    m_importTime.start();
+    if (!m_session.startImport())
         m_presenter->showHintIfEmpty();
-        return false;
-    }
-    if (m_session.choice().isNew)
+    else if (m_session.choice().isNew)
         m_importBar->showProgress(0, 0);
-    return true;
 }
 
 bool HostWindow::isMoveArea(const QPoint& pos) const
@@ -172,14 +171,18 @@ void HostWindow::connectTagWindow()
 
 void HostWindow::connectSession()
 {
-    connect(&m_session, &LibrarySession::importProgress, this, [this](int done, int found) {
-        // A later start brings the library up to date without a word.
-        if (m_session.choice().isNew)
-            m_importBar->showProgress(done, found);
-    });
+    connect(&m_session, &LibrarySession::importProgress, this, &HostWindow::showImportProgress);
     connect(&m_session, &LibrarySession::importFinished, this, &HostWindow::showImportOutcome);
+    connect(m_presenter, &FilePresenter::hintDecided, this, &HostWindow::upToDate);
     connect(m_importBar, &ImportBar::cancelRequested, &m_session, &LibrarySession::cancelImport);
     connect(m_importBar, &ImportBar::skippedRequested, this, &HostWindow::showSkippedFiles);
+}
+
+void HostWindow::showImportProgress(int done, int found)
+{
+    // Bringing a known library up to date is silent unless it takes long.
+    if (m_session.choice().isNew || m_importTime.elapsed() > silentImport)
+        m_importBar->showProgress(done, found);
 }
 
 void HostWindow::showImportOutcome(const ImportSummary& summary)
@@ -187,6 +190,8 @@ void HostWindow::showImportOutcome(const ImportSummary& summary)
     m_importBar->showOutcome(summary);
     if (summary.error.isEmpty() && !summary.cancelled)
         m_presenter->showHintIfEmpty();
+    else
+        emit upToDate();
 }
 
 void HostWindow::showSkippedFiles()

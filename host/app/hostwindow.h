@@ -4,6 +4,7 @@
 #include "host/app/framewindow.h"
 #include "host/importer/importsummary.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 
 class ElidedLabel;
@@ -33,8 +34,12 @@ public:
 
     /// Where the window stood the last time; on close it is kept from then on.
     void restoreGeometryKept();
-    /// Starts the import, if there is one to do, and tells of it. True when the session's importFinished() will follow.
-    bool startImport();
+    /// Starts the import, if there is one to do, and tells of it. upToDate() follows.
+    void startImport();
+
+signals:
+    /// The import has ended, well or not, and what there is to say of it is shown.
+    void upToDate();
 
 protected:
     [[nodiscard]] bool isMoveArea(const QPoint& pos) const override;
@@ -48,6 +53,7 @@ private:
     void setUpShortcuts();
     void connectTagWindow();
     void connectSession();
+    void showImportProgress(int done, int found);
     void showImportOutcome(const ImportSummary& summary);
     void showSkippedFiles();
     void updateScale();
@@ -60,5 +66,6 @@ private:
     QPointer<IVLTagManagerWidget> m_tagWindow;
     ImportBar* m_importBar = nullptr;
     FilePresenter* m_presenter = nullptr;
+    QElapsedTimer m_importTime;  ///< Since the import began.
     bool m_keepsGeometry = false;
 };

@@ -3,6 +3,7 @@
 #include "host/app/hostapplication.h"
 #include "host/app/importcommand.h"
 #include "host/app/listcommand.h"
+#include "host/importer/escapedtext.h"
 #include "host/importer/metadatareader.h"
 
 #include <QApplication>
@@ -52,13 +53,14 @@ int main(int argc, char** argv)
     nameApplication();
     const CommandLine commandLine = CommandLine::parse(argc, argv);
     if (!commandLine.error.isEmpty()) {
-        std::fprintf(stderr, "vellum: %s\n", commandLine.error.toLocal8Bit().constData());
+        std::fprintf(stderr, "vellum: %s\n", escapedText(commandLine.error.toUtf8()).constData());
         return CommandLine::exitUsage;
     }
     if (commandLine.needsNoDisplay())
         return runWithoutDisplay(commandLine, argc, argv);
+    const bool hasDisplay = HostApplication::hasDisplay();
     HostApplication::prepare(commandLine);
     const QApplication application(argc, argv);
-    HostApplication host(commandLine);
+    HostApplication host(commandLine, hasDisplay);
     return host.run();
 }

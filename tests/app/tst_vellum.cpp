@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "tests/app/picturefolder.h"
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTest>
+
+namespace {
+
+struct Outcome
+{
+    int status = -1;
+    QString errors;  ///< What was written to stderr.
+};
+
+}  // namespace
+
+/// The program as a user starts it, without a display.
+class TestVellum : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void screenshotShowsTheLibrary();
+    void screenshotFollowsItsOptions();
+    void misuseIsRefused_data();
+    void misuseIsRefused();
+    void foreignFilesAreLeftAlone();
+
+private:
+    [[nodiscard]] Outcome run(const QStringList& arguments) const;
+    [[nodiscard]] QString home(const char* name) const { return QFile::decodeName(m_home->path(name)); }
+    /// The picture of the library with these options.
+    [[nodiscard]] QImage screenshot(const QStringList& options) const;
+
+    std::unique_ptr<PictureFolder> m_pictures;
+    std::unique_ptr<PictureFolder> m_home;
+};
+
+void TestVellum::init()
+{
+    m_pictures = std::make_unique<PictureFolder>();
+    m_home = std::make_unique<PictureFolder>();
+    m_pictures->writePng("a.png");
+    m_pictures->write("a.png.xmp", PictureFolder::sidecar({"Amber", "Zebra"}));
+    m_pictures->writePng("b\xff.png");
+    m_pictures->write("b\xff.png.xmp", PictureFolder::sidecar({"Zebra"}));
+}
+
+Outcome TestVellum::run(const QStringList& arguments) const
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"})
+        environment.remove(QString::fromLatin1(name));
+    for (const char* const name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
+        environment.insert(QString::fromLatin1(name), home(name));
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(VELLUM_FILE), arguments);
+    if (!process.waitForFinished(120'000))
+        return {};
+    const bool ended = process.exitStatus() == QProcess::NormalExit;
+    return {ended ? process.exitCode() : -1, QString::fromLocal8Bit(process.readAllStandardError())};
+}
+
+QImage TestVellum::screenshot(const QStringList& options) const
+{
+    const QString picture = home("picture.png");
+    const QString folder = QFile::decodeName(m_pictures->path());
+    const Outcome outcome = run(QStringList{folder, QStringLiteral("--screenshot"), picture} + options);
+    if (outcome.status != 0)
+        qWarning("%s", qPrintable(outcome.errors));
+    return outcome.status == 0 ? QImage(picture) : QImage();
+}
+
+void TestVellum::screenshotShowsTheLibrary()
+{
+    const QImage first = screenshot({});
+    QCOMPARE(first.size(), QSize(1100, 700));
+    QCOMPARE(screenshot({}), first);
+    QVERIFY2(QFile::exists(home("XDG_DATA_HOME/vellum/libraries")), "the library has its place");
+    QVERIFY2(!QFile::exists(home("XDG_CONFIG_HOME/vellum")), "a screenshot leaves the settings alone");
+
+    m_pictures->write("b\xff.png.xmp", PictureFolder::sidecar({"Zebra", "Quince"}));
+    QVERIFY2(screenshot({}) != first, "the next start finds what has changed");
+}
+
+void TestVellum::screenshotFollowsItsOptions()
+{
+    const QStringList size = {QStringLiteral("--size"), QStringLiteral("900x600")};
+    const QImage plain = screenshot(size);
+    QCOMPARE(plain.size(), QSize(900, 600));
+    const QImage sharp = screenshot(size + QStringList{QStringLiteral("--scale"), QStringLiteral("1.5")});
+    QCOMPARE(sharp.size(), QSize(1350, 900));
+    const QImage searched = screenshot(size + QStringList{QStringLiteral("--search"), QStringLiteral("amb")});
+    const QImage categories = screenshot(size + QStringList{QStringLiteral("--page"), QStringLiteral("categories")});
+    const QImage favorites = screenshot(size + QStringList{QStringLiteral("--page"), QStringLiteral("favorites")});
+    QVERIFY(!searched.isNull() && !categories.isNull() && !favorites.isNull());
+    QVERIFY(searched != plain && categories != plain && favorites != plain && favorites != categories);
+}
+
+void TestVellum::misuseIsRefused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("complaint");
+
+    // FOLDER and HOME stand for the folders of the test.
+    const auto row = [](const char* name, const char* arguments, int status, const char* complaint) {
+        QTest::newRow(name) << QString::fromLatin1(arguments).split(' ', Qt::SkipEmptyParts) << status
+                            << QString::fromLatin1(complaint);
+    };
+    row("nothing to open", "", 2, "vellum FOLDER");
+    row("no such folder", "/nowhere/at/all", 2, "There is no folder /nowhere/at/all");
+    row("a file for a folder", "FOLDER/a.png", 2, "There is no folder");
+    row("no display", "FOLDER", 1, "There is no display");
+    row("no such library", "--library HOME/none.vellum", 2, "There is no library");
+    row("unknown page", "FOLDER --screenshot HOME/x.png --page none", 2, "none");
+    row("bad size", "FOLDER --screenshot HOME/x.png --size 10", 2, "10");
+    row("bad scale", "FOLDER --screenshot HOME/x.png --scale 0", 2, "0");
+    row("unwritable picture", "FOLDER --screenshot /nowhere/x.png", 1, "The picture cannot be written");
+    row("no such plug-in", "FOLDER --screenshot HOME/x.png --plugin /nowhere.so", 1, "/nowhere.so is not a plug-in");
+    row("a picture for a plug-in", "FOLDER --screenshot HOME/x.png --plugin FOLDER/a.png", 1, "is not a plug-in");
+}
+
+void TestVellum::misuseIsRefused()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, status);
+    QFETCH(QString, complaint);
+    arguments.replaceInStrings(QStringLiteral("FOLDER"), QFile::decodeName(m_pictures->path()));
+    arguments.replaceInStrings(QStringLiteral("HOME"), QFile::decodeName(m_home->path()));
+
+    const Outcome outcome = run(arguments);
+    QVERIFY2(outcome.status == status, qPrintable(outcome.errors));
+    QVERIFY2(outcome.errors.contains(complaint), qPrintable(outcome.errors));
+    QVERIFY(!QFile::exists(home("x.png")));
+}
+
+void TestVellum::foreignFilesAreLeftAlone()
+{
+    const QByteArray content = "No database, but somebody's notes.";
+    m_home->write("notes.vellum", content);
+    const Outcome outcome =
+        run({QStringLiteral("--library"), home("notes.vellum"), QStringLiteral("--screenshot"), home("x.png")});
+    QCOMPARE(outcome.status, 1);
+    QVERIFY2(outcome.errors.contains(QLatin1String("The library cannot be opened")), qPrintable(outcome.errors));
+    QFile notes(home("notes.vellum"));
+    QVERIFY(notes.open(QIODevice::ReadOnly));
+    QCOMPARE(notes.readAll(), content);
+}
+
+QTEST_GUILESS_MAIN(TestVellum)
+#include "tst_vellum.moc"
