@@ -35,6 +35,7 @@ test|xdotool|moves the mouse and types on that display
 test|python3|drives the session test
 test|python3-pil|compares pictures of the window
 test|sqlite3|looks into the library file from outside
+test|libsqlite3-dev|lets the tests make the disk below the library fail
 test|libimage-exiftool-perl|reads keywords a second way, to compare with
 test|valgrind|watches the memory of the window's life cycle
 test|clang-format-14|checks the layout of the code
