@@ -70,7 +70,7 @@ Reader::Reader(const QStringList& arguments)
 CommandLine Reader::read()
 {
     if (!m_parser.parse(m_arguments)) {
-        complain(textFrom(m_parser.errorText().toLatin1()));
+        complain(textFrom(m_parser.errorText().toLatin1()) + QLatin1Char('.'));
         return m_result;
     }
     readAction();
@@ -201,7 +201,7 @@ void Reader::checkTogether()
 void Reader::complain(const QString& text)
 {
     if (m_result.error.isEmpty())
-        m_result.error = QStringLiteral("vellum: %1\nTry \"vellum --help\".\n").arg(text);
+        m_result.error = text + QStringLiteral(" Try \"vellum --help\".");
 }
 
 }  // namespace

@@ -45,7 +45,9 @@ struct CommandLine
     std::optional<QSize> size;    ///< The window's size in logical pixels.
     std::optional<double> scale;  ///< Screen scale, to be applied before a QApplication exists.
     QByteArray pluginFile;        ///< The plug-in's file; empty for the one beside the program.
-    QString error;                ///< Not empty for wrong usage: print it to stderr and end with exitUsage.
+    /// Not empty for wrong usage: what is wrong, in one line that may hold characters of the arguments. To be printed
+    /// to stderr, and the program to end with exitUsage.
+    QString error;
 
     /// Exit status of wrong usage, and of a folder or a library that does not exist.
     static constexpr int exitUsage = 2;

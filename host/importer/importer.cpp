@@ -3,18 +3,20 @@
 
 #include "host/importer/importjob.h"
 
+#include <utility>
+
 Importer::Importer(Library* library, QObject* parent)
     : QObject(parent)
     , m_library(library)
 {
     qRegisterMetaType<ImportSummary>("ImportSummary");
     m_thread.setObjectName(QStringLiteral("importer"));
+    connect(&m_thread, &QThread::finished, this, &Importer::handleThreadEnd);
 }
 
 Importer::~Importer()
 {
-    m_cancelled = true;
-    m_thread.quit();
+    cancel();
     m_thread.wait();
 }
 
@@ -27,11 +29,13 @@ bool Importer::start(const QByteArray& folder)
     auto* const job = new ImportJob(m_library, folder, m_readerSettings, m_cancelled);
     job->moveToThread(&m_thread);
     connect(&m_thread, &QThread::started, job, &ImportJob::run);
-    connect(&m_thread, &QThread::finished, job, &QObject::deleteLater);
     connect(this, &Importer::cancelRequested, job, &ImportJob::checkCancelled);
     connect(job, &ImportJob::progress, this, &Importer::progress);
     connect(job, &ImportJob::skipped, this, &Importer::skipped);
-    connect(job, &ImportJob::finished, this, &Importer::handleFinished);
+    connect(job, &ImportJob::finished, this, [this](const ImportSummary& summary) { m_summary = summary; });
+    // The job cleans up on its own thread, which ends after it: nobody waits for the reader processes to go.
+    connect(job, &ImportJob::finished, job, &QObject::deleteLater);
+    connect(job, &QObject::destroyed, &m_thread, &QThread::quit, Qt::DirectConnection);
     m_thread.start();
     return true;
 }
@@ -42,10 +46,9 @@ void Importer::cancel()
     emit cancelRequested({});
 }
 
-void Importer::handleFinished(const ImportSummary& summary)
+void Importer::handleThreadEnd()
 {
-    m_thread.quit();
     m_thread.wait();
     m_running = false;
-    emit finished(summary);
+    emit finished(std::exchange(m_summary, {}));
 }

@@ -48,7 +48,7 @@ signals:
     void cancelRequested(QPrivateSignal);
 
 private slots:
-    void handleFinished(const ImportSummary& summary);
+    void handleThreadEnd();
 
 private:
     Library* m_library;
@@ -56,4 +56,5 @@ private:
     QThread m_thread;
     std::atomic_bool m_cancelled{false};
     bool m_running = false;
+    ImportSummary m_summary;
 };

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <sys/stat.h>
+#include <utility>
 
 namespace {
 

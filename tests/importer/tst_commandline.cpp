@@ -103,8 +103,8 @@ void TestCommandLine::refusesWrongUsage()
 {
     QFETCH(QList<QByteArray>, arguments);
     const CommandLine commandLine = parse(arguments);
-    QVERIFY(commandLine.error.startsWith(QLatin1String("vellum: ")));
-    QVERIFY(commandLine.error.endsWith(QLatin1Char('\n')));
+    QVERIFY(!commandLine.error.isEmpty());
+    QVERIFY(!commandLine.error.contains(QLatin1Char('\n')));
     QVERIFY(commandLine.needsNoDisplay());
 }
 

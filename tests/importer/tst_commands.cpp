@@ -11,6 +11,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRandomGenerator>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 
 #include <algorithm>
 #include <csignal>
@@ -29,6 +32,7 @@ private slots:
     void importRefusesAMissingFolder();
     void importIsInterruptedWithoutHarm_data();
     void importIsInterruptedWithoutHarm();
+    void importSurvivesBeingKilled();
     void listsTagsAndFiles();
     void listsAsJson();
     void listsWhileTheLibraryIsOpen();
@@ -134,6 +138,32 @@ void TestCommands::importIsInterruptedWithoutHarm()
     qunsetenv(harmfulReaderVariable);
     const Result result = run({QStringLiteral("--import"), file("long"), QStringLiteral("--library"), library});
     QCOMPARE(result.output, QByteArray("files: 2, tags: 1, links: 2, skipped: 1\n"));
+}
+
+void TestCommands::importSurvivesBeingKilled()
+{
+    QVERIFY(QDir().mkpath(file("many")));
+    for (int i = 0; i < 700; ++i)
+        writeSidecar(path("many/" + QByteArray::number(i) + ".xmp"), {QString::number(i % 90), QString::number(i)});
+    for (int i = 0; i < 700; ++i)
+        writeFile(path("many/" + QByteArray::number(i) + ".svg"), "<svg/>");
+    const QStringList arguments = {QStringLiteral("--import"), file("many"), QStringLiteral("--library"),
+                                   file("killed.db")};
+    QRandomGenerator random(7);
+    for (int round = 0; round < 8; ++round) {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), QStringList{QLatin1String(commandArgument)} + arguments);
+        process.waitForFinished(random.bounded(20, 250));
+        process.kill();
+        process.waitForFinished();
+    }
+    QCOMPARE(run(arguments).output, QByteArray("files: 700, tags: 700, links: 1310, skipped: 0\n"));
+    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
+    database.setDatabaseName(file("killed.db"));
+    QVERIFY(database.open());
+    QSqlQuery check(QStringLiteral("PRAGMA integrity_check"), database);
+    QVERIFY(check.next());
+    QCOMPARE(check.value(0).toString(), QStringLiteral("ok"));
 }
 
 void TestCommands::listsTagsAndFiles()
