@@ -92,8 +92,10 @@ void TagSections::createSections(const QMap<QString, QVector<TagItem>>& itemsOfL
     int index = 0;
     for (VLTagListView* section : qAsConst(m_sections)) {
         QLayoutItem* item = m_layout->itemAt(index);
-        if (!item || item->widget() != section)
+        if (!item || item->widget() != section) {
             m_layout->insertWidget(index, section);
+            section->show();
+        }
         ++index;
     }
 }

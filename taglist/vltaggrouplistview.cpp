@@ -201,6 +201,8 @@ VLTagListView* VLTagGroupListView::makeResultList()
 VLTagListView* VLTagGroupListView::makeSection(const QString& letter, const QVector<TagItem>& items)
 {
     auto* section = new VLTagListView(items, this);
+    // At its final width from the start, so that its chips are laid out once.
+    section->resize(width(), section->height());
     configureList(section);
     section->setLetter(letter, letterLeft, 0);
     connect(section, &VLTagListView::signCheckTagLinkFile, this, &VLTagGroupListView::slotCheckTagLinkFile);

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+#include "taglist/chipflow.h"
+#include "taglist/chipmetrics.h"
+
+#include <QListView>
+#include <QRandomGenerator>
+#include <QStandardItemModel>
+#include <QStyledItemDelegate>
+#include <QtTest>
+
+namespace {
+
+/// Gives each row the width in its user role.
+class WidthDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override
+    {
+        return {index.data(Qt::UserRole).toInt(), ChipMetrics::height};
+    }
+};
+
+/// The toolkit's own flow, which ours has to agree with.
+class ToolkitFlow
+{
+public:
+    explicit ToolkitFlow(const std::vector<int>& widths)
+    {
+        for (const int width : widths) {
+            auto* item = new QStandardItem;
+            item->setData(width, Qt::UserRole);
+            m_model.appendRow(item);
+        }
+        m_view.setModel(&m_model);
+        m_view.setItemDelegate(new WidthDelegate(&m_view));
+        m_view.setViewMode(QListView::IconMode);
+        m_view.setResizeMode(QListView::Adjust);
+        m_view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        m_view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        m_view.setSpacing(16);
+        m_view.setFrameShape(QFrame::NoFrame);
+    }
+
+    void setWidth(int width)
+    {
+        m_view.resize(width, 300);
+        m_view.doItemsLayout();
+    }
+
+    QRect rect(int row) const { return m_view.visualRect(m_model.index(row, 0)); }
+    int rowAt(const QPoint& point) const { return m_view.indexAt(point).row(); }
+
+private:
+    QStandardItemModel m_model;
+    QListView m_view;
+};
+
+std::vector<int> randomWidths(QRandomGenerator& random, int count)
+{
+    std::vector<int> widths;
+    for (int i = 0; i < count; ++i)
+        widths.push_back(random.bounded(10) == 0 ? random.bounded(200, 900) : random.bounded(44, 160));
+    return widths;
+}
+
+ChipFlow makeFlow(const std::vector<int>& widths, int availableWidth)
+{
+    ChipFlow flow;
+    flow.setSpacing(16);
+    flow.setRowHeight(ChipMetrics::height);
+    flow.setWidths(widths);
+    flow.setAvailableWidth(availableWidth);
+    return flow;
+}
+
+QString randomName(QRandomGenerator& random)
+{
+    static const QStringList words{"office", "affluent", "AVATAR",  "To",    "Wave", "winter", "fluffy",
+                                   "ffi",    "Yes, we",  "é",       "naïve", "中文", "风景",   "한국",
+                                   "مرحبا",  "😀",        "e\u0301", "日本",  "ねこ", "1,234.5"};
+    QString name = words.at(random.bounded(words.size()));
+    if (random.bounded(2))
+        name += ' ' + words.at(random.bounded(words.size()));
+    for (int i = random.bounded(6); i > 0; --i)
+        name += QChar(random.bounded(0x20, 0x7F));
+    return name;
+}
+
+}  // namespace
+
+class ChipGeometryTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void rectanglesAreThoseOfTheToolkit();
+    void pointsFindTheSameRows();
+    void changesKeepTheFlowRight();
+    void flowWithoutRows();
+    void upAndDownFindTheNearestChip();
+    void widthsAreThoseOfTheFont();
+    void chipSizes_data();
+    void chipSizes();
+};
+
+void ChipGeometryTest::rectanglesAreThoseOfTheToolkit()
+{
+    QRandomGenerator random(11);
+    for (int round = 0; round < 20; ++round) {
+        const std::vector<int> widths = randomWidths(random, random.bounded(1, 120));
+        ToolkitFlow toolkit(widths);
+        for (const int width : {1, 60, 200, 393, random.bounded(100, 1500), random.bounded(100, 1500)}) {
+            toolkit.setWidth(width);
+            const ChipFlow flow = makeFlow(widths, width);
+            for (int row = 0; row < flow.rowCount(); ++row)
+                QCOMPARE(flow.rect(row), toolkit.rect(row));
+        }
+    }
+}
+
+void ChipGeometryTest::pointsFindTheSameRows()
+{
+    QRandomGenerator random(12);
+    const std::vector<int> widths = randomWidths(random, 80);
+    ToolkitFlow toolkit(widths);
+    toolkit.setWidth(700);
+    const ChipFlow flow = makeFlow(widths, 700);
+    for (int i = 0; i < 3000; ++i) {
+        const QPoint point(random.bounded(-5, 900), random.bounded(-5, 300));
+        QCOMPARE(flow.rowAt(point), toolkit.rowAt(point));
+    }
+}
+
+void ChipGeometryTest::changesKeepTheFlowRight()
+{
+    QRandomGenerator random(13);
+    std::vector<int> widths = randomWidths(random, 50);
+    ChipFlow flow = makeFlow(widths, 500);
+    for (int step = 0; step < 200; ++step) {
+        const int row = random.bounded(flow.rowCount());
+        switch (random.bounded(3)) {
+        case 0: {
+            const std::vector<int> added = randomWidths(random, 3);
+            flow.insertWidths(row, added);
+            widths.insert(widths.begin() + row, added.begin(), added.end());
+            break;
+        }
+        case 1:
+            flow.setWidth(row, 77);
+            widths[row] = 77;
+            break;
+        default:
+            flow.removeRows(row, 1);
+            widths.erase(widths.begin() + row);
+        }
+        const ChipFlow fresh = makeFlow(widths, 500);
+        QCOMPARE(flow.rect(flow.rowCount() - 1), fresh.rect(fresh.rowCount() - 1));
+        QCOMPARE(flow.contentHeight(), fresh.contentHeight());
+    }
+}
+
+void ChipGeometryTest::flowWithoutRows()
+{
+    const ChipFlow flow = makeFlow({}, 500);
+    QCOMPARE(flow.contentHeight(), 0);
+    QCOMPARE(flow.rowAt({20, 20}), -1);
+    QCOMPARE(flow.rect(-1), QRect(0, 0, 0, 0));
+    const ChipFlow::RowRange rows = flow.rowsOfLines({0, 0, 500, 500});
+    QCOMPARE(rows.first, rows.last);
+}
+
+void ChipGeometryTest::upAndDownFindTheNearestChip()
+{
+    const ChipFlow flow = makeFlow({100, 100, 100, 50, 50, 50, 50}, 400);
+    QCOMPARE(flow.rowInOtherLine(0, 1), 3);
+    QCOMPARE(flow.rowInOtherLine(1, 1), 5);
+    QCOMPARE(flow.rowInOtherLine(6, -1), 1);
+    QCOMPARE(flow.rowInOtherLine(0, -1), 0);
+    QCOMPARE(flow.rowInOtherLine(6, 1), 6);
+}
+
+void ChipGeometryTest::widthsAreThoseOfTheFont()
+{
+    QRandomGenerator random(14);
+    const QFontMetrics font(ChipMetrics::chipFont());
+    ChipMetrics& metrics = ChipMetrics::shared();
+    for (int i = 0; i < 20000; ++i) {
+        const QString name = randomName(random);
+        QVERIFY2(metrics.textWidth(name) == font.horizontalAdvance(name), qPrintable(name));
+    }
+    QCOMPARE(metrics.textWidth({}), 0);
+    QCOMPARE(metrics.textWidth(QString(2000, 'x')), font.horizontalAdvance(QString(2000, 'x')));
+}
+
+void ChipGeometryTest::chipSizes_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("fileCount");
+    QTest::addColumn<bool>("count");
+    QTest::addColumn<bool>("enlarged");
+    QTest::addColumn<QSize>("size");
+    const QFontMetrics font(ChipMetrics::chipFont());
+    const QString longName(60, 'w');
+    const int longWidth = font.horizontalAdvance(longName);
+    QTest::newRow("short name has the minimum width") << "i" << 0 << false << false << QSize(44, 22);
+    QTest::newRow("minimum holds with a count, too") << "i" << 1 << true << false << QSize(44, 22);
+    QTest::newRow("long name") << longName << 3 << false << false << QSize(longWidth + 20, 22);
+    QTest::newRow("long name and count") << longName << 1234 << true << false
+                                         << QSize(longWidth + 30 + font.horizontalAdvance("1234"), 22);
+    QTest::newRow("enlarged") << longName << 3 << false << true << QSize(longWidth + 26, 26);
+    QTest::newRow("enlarged at the minimum") << "i" << 3 << false << true << QSize(50, 26);
+    QTest::newRow("chip without a name") << QString() << 99999 << true << false << QSize(82, 22);
+    QTest::newRow("enlarged chip without a name") << QString() << 99999 << true << true << QSize(88, 26);
+}
+
+void ChipGeometryTest::chipSizes()
+{
+    QFETCH(QString, name);
+    QFETCH(int, fileCount);
+    QFETCH(bool, count);
+    QFETCH(bool, enlarged);
+    QFETCH(QSize, size);
+    QCOMPARE(ChipMetrics::shared().chipSize(name, fileCount, {count, enlarged}), size);
+}
+
+QTEST_MAIN(ChipGeometryTest)
+#include "tst_chipgeometry.moc"

@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: MIT
+#include "taglist/vltaggrouplistview.h"
+
+#include "taglist/vltaglistview.h"
+#include "tests/support/gestures.h"
+#include "tests/support/installedhost.h"
+#include "tests/support/messagecatcher.h"
+
+#include <QLabel>
+#include <QRandomGenerator>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QtTest>
+#include <QVBoxLayout>
+
+using gestures::shownChips;
+
+namespace {
+
+/// A section list in a page's scroll area, which is what gives it its width.
+struct Page
+{
+    explicit Page(InstalledHost& host, qint64 groupId = MemoryHost::AllTags)
+        : list(new VLTagGroupListView(nullptr, false))
+    {
+        area.setWidget(list);
+        area.setWidgetResizable(true);
+        area.resize(600, 400);
+        area.show();
+        list->setDataProvider(host.group(groupId));
+    }
+
+    QScrollArea area;
+    VLTagGroupListView* list;
+};
+
+QVector<VLTagListView*> sections(const VLTagGroupListView* list)
+{
+    QVector<VLTagListView*> views;
+    for (int i = 0; i < list->layout()->count(); ++i)
+        views.append(qobject_cast<VLTagListView*>(list->layout()->itemAt(i)->widget()));
+    return views;
+}
+
+/// Every section stands right below the one before, at its own height.
+bool standInAColumn(const VLTagGroupListView* list)
+{
+    int bottom = 0;
+    for (const VLTagListView* view : sections(list)) {
+        if (view->y() != bottom || view->height() != view->minimumHeight())
+            return false;
+        bottom += view->height();
+    }
+    return list->height() >= bottom;
+}
+
+}  // namespace
+
+class TagGroupListViewTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void tagsAreFiledInOrder();
+    void namesOfTheView();
+    void newLettersFindTheirPlace();
+    void severalTagsOfANewLetterAllAppear();
+    void renameRefilesTheTag();
+    void removingTheLastTagsReportsEmptiness();
+    void countsOfTheHostArePassedOn();
+    void searchShowsResultsAlone();
+    void resultsFollowTheHost();
+    void providerCanBeReplaced();
+    void unknownIdsAndNullRecordsAreIgnored();
+    void anotherOrderOfFillingGivesTheSamePixels();
+    void manySectionsComeAndGo();
+    void columnsMayBeTallerThanLayoutsAllow();
+    void sectionMayEmptyItselfInsideItsOwnEvent();
+};
+
+void TagGroupListViewTest::tagsAreFiledInOrder()
+{
+    InstalledHost host({"zebra", "apple", "中国", "1x", "Äpfel", "avocado", "_draft", "a"});
+    const Page page(host);
+    QCOMPARE(shownChips(page.list),
+             QStringList({"1: 1x", "A: a, apple, avocado", "Z: zebra, 中国", "_: _draft", "Ä: Äpfel"}));
+    QTRY_VERIFY(standInAColumn(page.list));
+}
+
+void TagGroupListViewTest::namesOfTheView()
+{
+    InstalledHost host;
+    const Page page(host);
+    QCOMPARE(page.list->objectName(), QStringLiteral("tag_group_widget"));
+    QCOMPARE(page.list->widget()->objectName(), QString());
+    QCOMPARE(page.list->styleSheet(), QStringLiteral("border:10px;"));
+    QVERIFY(qobject_cast<QVBoxLayout*>(page.list->layout()));
+    QVERIFY(shownChips(page.list).isEmpty());
+}
+
+void TagGroupListViewTest::newLettersFindTheirPlace()
+{
+    InstalledHost host({"apple", "zebra"});
+    const Page page(host);
+    host.addTag(QStringLiteral("中文"));
+    host.addTag(QStringLiteral("1x"));
+    host.addTag(QStringLiteral("mouse"));
+    host.addTag(QStringLiteral("é"));
+    QCOMPARE(shownChips(page.list), QStringList({"1: 1x", "A: apple", "M: mouse", "Z: zebra, 中文", "é: é"}));
+    QTRY_VERIFY(standInAColumn(page.list));
+}
+
+void TagGroupListViewTest::severalTagsOfANewLetterAllAppear()
+{
+    InstalledHost host({"apple"});
+    const Page page(host);
+    QSignalSpy close(page.list, &VLTagGroupListView::signalClosePopup);
+    host.addTags(QStringList{"bee", "axe", "bear", "bat", "cat"});
+    QCOMPARE(shownChips(page.list), QStringList({"A: apple, axe", "B: bat, bear, bee", "C: cat"}));
+    QCOMPARE(close.count(), 1);
+}
+
+void TagGroupListViewTest::renameRefilesTheTag()
+{
+    InstalledHost host({"apple", "avocado", "bee"});
+    const Page page(host);
+    QSignalSpy close(page.list, &VLTagGroupListView::signalClosePopup);
+    host.renameTag(host.tagId("apple"), "cherry");
+    QCOMPARE(shownChips(page.list), QStringList({"A: avocado", "B: bee", "C: cherry"}));
+    host.renameTag(host.tagId("bee"), "axe");
+    QCOMPARE(shownChips(page.list), QStringList({"A: avocado, axe", "C: cherry"}));
+    QCOMPARE(close.count(), 2);
+    host.renameTag(host.tagId("avocado"), "apricot");
+    QCOMPARE(shownChips(page.list), QStringList({"A: apricot, axe", "C: cherry"}));
+    host.removeTags({host.tagId("cherry"), host.tagId("axe")});
+    QCOMPARE(shownChips(page.list), QStringList({"A: apricot"}));
+}
+
+void TagGroupListViewTest::removingTheLastTagsReportsEmptiness()
+{
+    InstalledHost host({"apple", "bee", "bear"});
+    const Page page(host);
+    QSignalSpy empty(page.list, &VLTagGroupListView::signalEmpty);
+    host.removeTags({host.tagId("apple")});
+    QCOMPARE(empty.count(), 0);
+    host.removeTags({host.tagId("bee"), host.tagId("bear")});
+    QCOMPARE(empty.count(), 1);
+    QVERIFY(shownChips(page.list).isEmpty());
+    host.addTag(QStringLiteral("back"));
+    QCOMPARE(shownChips(page.list), QStringList({"B: back"}));
+}
+
+void TagGroupListViewTest::countsOfTheHostArePassedOn()
+{
+    InstalledHost host({"apple"});
+    const Page page(host);
+    QSignalSpy added(page.list, &VLTagGroupListView::signalAddTag);
+    QSignalSpy removed(page.list, &VLTagGroupListView::signalRemoveTag);
+    const QVector<qint64> ids = host.addTags(QStringList{"b", "c"});
+    host.removeTags(ids);
+    QCOMPARE(added, QList<QList<QVariant>>({{2}}));
+    QCOMPARE(removed, QList<QList<QVariant>>({{2}}));
+    emit host.group(MemoryHost::AllTags)->signalAddTags({});
+    QCOMPARE(added.count(), 1);
+}
+
+void TagGroupListViewTest::searchShowsResultsAlone()
+{
+    InstalledHost host({"cat", "Category", "bobcat", "dog"});
+    const Page page(host);
+    page.list->reload(QStringLiteral("CAT"));
+    QCOMPARE(shownChips(page.list), QStringList({": Category, bobcat, cat"}));
+    page.list->reload(QStringLiteral("nothing like it"));
+    QCOMPARE(shownChips(page.list).join(QString()), QString());
+    page.list->reload(QString());
+    QCOMPARE(shownChips(page.list), QStringList({"B: bobcat", "C: Category, cat", "D: dog"}));
+    page.list->reload(QStringLiteral("dog"));
+    QCOMPARE(shownChips(page.list), QStringList({": dog"}));
+}
+
+void TagGroupListViewTest::resultsFollowTheHost()
+{
+    InstalledHost host({"cat", "dog"});
+    const Page page(host);
+    QSignalSpy empty(page.list, &VLTagGroupListView::signalEmpty);
+    page.list->reload(QStringLiteral("cat"));
+    host.addTags(QStringList{"cats", "mouse"});
+    QCOMPARE(shownChips(page.list), QStringList({": cat, cats"}));
+    host.renameTag(host.tagId("cats"), "cattle");
+    QCOMPARE(shownChips(page.list), QStringList({": cat, cattle"}));
+    host.removeTags({host.tagId("dog")});
+    QCOMPARE(empty.count(), 0);
+    host.removeTags({host.tagId("cat")});
+    QCOMPARE(shownChips(page.list), QStringList({": cattle"}));
+    page.list->reload(QString());
+    QCOMPARE(shownChips(page.list), QStringList({"C: cattle", "M: mouse"}));
+}
+
+void TagGroupListViewTest::providerCanBeReplaced()
+{
+    InstalledHost host({"apple", "bee", "cat"});
+    const qint64 group = host.addGroup(QStringLiteral("group"));
+    host.addTagsToGroups({group}, {host.tagId("bee")});
+    const Page page(host);
+    page.list->setDataProvider(host.group(group));
+    QCOMPARE(shownChips(page.list), QStringList({"B: bee"}));
+    host.addTag(QStringLiteral("not in the group"));
+    QCOMPARE(shownChips(page.list), QStringList({"B: bee"}));
+    page.list->setDataProvider({});
+    QVERIFY(shownChips(page.list).isEmpty());
+    host.addTagsToGroups({group}, {host.tagId("cat")});
+    page.list->slotAddTagsCallBack({1});
+    page.list->slotTagUpdateNoMatch({1});
+    QVERIFY(shownChips(page.list).isEmpty());
+}
+
+void TagGroupListViewTest::unknownIdsAndNullRecordsAreIgnored()
+{
+    InstalledHost host({"apple", "bee"});
+    const Page page(host);
+    const auto all = host.group(MemoryHost::AllTags);
+    emit all->signalAddTags({-7, 0, 999, 1, 1});
+    emit all->signalRemoveTags({-7, 0, 999});
+    host.tag(1)->dropRecord();
+    emit host.tag(1)->signalUpdated();
+    page.list->slotTagUpdateNoMatch({999});
+    page.list->slotUiRemoveTagListView();
+    QCOMPARE(shownChips(page.list), QStringList({"A: apple", "B: bee"}));
+}
+
+void TagGroupListViewTest::anotherOrderOfFillingGivesTheSamePixels()
+{
+    QRandomGenerator random(3);
+    QStringList tagNames;
+    for (int i = 0; i < 1000; ++i)
+        tagNames.append(QString(QChar('a' + random.bounded(26))) + QString::number(random.bounded(1000000)));
+    InstalledHost bulkHost(tagNames);
+    const Page bulk(bulkHost);
+    QTRY_VERIFY(standInAColumn(bulk.list));
+    const QImage expected = bulk.list->grab().toImage();
+    InstalledHost singleHost;
+    const Page single(singleHost);
+    for (const QString& name : qAsConst(tagNames))
+        singleHost.addTag(name);
+    QTRY_VERIFY(standInAColumn(single.list));
+    QTRY_COMPARE(single.list->size(), bulk.list->size());
+    QCOMPARE(single.list->grab().toImage(), expected);
+}
+
+void TagGroupListViewTest::manySectionsComeAndGo()
+{
+    QStringList tagNames;
+    for (ushort unit = 0xAC00; unit < 0xAC00 + 300; ++unit)
+        tagNames.append(QString(QChar(unit)));
+    InstalledHost host;
+    const Page page(host);
+    const QVector<qint64> ids = host.addTags(tagNames);
+    QCOMPARE(page.list->layout()->count(), tagNames.size());
+    QTRY_VERIFY(standInAColumn(page.list));
+    host.removeTags(ids.mid(10, 280));
+    QCOMPARE(page.list->layout()->count(), 20);
+    QCOMPARE(page.list->findChildren<VLTagListView*>().size(), 20);
+    QTRY_VERIFY(standInAColumn(page.list));
+}
+
+void TagGroupListViewTest::columnsMayBeTallerThanLayoutsAllow()
+{
+    InstalledHost host({"apple", "bee"});
+    const Page page(host);
+    // One chip for each line: 16,000 lines of 38 pixels pass the 524,287 pixels that layouts clamp at.
+    QStringList longNames;
+    for (int i = 0; i < 16000; ++i)
+        longNames.append("cherry " + QString::number(i).rightJustified(60, QLatin1Char('0')));
+    host.addTags(longNames);
+    host.addTag(QStringLiteral("dog"));
+    QTRY_VERIFY(page.list->height() > 16000 * 38);
+    QTRY_VERIFY(standInAColumn(page.list));
+    QCOMPARE(sections(page.list).last()->letter(), QStringLiteral("D"));
+}
+
+void TagGroupListViewTest::sectionMayEmptyItselfInsideItsOwnEvent()
+{
+    InstalledHost host({"apple", "bee"});
+    const Page page(host);
+    connect(page.list, &VLTagGroupListView::signalsCheckoutFile, this,
+            [&host](const QVector<qint64>& ids) { host.removeTags(ids); });
+    QVERIFY(gestures::doubleClickChip(page.list, QStringLiteral("apple")));
+    QCOMPARE(shownChips(page.list), QStringList({"B: bee"}));
+    connect(page.list, &VLTagGroupListView::signalsCheckoutFile, this, [&page] { page.list->setDataProvider({}); });
+    QVERIFY(gestures::doubleClickChip(page.list, QStringLiteral("bee")));
+    QVERIFY(shownChips(page.list).isEmpty());
+}
+
+QTEST_MAIN(TagGroupListViewTest)
+#include "tst_vltaggrouplistview.moc"
