@@ -9,13 +9,15 @@
 
 VLTagMnagerPlugin::VLTagMnagerPlugin(QObject* parent)
     : QObject(parent)
+    , m_state(VLTagManagerSingleton::instance())
 {
     registerTagItemMetaType();
 }
 
 VLTagMnagerPlugin::~VLTagMnagerPlugin()
 {
-    VLTagManagerSingleton::instance()->clear();
+    if (m_state)
+        m_state->clear();
 }
 
 QObject* VLTagMnagerPlugin::pluginObject()

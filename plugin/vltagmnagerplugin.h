@@ -5,7 +5,10 @@
 #include <ivltagmanagerplugin.h>
 
 #include <QObject>
+#include <QPointer>
 #include <QSharedPointer>
+
+class VLTagManagerSingleton;
 
 /// The plug-in's root object, created by Qt's plug-in loader. GUI thread only.
 class VLTagMnagerPlugin : public QObject, public IPlugin, public IVLTagManagerPlugin
@@ -36,4 +39,6 @@ public:
 
 private:
     QSharedPointer<ILibraryDataProvider> m_dataProvider;
+    /// Gone before this object when a host ends without unloading the plug-in.
+    QPointer<VLTagManagerSingleton> m_state;
 };
