@@ -41,8 +41,16 @@ QVector<qint64> readAllFileIds(LibraryDatabase& database)
 
 QVector<qint64> readFileIdsOfTags(LibraryDatabase& database, const QVector<qint64>& tagIds)
 {
-    LibraryStatement select(database, "SELECT id FROM files WHERE id IN (SELECT file_id FROM file_tags WHERE tag_id IN"
-                                      " (SELECT value FROM json_each(?))) ORDER BY path");
+    // A few tags: their files are collected and sorted. Many: each file is asked for its tags, in the order of the
+    // paths; the plus sign keeps SQLite from asking each tag for the file. 1,000,000 files with 100,000 tags took 8 s
+    // the first way.
+    constexpr int ManyTags = 2000;
+    LibraryStatement select(database, tagIds.size() < ManyTags
+                                          ? "SELECT id FROM files WHERE id IN (SELECT file_id FROM file_tags WHERE"
+                                            " tag_id IN (SELECT value FROM json_each(?))) ORDER BY path"
+                                          : "SELECT id FROM files WHERE EXISTS (SELECT 1 FROM file_tags WHERE"
+                                            " file_id = files.id AND +tag_id IN (SELECT value FROM json_each(?)))"
+                                            " ORDER BY path");
     return readIds(select.run(jsonArray(tagIds)));
 }
 

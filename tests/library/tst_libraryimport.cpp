@@ -239,14 +239,17 @@ void TstLibraryImport::queriesForTheFileView()
 void TstLibraryImport::largeBatchIsToldInBulk()
 {
     QVector<ImportedFile> files;
-    for (int i = 0; i < 2000; ++i)
-        files.append(picture("/p/" + QByteArray::number(i), {QStringLiteral("tag %1").arg(i % 1500), "common"}));
+    for (int i = 0; i < 3000; ++i)
+        files.append(picture("/p/" + QByteArray::number(i), {QStringLiteral("tag %1").arg(i % 2500), "common"}));
     const auto all = f->group(-1);
     QSignalSpy added(all.data(), &ITagGroupDataProvider::signalAddTags);
-    QCOMPARE(import(files).tagsCreated, 1501);
+    QCOMPARE(import(files).tagsCreated, 2501);
     QCOMPARE(added.count(), 1);
-    QCOMPARE(added.first().first().value<QVector<qint64>>().size(), 1501);
-    QCOMPARE(all->tagByName("common")->fileCount(1), 2000);
+    QCOMPARE(added.first().first().value<QVector<qint64>>().size(), 2501);
+    QCOMPARE(all->tagByName("common")->fileCount(1), 3000);
+    // So many tags are looked for in another way than a few.
+    QCOMPARE(pathsOf(FileQuery::ofCategories({0})).size(), 3000);
+    QCOMPARE(pathsOf(FileQuery::allFiles()), pathsOf(FileQuery::ofCategories({-1})));
 }
 
 void TstLibraryImport::waitingWorksWithoutAnEventLoopAndFromAnyThread()
