@@ -14,11 +14,17 @@ QByteArray extension(const QByteArray& name)
 
 const QSet<QByteArray>& formatsWithKeywords()
 {
-    static const QSet<QByteArray> formats = {"jpg",  "jpeg", "jpe", "jfif", "png", "tif", "tiff", "webp", "psd",  "psb",
-                                             "eps",  "ps",   "pgf", "jp2",  "jpf", "jpx", "j2k",  "heic", "heif", "hif",
-                                             "avif", "jxl",  "arw", "cr2",  "cr3", "crw", "dng",  "erf",  "exv",  "iiq",
-                                             "kdc",  "mef",  "mos", "mrw",  "nef", "nrw", "orf",  "pef",  "raf",  "raw",
-                                             "rw2",  "rwl",  "sr2", "srf",  "srw", "3fr", "fff",  "dcr"};
+    static const QSet<QByteArray> formats = {
+        "jpg",  "jpeg", "jpe",  "jfif", "png", "tif", "tiff", "webp", "psd", "eps", "pgf", "jp2", "jpf", "jpx", "heic",
+        "heif", "hif",  "avif", "arw",  "cr2", "cr3", "crw",  "dng",  "erf", "exv", "iiq", "kdc", "mef", "mos", "mrw",
+        "nef",  "nrw",  "orf",  "pef",  "raf", "rw2", "rwl",  "sr2",  "srf", "srw", "3fr", "fff", "dcr"};
+    return formats;
+}
+
+// Exiv2 knows some of the things that bear these names.
+const QSet<QByteArray>& formatsOfManyKinds()
+{
+    static const QSet<QByteArray> formats = {"psb", "ps", "j2k", "jxl", "raw"};
     return formats;
 }
 
@@ -35,7 +41,12 @@ const QSet<QByteArray>& formatsWithSidecarsOnly()
 
 bool PictureFormats::isPicture(const QByteArray& name)
 {
-    return formatsWithKeywords().contains(extension(name)) || hasOnlySidecars(name);
+    return formatsWithKeywords().contains(extension(name)) || hasOnlySidecars(name) || mayBeUnknown(name);
+}
+
+bool PictureFormats::mayBeUnknown(const QByteArray& name)
+{
+    return formatsOfManyKinds().contains(extension(name));
 }
 
 bool PictureFormats::hasOnlySidecars(const QByteArray& name)

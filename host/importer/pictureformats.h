@@ -11,6 +11,8 @@ namespace PictureFormats {
 /// A picture or a design file of a format into which no program writes keywords that Exiv2 reads: only its sidecars
 /// count.
 [[nodiscard]] bool hasOnlySidecars(const QByteArray& name);
+/// A picture that is whole and fine even if Exiv2 does not know what it holds.
+[[nodiscard]] bool mayBeUnknown(const QByteArray& name);
 /// A sidecar that holds XMP for a file beside it.
 [[nodiscard]] bool isSidecar(const QByteArray& name);
 

@@ -72,6 +72,8 @@ QStringList readWithExiv2(const QByteArray& path)
 {
     // Opened as a file by us: a name alone could be taken for an address on the network.
     auto image = Exiv2::ImageFactory::open(Exiv2::BasicIo::AutoPtr(new Exiv2::FileIo(path.toStdString())));
+    if (!image.get() && PictureFormats::mayBeUnknown(path))
+        return {};
     if (!image.get())
         throw Exiv2::Error(Exiv2::kerErrorMessage, "The contents are of no known picture format");
     image->readMetadata();
