@@ -96,6 +96,7 @@ bool CTagGroupShowWidgt::removeGroup(qint64 g_id)
     const int row = m_providers.indexOf(tile->provider());
     tile->disconnect(this);
     tile->provider()->disconnect(tile);
+    m_layoutDue = true;
     // Taken out of the view first, which would else keep it; it may be what is reporting right now.
     removeItemWidget(item(row));
     tile->hide();
@@ -113,6 +114,7 @@ void CTagGroupShowWidgt::deselectTiles()
 
 void CTagGroupShowWidgt::doItemsLayout()
 {
+    m_layoutDue = false;
     QListWidget::doItemsLayout();
     setMinimumHeight(qMax(0, contentsSize().height()));
 }
@@ -122,9 +124,19 @@ void CTagGroupShowWidgt::resizeEvent(QResizeEvent* /*event*/)
     doItemsLayout();
 }
 
+void CTagGroupShowWidgt::updateEditorGeometries()
+{
+    // The view would place all tiles again for each row that comes or goes, which takes seconds for a few hundred.
+    if (!m_layoutDue)
+        QListWidget::updateEditorGeometries();
+}
+
 CTagGroupItemWidget* CTagGroupShowWidgt::insertTile(int row, const GroupPointer& provider)
 {
+    m_layoutDue = true;
     auto* tile = new CTagGroupItemWidget(provider, this);
+    // Out of sight until it is laid out.
+    tile->move(-CTagGroupItemWidget::sideLength, -CTagGroupItemWidget::sideLength);
     tile->setFixedSize(CTagGroupItemWidget::sideLength, CTagGroupItemWidget::sideLength);
     auto* item = new QListWidgetItem;
     item->setSizeHint(tile->size());
@@ -176,6 +188,7 @@ void CTagGroupShowWidgt::placeByName(const GroupPointer& provider)
     if (target == row)
         return;
     m_providers.move(row, target);
+    m_layoutDue = true;
     // The model's destination is counted with the row still in its old place.
     model()->moveRow({}, row, {}, target > row ? target + 1 : target);
 }

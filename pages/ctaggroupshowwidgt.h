@@ -53,6 +53,7 @@ signals:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void updateEditorGeometries() override;
 
 private:
     void setUpView();
@@ -68,4 +69,5 @@ private:
     /// The name by which row i was placed; always sorted, whatever the host's names are by now.
     QVector<QString> m_sortNames;
     QHash<qint64, CTagGroupItemWidget*> m_tiles;
+    bool m_layoutDue = false;  ///< Rows came, went or moved, and the next turn of the event loop lays them out.
 };

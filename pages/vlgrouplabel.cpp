@@ -19,13 +19,20 @@ int unitCountAt(const QString& text, int pos)
     return isPair ? 2 : 1;
 }
 
+bool fitsOneLine(const QString& text, const QFontMetrics& metrics)
+{
+    return metrics.boundingRect(text).width() < lineWidthLimit;
+}
+
 QString wrapped(QString text, const QFontMetrics& metrics)
 {
+    if (fitsOneLine(text, metrics))
+        return text;
     int lineStart = 0;
     int lineCount = 1;
     for (int pos = 0; pos < text.size();) {
         const int next = pos + unitCountAt(text, pos);
-        if (metrics.boundingRect(text.mid(lineStart, next - lineStart)).width() < lineWidthLimit) {
+        if (fitsOneLine(text.mid(lineStart, next - lineStart), metrics)) {
             pos = next;
             continue;
         }
