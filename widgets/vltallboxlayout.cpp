@@ -85,6 +85,7 @@ void VLTallBoxLayout::setGeometry(const QRect& rect)
     if (m_placed && rect == geometry())
         return;
     m_placed = true;
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): QBoxLayout would place the items by its own sums.
     QLayout::setGeometry(rect);
     liftClampedLimit();
     const QMargins margins = contentsMargins();
