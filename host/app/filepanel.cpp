@@ -35,9 +35,10 @@ FilePanel::FilePanel(QWidget* parent)
     , m_notice(new ElidedLabel(this))
 {
     setObjectName(QStringLiteral("file_panel"));
+    setAttribute(Qt::WA_StyledBackground);
     setMinimumWidth(narrowestPanel);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, headerTop, 0, 0);
+    layout->setContentsMargins(0, headerTop, 1, 0);
     layout->setSpacing(8);
     setUpHeader();
     setUpBody();
@@ -126,7 +127,8 @@ void FilePanel::applySkin()
 {
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
     const QString sheet =
-        QStringLiteral("ElidedLabel, QLabel { color: %1; font-size: 13px; }"
+        QStringLiteral("#file_panel { border-right: 1px solid %4; }"
+                       "ElidedLabel, QLabel { color: %1; font-size: 13px; }"
                        "QListView { background: transparent; padding-left: 6px; }"
                        "QToolButton { border: 0; border-radius: 4px; }"
                        "QToolButton:hover { background: %2; }"
@@ -134,7 +136,7 @@ void FilePanel::applySkin()
                        "QScrollBar::handle:vertical { background: %3; border-radius: 4px; min-height: 32px; }"
                        "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
                        "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }");
-    setStyleSheet(sheet.arg(skin->GetTextColor(1).name(QColor::HexArgb),
-                            skin->GetTagManagerTagGroupItemBackColor().name(QColor::HexArgb),
-                            skin->GetTreeScrollHandleColor().name(QColor::HexArgb)));
+    setStyleSheet(sheet.arg(
+        skin->GetTextColor(1).name(QColor::HexArgb), skin->GetTagManagerTagGroupItemBackColor().name(QColor::HexArgb),
+        skin->GetTreeScrollHandleColor().name(QColor::HexArgb), skin->GetPopupWinBorderColor().name(QColor::HexArgb)));
 }

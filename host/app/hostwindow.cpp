@@ -24,8 +24,8 @@
 
 namespace {
 
-constexpr QSize smallestSize(760, 480);
-constexpr int smallestTagWindow = 480;  // wide enough for the page buttons and the window buttons beside them
+constexpr QSize smallestSize(800, 480);
+constexpr int smallestTagWindow = 600;  // wide enough for the pages' descriptions
 constexpr int firstPanelWidth = 330;    // two thumbnails side by side
 constexpr QPoint titlePosition(20, 7);
 constexpr int titleHeight = 18;
@@ -122,10 +122,8 @@ void HostWindow::setUpContent(IVLTagManagerPlugin& plugin)
 {
     m_splitter = new QSplitter(contentWidget());
     m_splitter->setChildrenCollapsible(false);
-    m_splitter->setHandleWidth(1);
-    const QString handle = VLSkinSetting::GetInstance()->GetPopupWinBorderColor().name();
-    m_splitter->setObjectName(QStringLiteral("host_splitter"));
-    m_splitter->setStyleSheet(QStringLiteral("#host_splitter::handle { background: %1; }").arg(handle));
+    // The panel paints the line between them; the handle's place for the pointer is wider than the handle.
+    m_splitter->setHandleWidth(0);
     m_files = new FilePanel(m_splitter);
     m_tagWindow = plugin.createTagManagerWidget(m_splitter);
     m_tagWindow->setMinimumWidth(smallestTagWindow);
