@@ -9,7 +9,7 @@
 struct TaggedPicture
 {
     /// One of the project's samples; its own keywords are removed.
-    QByteArray base = "Everyday/Coffee.jpg";
+    QByteArray base = "Travel/Held sideways.jpg";
     QStringList xmp;
     QList<QByteArray> iptc;
     QByteArray characterSet;  ///< Of the IPTC keywords, as declared; none when empty.
