@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ctaggroupitemwidget.h"
 #include "pages/ctaggroupshowwidgt.h"
+#include "pages/vlgrouptagwidget.h"
 #include "taglist/vltaglistview.h"
 #include "tests/support/chipdrag.h"
 #include "tests/support/installedhost.h"
@@ -23,6 +24,7 @@ private slots:
     void addNewTileTakesNothing();
     void badPayloadsAreIgnored();
     void categoryGoesWhileAChipIsOverIt();
+    void fixedTileSendsNoRequest();
 
 private:
     CTagGroupItemWidget* tileAt(int row) const;
@@ -107,6 +109,21 @@ void TestTagGroupDrop::categoryGoesWhileAChipIsOverIt()
     QCOMPARE(m_filed->count(), 0);
     QTRY_VERIFY(!gone);
     QCOMPARE(m_list->count(), 2);
+}
+
+void TestTagGroupDrop::fixedTileSendsNoRequest()
+{
+    VLTagManagerSingleton::instance()->tagManagerProvider();
+    const qint64 id = tileAt(0)->groupId();
+    VLGroupTagWidget page(1, nullptr);
+    page.initialise(m_host->group(MemoryHost::Uncategorized), {m_host->group(id)});
+    for (CTagGroupItemWidget* tile : page.findChildren<CTagGroupItemWidget*>()) {
+        whileDragging(m_chips.get(), [&] {
+            QVERIFY(dragOver(tile, chipPayload(7)));
+            dropOn(tile, chipPayload(7));
+        });
+    }
+    QCOMPARE(m_host->requestTexts(), QStringList{QStringLiteral("addTagsToGroups groups %1 tags 7").arg(id)});
 }
 
 int main(int argc, char* argv[])
