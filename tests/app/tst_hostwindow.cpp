@@ -157,7 +157,7 @@ void TestHostWindow::draggingTheStripMoves()
 
 void TestHostWindow::geometryIsKept()
 {
-    const QRect place(20, 30, 880, 500);
+    const QRect place(20, 30, 800, 500);
     m_window->setGeometry(place);
     m_window->close();
     openWindow();
