@@ -82,12 +82,12 @@ void VLTallBoxLayout::invalidate()
 
 void VLTallBoxLayout::setGeometry(const QRect& rect)
 {
+    liftClampedLimit();
     if (m_placed && rect == geometry())
         return;
     m_placed = true;
     // NOLINTNEXTLINE(bugprone-parent-virtual-call): QBoxLayout would place the items by its own sums.
     QLayout::setGeometry(rect);
-    liftClampedLimit();
     const QMargins margins = contentsMargins();
     placeItems((alignment() ? alignmentRect(rect) : rect).marginsRemoved(margins));
 }

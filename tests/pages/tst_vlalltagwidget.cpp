@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/vltagmodifywidget.h"
 #include "pages/vlalltagwidget.h"
+#include "taglist/vltaggrouplistview.h"
 #include "tests/support/gestures.h"
 #include "tests/support/installedhost.h"
 #include "widgets/vlscrollbar.h"
@@ -78,6 +79,7 @@ class TestAllTagWidget : public QObject
     Q_OBJECT
 
 private slots:
+    void startsAtTheTopHoweverTallItIs();
     void showsTagsByLetterAndCountsThem();
     void counterFollowsTheHost();
     void counterNeverGoesBelowZero();
@@ -91,6 +93,19 @@ private slots:
     void emptyPageIsSafe();
     void pageMayBeDeletedByItsListeners();
 };
+
+void TestAllTagWidget::startsAtTheTopHoweverTallItIs()
+{
+    QStringList names;
+    // One chip for each line: 16,000 lines of 38 pixels pass the 524,287 pixels that layouts clamp at.
+    for (int i = 0; i < 16000; ++i)
+        names.append(QStringLiteral("long name ") + QString::number(i).rightJustified(90, QLatin1Char('0')));
+    const OpenPage open(names);
+    QTRY_VERIFY(open.area()->widget()->height() > 16000 * 38);
+    const auto* list = open.page->findChild<VLTagGroupListView*>();
+    QTRY_COMPARE(list->geometry().top(), 16);
+    QCOMPARE(list->geometry().bottom(), open.area()->widget()->rect().bottom());
+}
 
 void TestAllTagWidget::showsTagsByLetterAndCountsThem()
 {
