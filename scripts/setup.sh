@@ -21,7 +21,7 @@ build|libqt5sql5-sqlite|Qt's SQLite driver, for the library file
 build|libexiv2-dev|reads keywords that are embedded in pictures
 build|qt5-image-formats-plugins|thumbnails of WebP, TIFF and other pictures
 build|fonts-noto-core|letters of most scripts, for tag names
-build|fonts-noto-cjk|Chinese, Japanese and Korean letters
+build|fonts-wqy-microhei|Chinese, Japanese and Korean letters; of Noto's, Qt 5 falls back to the bold face
 build|fonts-noto-color-emoji|emoji
 test|git|lists the files that the project holds
 test|qttools5-dev-tools|qtplugininfo reads the plug-in's metadata
