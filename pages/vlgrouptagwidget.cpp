@@ -165,6 +165,7 @@ QLayout* VLGroupTagWidget::makeTagHalf()
                                    QStringLiteral("tag_group_tag_scroll_widget"), {10, 0, 0, 0}));
     m_contentLayout->setSizeConstraint(QLayout::SetMinimumSize);
     m_letterList = makeList(true);
+    m_letterList->setReadWhenShown();
     keepContent(QStringLiteral("letters"), m_letterList);
     return half;
 }

@@ -101,12 +101,16 @@ void VLTagGroupListView::connectMenu()
     });
     connect(m_menu, &TagContextMenu::colorChosen, this, &VLTagGroupListView::setMenuTagColor);
     connect(m_menu, &TagContextMenu::deleteChosen, this, [this] {
+        const QPointer<VLTagGroupListView> self(this);
         trackMenu(QStringLiteral("Delete Tag"));
-        slotDelTag(m_menuTagId);
+        if (self)
+            slotDelTag(m_menuTagId);
     });
     connect(m_menu, &TagContextMenu::detachChosen, this, [this] {
+        const QPointer<VLTagGroupListView> self(this);
         trackMenu(QStringLiteral("Remove the Tag from the Category"));
-        slotDetachTag(m_menuTagId);
+        if (self)
+            slotDetachTag(m_menuTagId);
     });
 }
 
@@ -114,7 +118,15 @@ void VLTagGroupListView::setDataProvider(const QSharedPointer<ITagGroupDataProvi
 {
     m_shown = Shown::Letters;
     replaceProvider(provider);
-    load({});
+    if (m_readWhenShown && !isVisible())
+        m_readPending = true;
+    else
+        load({});
+}
+
+void VLTagGroupListView::setReadWhenShown()
+{
+    m_readWhenShown = true;
 }
 
 void VLTagGroupListView::setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider)
@@ -137,7 +149,10 @@ void VLTagGroupListView::replaceProvider(const QSharedPointer<ITagGroupDataProvi
                 &VLTagGroupListView::slotRemoveTagsCallBack);
     }
     m_menu->close();
-    m_menu->arrange(m_provider && m_provider->groupId() > favoritesGroupId);
+    const QPointer<VLTagGroupListView> self(this);
+    const bool inCategory = next && next->groupId() > favoritesGroupId;
+    if (self && m_provider == next)
+        m_menu->arrange(inCategory);
 }
 
 void VLTagGroupListView::reload(const QString& filter)
@@ -148,6 +163,7 @@ void VLTagGroupListView::reload(const QString& filter)
 
 void VLTagGroupListView::clear()
 {
+    m_readPending = false;
     m_sections.clear();
     m_filter.clear();
     if (!m_results)
@@ -160,34 +176,40 @@ void VLTagGroupListView::clear()
 void VLTagGroupListView::load(const QString& filter)
 {
     m_filter = filter;
-    if (!m_provider || (filter.isEmpty() && m_shown == Shown::Results))
+    const auto provider = m_provider;
+    if (!provider || (filter.isEmpty() && m_shown == Shown::Results))
         return;
+    const QPointer<VLTagGroupListView> self(this);
     TagProviders providers;
-    if (m_provider->tags(&providers) == 0 || providers.isEmpty())
+    if (provider->tags(&providers) == 0)
         return;
-    if (filter.isEmpty())
-        m_sections.add(readTagItems(providers));
-    else
-        showResults(providers);
+    const QVector<TagItem> items = readTagItems(providers);
+    // From inside the reading the host may have made the list show something else, or closed the window.
+    if (self && m_provider == provider && m_filter == filter)
+        show(items);
 }
 
-void VLTagGroupListView::showResults(const TagProviders& providers)
+/// In letter sections, or as results of the search as far as their names contain the filter.
+void VLTagGroupListView::show(QVector<TagItem> items)
+{
+    if (m_filter.isEmpty()) {
+        if (m_shown == Shown::Letters)
+            m_sections.add(items);
+        return;
+    }
+    const auto differs = [this](const TagItem& item) { return !item.name.contains(m_filter, Qt::CaseInsensitive); };
+    items.erase(std::remove_if(items.begin(), items.end(), differs), items.end());
+    showResults(items);
+}
+
+void VLTagGroupListView::showResults(const QVector<TagItem>& items)
 {
     if (!m_results)
         m_results = makeResultList();
     m_results->setSearchText(m_filter);
-    m_results->addTags(matching(providers));
+    m_results->addTags(items);
     m_layout->addWidget(m_results);
     m_results->show();
-}
-
-/// The tags whose names contain the filter.
-QVector<TagItem> VLTagGroupListView::matching(const TagProviders& providers) const
-{
-    QVector<TagItem> items = readTagItems(providers);
-    const auto differs = [this](const TagItem& item) { return !item.name.contains(m_filter, Qt::CaseInsensitive); };
-    items.erase(std::remove_if(items.begin(), items.end(), differs), items.end());
-    return items;
 }
 
 VLTagListView* VLTagGroupListView::makeResultList()
@@ -238,6 +260,18 @@ void VLTagGroupListView::slotAddTagsCallBack(QVector<qint64> tag_ids)
     if (!m_provider || tag_ids.isEmpty())
         return;
     const QPointer<VLTagGroupListView> self(this);
+    if (!m_readPending)
+        showAdded(tag_ids);
+    if (!self)
+        return;
+    emit signalAddTag(tag_ids.size());
+    if (self)
+        emit signalClosePopup();
+}
+
+void VLTagGroupListView::showAdded(const QVector<qint64>& tag_ids)
+{
+    const QPointer<VLTagGroupListView> self(this);
     TagProviders providers;
     m_provider->tagsByIds(tag_ids, &providers);
     if (!self)
@@ -246,9 +280,6 @@ void VLTagGroupListView::slotAddTagsCallBack(QVector<qint64> tag_ids)
         m_sections.add(readTagItems(providers));
     else if (!m_filter.isEmpty())
         showResults(providers);
-    emit signalAddTag(tag_ids.size());
-    if (self)
-        emit signalClosePopup();
 }
 
 void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)
@@ -268,15 +299,17 @@ void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)
 
 void VLTagGroupListView::slotTagUpdateNoMatch(QVector<qint64> tag_ids)
 {
-    if (!m_provider || tag_ids.isEmpty())
+    const auto provider = m_provider;
+    if (!provider || tag_ids.isEmpty())
         return;
     const QPointer<VLTagGroupListView> self(this);
     TagProviders providers;
-    m_provider->tagsByIds(tag_ids, &providers);
-    if (!self)
+    provider->tagsByIds(tag_ids, &providers);
+    const QVector<TagItem> items = readTagItems(providers);
+    if (!self || m_provider != provider)
         return;
     m_sections.forget(tag_ids);
-    m_sections.add(readTagItems(providers));
+    m_sections.add(items);
 }
 
 void VLTagGroupListView::slotUiRemoveTagListView()
@@ -299,15 +332,15 @@ void VLTagGroupListView::slotPopMenu(qint64 tag_id, QString name)
 {
     m_menuTagId = tag_id;
     m_menuTagName = name;
-    int colorIndex = -1;
+    const QPointer<VLTagGroupListView> self(this);
     TagProviders providers;
-    if (m_provider)
-        m_provider->tagsByIds({tag_id}, &providers);
-    if (const auto provider = providers.value(tag_id)) {
-        if (const auto info = provider->tagInfo())
-            colorIndex = info->colorIndex();
-    }
-    m_menu->open(VLTagManagerSingleton::instance()->isFavoriteTag(tag_id), colorIndex);
+    if (const auto group = m_provider)
+        group->tagsByIds({tag_id}, &providers);
+    const auto provider = providers.value(tag_id);
+    const auto info = provider ? provider->tagInfo() : nullptr;
+    const bool isFavorite = VLTagManagerSingleton::instance()->isFavoriteTag(tag_id);
+    if (self)
+        m_menu->open(isFavorite, info ? info->colorIndex() : -1);
 }
 
 void VLTagGroupListView::viewMenuTagFiles()
@@ -330,8 +363,11 @@ void VLTagGroupListView::slotAddTag()
 {
     auto* dialog = new VLTagModifyWidget(VLTagModifyWidget::CreateTag, this);
     connect(dialog, &VLTagModifyWidget::signCreateTag, this, [this](const QString& name) {
+        const QPointer<VLTagGroupListView> self(this);
         VlEventTrack::GetInstance()->CreateTag(createdFromTagManager, name);
-        m_requests.createTag(name, [self = QPointer<VLTagGroupListView>(this)] {
+        if (!self)
+            return;
+        m_requests.createTag(name, [self] {
             if (self)
                 emit self->signalClosePopup();
         });
@@ -352,7 +388,11 @@ void VLTagGroupListView::slotRenameTag(qint64 tag_id)
 
 void VLTagGroupListView::slotSetCommonTag(qint64 tag_id)
 {
-    if (VLTagManagerSingleton::instance()->isFavoriteTag(tag_id))
+    const QPointer<VLTagGroupListView> self(this);
+    const bool isFavorite = VLTagManagerSingleton::instance()->isFavoriteTag(tag_id);
+    if (!self)
+        return;
+    if (isFavorite)
         m_requests.removeFromFavorites(tag_id);
     else
         m_requests.addToFavorites(tag_id);
@@ -370,14 +410,15 @@ void VLTagGroupListView::slotSetTagColor(qint64 tag_id, int color_index)
 
 void VLTagGroupListView::slotDelTag(qint64 tag_id)
 {
+    const QPointer<VLTagGroupListView> self(this);
     const auto tag = VLTagManagerSingleton::instance()->tagProvider(tag_id);
-    if (!tag)
+    const QString name = tag ? tag->name() : QString();
+    const int fileCount = tag ? tag->fileCount(1) : 0;
+    if (!tag || !self)
         return;
     const QString question = tr(
         "The Tag<font color='%1'> %2 </font>is associated with<font color='%3'> %4 </font>files，Are you sure you want "
         "to delete it?<font style='font-size:12px' color='%5'> (The files will not be deleted.) </font>");
-    const QString name = tag->name();
-    const int fileCount = tag->fileCount(1);
     auto* box = new VLMessageBox(window());
     connect(box, &VLMessageBox::signalResult, this, [this, tag_id](VLMessageBox::ReturnValue answer) {
         if (answer == VLMessageBox::Confirm)
@@ -390,14 +431,29 @@ void VLTagGroupListView::slotDelTag(qint64 tag_id)
 
 void VLTagGroupListView::slotDetachTag(qint64 tag_id)
 {
-    if (m_provider)
-        m_requests.removeFromGroup(m_provider->groupId(), tag_id);
+    const QPointer<VLTagGroupListView> self(this);
+    const auto group = m_provider;
+    const qint64 groupId = group ? group->groupId() : 0;
+    if (group && self)
+        m_requests.removeFromGroup(groupId, tag_id);
+}
+
+void VLTagGroupListView::showEvent(QShowEvent* event)
+{
+    if (m_readPending) {
+        m_readPending = false;
+        load({});
+    }
+    QScrollArea::showEvent(event);
 }
 
 void VLTagGroupListView::slotAddGroupAction(qint64 g_id)
 {
-    if (const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id))
-        m_menu->groupList()->slotAddItem(g_id, group->groupName());
+    const QPointer<VLTagGroupListView> self(this);
+    const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);
+    const QString name = group ? group->groupName() : QString();
+    if (group && self)
+        m_menu->groupList()->slotAddItem(g_id, name);
 }
 
 void VLTagGroupListView::slotRemoveGroupAction(qint64 g_id)
@@ -409,6 +465,9 @@ void VLTagGroupListView::slotUpdateGroupAction(qint64 g_id)
 {
     if (g_id <= favoritesGroupId)
         return;
-    if (const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id))
-        m_menu->groupList()->slotUpdateItem(g_id, group->groupName());
+    const QPointer<VLTagGroupListView> self(this);
+    const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);
+    const QString name = group ? group->groupName() : QString();
+    if (group && self)
+        m_menu->groupList()->slotUpdateItem(g_id, name);
 }

@@ -33,6 +33,9 @@ public:
     /// Shows the tags of \a provider from now on and follows its signals; null shows nothing.
     /// Linear in the number of tags.
     void setDataProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
+    /// From now on the tags of a provider are read when the view is shown, not while it is hidden: for a list on a page
+    /// that a person may never open.
+    void setReadWhenShown();
     /// As setDataProvider(), but reads no tag until reload() is called with a filter: for a list of search results.
     void setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
     /// Shows the tags whose names contain \a filter, compared without case, as one list sorted by closeness to it; with
@@ -71,6 +74,9 @@ public slots:
     void slotTagProviderUpdate();
     void slotDetachTag(qint64 tag_id);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     /// What the list is there for.
     enum class Shown
@@ -84,8 +90,9 @@ private:
     void replaceProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
     void clear();
     void load(const QString& filter);
-    void showResults(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers);
-    [[nodiscard]] QVector<TagItem> matching(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers) const;
+    void showAdded(const QVector<qint64>& tag_ids);
+    void show(QVector<TagItem> items);
+    void showResults(const QVector<TagItem>& items);
     VLTagListView* makeResultList();
     VLTagListView* makeSection(const QString& letter, const QVector<TagItem>& items);
     void configureList(VLTagListView* list);
@@ -103,5 +110,7 @@ private:
     TagRequests m_requests;
     QString m_filter;
     Shown m_shown = Shown::Letters;
+    bool m_readWhenShown = false;
+    bool m_readPending = false;  ///< The provider's tags are still to be read.
     bool m_drag;
 };
