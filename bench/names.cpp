@@ -2,6 +2,7 @@
 #include "bench/names.h"
 
 #include <QSet>
+#include <QTextCodec>
 
 #include <random>
 
@@ -37,14 +38,30 @@ constexpr char wordList[] =
     "village vintage violet violin vision volcano walnut wall water watercolor wave wedding west wheat white wild "
     "willow wind window wine winter wire wolf wood wool workshop yacht yard yellow young zebra zen zinc zone";
 
-constexpr ushort firstHan = 0x4E00;
-constexpr ushort lastHan = 0x9FA5;
+/// The 3,755 Chinese characters that people use most, the first level of GB 2312.
+QString commonHan()
+{
+    constexpr int firstRow = 0xB0;
+    constexpr int lastRow = 0xD7;
+    constexpr int firstCell = 0xA1;
+    constexpr int lastCell = 0xFE;
+    constexpr int characterCount = 3755;
+    QByteArray codes;
+    for (int row = firstRow; row <= lastRow; ++row) {
+        for (int cell = firstCell; cell <= lastCell; ++cell) {
+            codes.append(static_cast<char>(row));
+            codes.append(static_cast<char>(cell));
+        }
+    }
+    return QTextCodec::codecForName("GB18030")->toUnicode(codes).left(characterCount);
+}
 
 class NameMaker
 {
 public:
     explicit NameMaker(unsigned seed)
         : m_words(QString::fromLatin1(wordList).split(QLatin1Char(' ')))
+        , m_han(commonHan())
         , m_random(seed)
     {
     }
@@ -82,7 +99,7 @@ private:
     {
         QString name;
         for (int length = 2 + below(3); length > 0; --length)
-            name += QChar(firstHan + below(lastHan - firstHan + 1));
+            name += m_han.at(below(m_han.size()));
         return name;
     }
 
@@ -107,6 +124,7 @@ private:
     }
 
     QStringList m_words;
+    QString m_han;
     std::mt19937 m_random;
 };
 

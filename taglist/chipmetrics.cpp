@@ -14,6 +14,10 @@ constexpr int unknown = -1;
 constexpr ushort firstAscii = 0x20;
 constexpr ushort lastAscii = 0x7E;
 constexpr int asciiCount = lastAscii - firstAscii + 1;
+// Letters of the Latin-1 supplement and of Latin Extended-A and B.
+constexpr ushort firstAccented = 0xC0;
+constexpr ushort lastAccented = 0x24F;
+constexpr int latinCount = asciiCount + lastAccented - firstAccented + 1;
 
 // Han and Hangul in one table; what lies between the two blocks is never asked for.
 constexpr ushort firstHan = 0x4E00;
@@ -21,19 +25,28 @@ constexpr ushort lastHan = 0x9FFF;
 constexpr ushort firstHangul = 0xAC00;
 constexpr ushort lastHangul = 0xD7A3;
 
-bool isAscii(QChar character)
+/// The place of a Latin character in the table of pairs, or -1 for another character.
+int latinIndex(QChar character)
 {
-    return character.unicode() >= firstAscii && character.unicode() <= lastAscii;
+    const ushort unit = character.unicode();
+    if (unit >= firstAscii && unit <= lastAscii)
+        return unit - firstAscii;
+    if (unit >= firstAccented && unit <= lastAccented)
+        return asciiCount + unit - firstAccented;
+    return -1;
 }
 
-bool isHan(QChar character)
+bool isWide(QChar character)
 {
-    return character.unicode() >= firstHan && character.unicode() <= lastHan;
+    const ushort unit = character.unicode();
+    return (unit >= firstHan && unit <= lastHan) || (unit >= firstHangul && unit <= lastHangul);
 }
 
-bool isHangul(QChar character)
+/// Pictures that take no part in sequences by themselves; skin tones and flags do.
+bool isEmoji(uint character)
 {
-    return character.unicode() >= firstHangul && character.unicode() <= lastHangul;
+    return (character >= 0x1F300 && character <= 0x1F3FA) || (character >= 0x1F400 && character <= 0x1F64F) ||
+           (character >= 0x1F680 && character <= 0x1F6FF) || (character >= 0x1F900 && character <= 0x1F9FF);
 }
 
 int toUnits(qreal pixels)
@@ -52,12 +65,11 @@ ChipMetrics::ChipMetrics(const QFont& font)
     : m_font(font)
     , m_metrics(font)
     , m_exactMetrics(font)
-    , m_asciiPairs(asciiCount * asciiCount, unknown)
+    , m_latinPairs(latinCount * latinCount, unknown)
+    , m_latinAdvances(latinCount, unknown)
     , m_wideAdvances(lastHangul - firstHan + 1, unknown)
 {
-    const auto pairsExplain = [this](const QString& letters) {
-        return asciiWidth(letters) == toUnits(m_exactMetrics.horizontalAdvance(letters));
-    };
+    const auto pairsExplain = [this](const QString& letters) { return sumOfAdvances(letters) == shapedWidth(letters); };
     m_pairsAreExact = pairsExplain(QStringLiteral("ffi")) && pairsExplain(QStringLiteral("ffl")) &&
                       pairsExplain(QStringLiteral("fff"));
 }
@@ -80,17 +92,9 @@ QFont ChipMetrics::chipFont()
 
 int ChipMetrics::textWidth(const QString& text)
 {
-    if (text.isEmpty())
-        return 0;
-    if (std::all_of(text.cbegin(), text.cend(), isAscii) && (m_pairsAreExact || !text.contains(QLatin1String("ff"))))
-        return toPixels(asciiWidth(text));
-    if (std::all_of(text.cbegin(), text.cend(), isHan) || std::all_of(text.cbegin(), text.cend(), isHangul)) {
-        int units = 0;
-        for (const QChar character : text)
-            units += wideCharacterAdvance(character);
-        return toPixels(units);
-    }
-    return m_metrics.horizontalAdvance(text);
+    const bool mayJoinLetters = !m_pairsAreExact && text.contains(QLatin1String("ff"));
+    const std::optional<int> sum = mayJoinLetters ? std::nullopt : sumOfAdvances(text);
+    return sum ? toPixels(*sum) : m_metrics.horizontalAdvance(text);
 }
 
 QSize ChipMetrics::chipSize(const QString& name, int fileCount, ChipLook look)
@@ -107,26 +111,73 @@ QSize ChipMetrics::chipSize(const QString& name, int fileCount, ChipLook look)
     return size;
 }
 
-/// Width of a text of printable ASCII, in 1/64 pixel.
-int ChipMetrics::asciiWidth(const QString& text)
+/// Width in 1/64 pixel of a text in Latin and emoji, or in Han and Hangul; nothing for another text. In a text of both,
+/// digits and spaces may come from either font.
+std::optional<int> ChipMetrics::sumOfAdvances(const QString& text)
 {
+    if (!text.isEmpty() && isWide(text.at(0)))
+        return sumOfWideAdvances(text);
     int units = 0;
-    const int last = text.size() - 1;
-    for (int i = 0; i < last; ++i) {
-        int& advance = m_asciiPairs[(text[i].unicode() - firstAscii) * asciiCount + text[i + 1].unicode() - firstAscii];
-        if (advance == unknown)
-            advance = toUnits(m_exactMetrics.horizontalAdvance(text.mid(i, 2))) -
-                      toUnits(m_exactMetrics.horizontalAdvance(text.mid(i + 1, 1)));
-        units += advance;
+    const int length = text.size();
+    for (int i = 0; i < length; ++i) {
+        const int latin = latinIndex(text.at(i));
+        if (latin >= 0)
+            units += latinAdvance(latin, i + 1 < length ? latinIndex(text.at(i + 1)) : -1, text.midRef(i, 2));
+        else if (const int advance = i + 1 < length ? emojiAdvance(text.midRef(i++, 2)) : unknown; advance != unknown)
+            units += advance;
+        else
+            return std::nullopt;
     }
-    return units + toUnits(m_exactMetrics.horizontalAdvance(text.mid(last)));
+    return units;
+}
+
+std::optional<int> ChipMetrics::sumOfWideAdvances(const QString& text)
+{
+    if (!std::all_of(text.cbegin(), text.cend(), isWide))
+        return std::nullopt;
+    int units = 0;
+    for (const QChar character : text)
+        units += wideAdvance(character);
+    return units;
+}
+
+/// Advance of the first character of \a pair, in 1/64 pixel; \a next is -1 when the second one is not Latin.
+int ChipMetrics::latinAdvance(int index, int next, const QStringRef& pair)
+{
+    int& single = m_latinAdvances[index];
+    if (single == unknown)
+        single = shapedWidth(pair.left(1).toString());
+    if (next < 0)
+        return single;
+    int& advance = m_latinPairs[index * latinCount + next];
+    if (advance == unknown)
+        advance = shapedWidth(pair.toString()) - latinAdvance(next, -1, pair.mid(1));
+    return advance;
 }
 
 /// Advance of a Han or Hangul character, in 1/64 pixel.
-int ChipMetrics::wideCharacterAdvance(QChar character)
+int ChipMetrics::wideAdvance(QChar character)
 {
     int& advance = m_wideAdvances[character.unicode() - firstHan];
     if (advance == unknown)
-        advance = toUnits(m_exactMetrics.horizontalAdvance(QString(character)));
+        advance = shapedWidth(QString(character));
     return advance;
+}
+
+/// Advance of an emoji, in 1/64 pixel; unknown for another pair of code units.
+int ChipMetrics::emojiAdvance(const QStringRef& pair)
+{
+    if (!pair.at(0).isHighSurrogate() || !pair.at(1).isLowSurrogate())
+        return unknown;
+    const uint character = QChar::surrogateToUcs4(pair.at(0), pair.at(1));
+    if (!isEmoji(character))
+        return unknown;
+    const auto found = m_emojiAdvances.constFind(character);
+    return found != m_emojiAdvances.cend() ? *found : *m_emojiAdvances.insert(character, shapedWidth(pair.toString()));
+}
+
+/// Width of a text as the text engine gives it, in 1/64 pixel.
+int ChipMetrics::shapedWidth(const QString& text) const
+{
+    return toUnits(m_exactMetrics.horizontalAdvance(text));
 }

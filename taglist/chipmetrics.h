@@ -8,6 +8,7 @@
 #include <QSize>
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 /// What a list shows of each chip.
@@ -20,8 +21,9 @@ struct ChipLook
 /// Measures chips. All lengths are logical pixels.
 ///
 /// Text widths are those of QFontMetrics::horizontalAdvance(), to the pixel, but shaping is spared where it cannot
-/// matter: for ASCII the advances and kerning of pairs are summed in 1/64 pixel, the unit of the text engine, and
-/// rounded once; Han and Hangul characters have their advances cached; every other text is shaped. GUI thread only.
+/// matter: advances of Latin characters with the kerning of pairs, of Han and Hangul characters and of single emoji are
+/// kept, summed in 1/64 pixel, the unit of the text engine, and rounded once; every other text is shaped.
+/// GUI thread only.
 class ChipMetrics
 {
 public:
@@ -46,13 +48,20 @@ public:
     QSize chipSize(const QString& name, int fileCount, ChipLook look);
 
 private:
-    int asciiWidth(const QString& text);
-    int wideCharacterAdvance(QChar character);
+    std::optional<int> sumOfAdvances(const QString& text);
+    std::optional<int> sumOfWideAdvances(const QString& text);
+    int latinAdvance(int index, int next, const QStringRef& pair);
+    int wideAdvance(QChar character);
+    int emojiAdvance(const QStringRef& pair);
+    [[nodiscard]] int shapedWidth(const QString& text) const;
 
     QFont m_font;
     QFontMetrics m_metrics;
     QFontMetricsF m_exactMetrics;
-    std::vector<int> m_asciiPairs;    ///< Advance of the first character when the second follows, in 1/64 pixel.
-    std::vector<int> m_wideAdvances;  ///< Of the characters from U+4E00 to U+D7A3, in 1/64 pixel.
-    bool m_pairsAreExact = false;     ///< The font joins no three characters into one glyph.
+    // All advances in 1/64 pixel.
+    std::vector<int> m_latinPairs;     ///< Of the first character when the second follows.
+    std::vector<int> m_latinAdvances;  ///< Of characters with nothing behind them.
+    std::vector<int> m_wideAdvances;   ///< Of the characters from U+4E00 to U+D7A3.
+    QHash<uint, int> m_emojiAdvances;
+    bool m_pairsAreExact = false;  ///< The font joins no three characters into one glyph.
 };

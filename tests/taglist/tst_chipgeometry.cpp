@@ -76,9 +76,10 @@ ChipFlow makeFlow(const std::vector<int>& widths, int availableWidth)
 
 QString randomName(QRandomGenerator& random)
 {
-    static const QStringList words{"office", "affluent", "AVATAR",  "To",    "Wave", "winter", "fluffy",
-                                   "ffi",    "Yes, we",  "é",       "naïve", "中文", "风景",   "한국",
-                                   "مرحبا",  "😀",        "e\u0301", "日本",  "ねこ", "1,234.5"};
+    static const QStringList words{"office", "affluent", "AVATAR",  "To",     "Wave", "winter",   "fluffy",
+                                   "ffi",    "Yes, we",  "é",       "naïve",  "中文", "风景",     "한국",
+                                   "مرحبا",  "😀",        "e\u0301", "日本",   "ねこ", "1,234.5",  "Ávila",
+                                   "ÝÄ",     "façade",   "🌲 Tree",  "Team 🎨", "🏽", "👨\u200d👩", "项目 2024"};
     QString name = words.at(random.bounded(words.size()));
     if (random.bounded(2))
         name += ' ' + words.at(random.bounded(words.size()));
