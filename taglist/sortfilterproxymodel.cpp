@@ -32,7 +32,8 @@ void SortFilterProxyModel::setSearchText(const QString& text)
 
 bool SortFilterProxyModel::comesBefore(const QString& left, const QString& right) const
 {
-    if (m_sortBySearch) {
+    // Every name is equally close to no text at all.
+    if (m_sortBySearch && !m_searchText.isEmpty()) {
         const int leftCloseness = closeness(left);
         const int rightCloseness = closeness(right);
         if (leftCloseness != rightCloseness)
