@@ -33,8 +33,8 @@ public:
     /// Shows the tags of \a provider from now on and follows its signals; null shows nothing.
     /// Linear in the number of tags.
     void setDataProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
-    /// From now on the tags of a provider are read when the view is shown, not while it is hidden: for a list on a page
-    /// that a person may never open.
+    /// From now on the tags of a provider, when they are many, are read when the view is shown, not while it is hidden:
+    /// for a list on a page that a person may never open.
     void setReadWhenShown();
     /// As setDataProvider(), but reads no tag until reload() is called with a filter: for a list of search results.
     void setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
