@@ -74,7 +74,7 @@ build() {
     fi
 }
 
-# The pictures of the project keep their library in the build folder, so that a clone stays clean.
+# Without a folder it is the sample pictures. Their library is kept in the build folder, so that a clone stays clean.
 name_what_opens() {
     what=$folder
     if [[ -z $folder ]]; then
@@ -88,15 +88,19 @@ has_display() {
     [[ -n ${DISPLAY:-} || -n ${WAYLAND_DISPLAY:-} ]]
 }
 
-# True when vellum ends by itself with what it was asked for, so that there is no window to show.
+# True when vellum answers on the command line, so that there is no window to show.
 ends_without_window() {
     local option
     for option in ${options[@]+"${options[@]}"}; do
         case $option in
-        -h | --help | --help-all | -v | --version | --import | --import=* | --list | --list=* | --screenshot | --screenshot=*) return 0 ;;
+        -h | --help | -v | --version | --import | --import=* | --list | --list=*) return 0 ;;
         esac
     done
     return 1
+}
+
+renders_a_picture() {
+    [[ " ${options[*]-} " == *' --screenshot'[\ =]* ]]
 }
 
 main() {
@@ -104,22 +108,23 @@ main() {
     check_folder
     "$root/scripts/setup.sh" build
     build
-    name_what_opens
 
     local vellum=$root/build/bin/vellum
     if ends_without_window; then
+        exec "$vellum" "${options[@]}" ${folder:+"$folder"}
+    fi
+    name_what_opens
+    if renders_a_picture; then
         has_display || export QT_QPA_PLATFORM=offscreen
-        exec "$vellum" "${options[@]}" "$folder"
+        "$vellum" "${options[@]}" "$folder"
+        printf 'run: built, and rendered the window with %s\n' "$what"
     elif has_display; then
         printf 'run: opening %s\n' "$what"
-        local status=0
-        "$vellum" ${options[@]+"${options[@]}"} "$folder" || status=$?
-        [[ $status -eq 0 ]] || fail "vellum ended with status $status"
+        "$vellum" ${options[@]+"${options[@]}"} "$folder"
         printf 'run: built, opened %s, and closed again\n' "$what"
     else
-        printf 'run: there is no display\n'
         QT_QPA_PLATFORM=offscreen "$vellum" --screenshot "$root/build/vellum.png" ${options[@]+"${options[@]}"} "$folder"
-        printf 'run: built, and rendered the window with %s to build/vellum.png\n' "$what"
+        printf 'run: there is no display; built, and rendered the window with %s to build/vellum.png\n' "$what"
     fi
 }
 

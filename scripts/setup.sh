@@ -30,10 +30,8 @@ test|xvfb|a display for the tests that need a window system
 test|xauth|access to that display
 test|openbox|a window manager on that display
 test|x11-utils|asks that display about its windows
-test|x11-apps|takes pictures of that display
 test|xdotool|moves the mouse and types on that display
 test|python3|drives the session test
-test|python3-pil|compares pictures of the window
 test|sqlite3|looks into the library file from outside
 test|libsqlite3-dev|lets the tests make the disk below the library fail
 test|libimage-exiftool-perl|reads keywords a second way, to compare with

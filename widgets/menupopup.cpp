@@ -2,8 +2,12 @@
 #include "widgets/menupopup.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
+#include <QHoverEvent>
 #include <QMenu>
+#include <QPointer>
+#include <QSharedPointer>
 
 namespace {
 
@@ -39,6 +43,23 @@ void narrowWideEntries(QMenu* menu)
     }
 }
 
+// While a menu is open, Qt keeps the news that the pointer leaves from the widget below, which would stay highlighted.
+void leaveWidgetBelowWhenClosed(QMenu* menu)
+{
+    const QPointer<QWidget> below = QApplication::widgetAt(QCursor::pos());
+    if (!below)
+        return;
+    const auto connection = QSharedPointer<QMetaObject::Connection>::create();
+    *connection = QObject::connect(menu, &QMenu::aboutToHide, below, [below, connection] {
+        QObject::disconnect(*connection);
+        const QPoint pointer = below->mapFromGlobal(QCursor::pos());
+        if (below->rect().contains(pointer) || !below->testAttribute(Qt::WA_Hover))
+            return;
+        QHoverEvent leave(QEvent::HoverLeave, pointer, pointer);
+        QApplication::sendEvent(below, &leave);
+    });
+}
+
 }  // namespace
 
 void popUpMenuAtCursor(QMenu* menu)
@@ -49,6 +70,7 @@ void popUpMenuAtCursor(QMenu* menu)
     menu->show();
     menu->hide();
     menu->setAttribute(Qt::WA_DontShowOnScreen, false);
+    leaveWidgetBelowWhenClosed(menu);
     menu->popup(QCursor::pos());
     menu->raise();
 }
