@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -21,13 +22,31 @@ bool TagSections::holds(const VLTagListView* section) const
     return section && m_sections.value(section->letter()) == section;
 }
 
+/// The section that a tag was filed in, as long as the section still holds it: its rows can go by its own slots, too.
+VLTagListView* TagSections::filedSectionOf(qint64 tag_id) const
+{
+    const auto letter = m_letterOfTag.constFind(tag_id);
+    VLTagListView* section = letter == m_letterOfTag.cend() ? nullptr : m_sections.value(*letter);
+    return section && section->holdsTag(tag_id) ? section : nullptr;
+}
+
+/// As filedSectionOf(), but finds a tag that a section took in by itself, too.
+VLTagListView* TagSections::sectionOf(qint64 tag_id) const
+{
+    if (VLTagListView* section = filedSectionOf(tag_id))
+        return section;
+    const auto holder = std::find_if(m_sections.cbegin(), m_sections.cend(),
+                                     [tag_id](const VLTagListView* section) { return section->holdsTag(tag_id); });
+    return holder == m_sections.cend() ? nullptr : *holder;
+}
+
 void TagSections::add(const QVector<TagItem>& items)
 {
     m_letterOfTag.reserve(m_letterOfTag.size() + items.size());
     QMap<QString, QVector<TagItem>> present;
     QMap<QString, QVector<TagItem>> missing;
     for (const TagItem& item : items) {
-        if (m_letterOfTag.contains(item.id))
+        if (filedSectionOf(item.id))
             continue;
         const QString letter = initialLetter(item.name);
         auto& itemsOfLetters = m_sections.contains(letter) ? present : missing;
@@ -52,11 +71,9 @@ void TagSections::removeTags(const QVector<qint64>& tag_ids)
 {
     QMap<QString, QVector<qint64>> idsOfLetters;
     for (const qint64 id : tag_ids) {
-        const auto it = m_letterOfTag.constFind(id);
-        if (it == m_letterOfTag.cend())
-            continue;
-        idsOfLetters[it.value()].append(id);
-        m_letterOfTag.erase(it);
+        if (const VLTagListView* section = sectionOf(id))
+            idsOfLetters[section->letter()].append(id);
+        m_letterOfTag.remove(id);
     }
     m_inBatch = true;
     for (auto it = idsOfLetters.cbegin(); it != idsOfLetters.cend(); ++it) {
@@ -69,10 +86,14 @@ void TagSections::removeTags(const QVector<qint64>& tag_ids)
 
 void TagSections::removeSection(VLTagListView* section)
 {
-    if (m_inBatch)
+    if (m_inBatch) {
         m_emptied.append(section);
-    else
-        removeSections({section});
+        return;
+    }
+    m_sections.remove(section->letter());
+    takeFromLayout({section});
+    // It reports that it is empty right now, perhaps to others, too.
+    disposeLater(section);
 }
 
 void TagSections::clear()
@@ -120,10 +141,14 @@ void TagSections::takeFromLayout(const QVector<VLTagListView*>& sections)
 
 void TagSections::dispose(VLTagListView* section)
 {
-    if (!section->isBusy()) {
+    if (section->isBusy())
+        disposeLater(section);
+    else
         delete section;
-        return;
-    }
+}
+
+void TagSections::disposeLater(VLTagListView* section)
+{
     section->hide();
     section->deleteLater();
 }

@@ -35,15 +35,18 @@ public:
     void forget(const QVector<qint64>& tag_ids);
     /// Takes tags out of their sections, and sections that become empty out of the column.
     void removeTags(const QVector<qint64>& tag_ids);
-    /// Takes a section out. Its view is deleted at once, or when the event that it is handling has ended.
+    /// Takes out a section that reports that it is empty. Its view is deleted when the report is over.
     void removeSection(VLTagListView* section);
     void clear();
 
 private:
+    [[nodiscard]] VLTagListView* filedSectionOf(qint64 tag_id) const;
+    [[nodiscard]] VLTagListView* sectionOf(qint64 tag_id) const;
     void createSections(const QMap<QString, QVector<TagItem>>& itemsOfLetters);
     void removeSections(const QVector<VLTagListView*>& sections);
     void takeFromLayout(const QVector<VLTagListView*>& sections);
     static void dispose(VLTagListView* section);
+    static void disposeLater(VLTagListView* section);
 
     QVBoxLayout* m_layout;
     MakeSection m_makeSection;

@@ -76,6 +76,7 @@ private slots:
     void manySectionsComeAndGo();
     void columnsMayBeTallerThanLayoutsAllow();
     void sectionMayEmptyItselfInsideItsOwnEvent();
+    void sectionsOwnSlotsAgreeWithTheHostsNews();
 };
 
 void TagGroupListViewTest::tagsAreFiledInOrder()
@@ -225,6 +226,25 @@ void TagGroupListViewTest::unknownIdsAndNullRecordsAreIgnored()
     emit host.tag(1)->signalUpdated();
     page.list->slotTagUpdateNoMatch({999});
     page.list->slotUiRemoveTagListView();
+    QCOMPARE(shownChips(page.list), QStringList({"A: apple", "B: bee"}));
+}
+
+void TagGroupListViewTest::sectionsOwnSlotsAgreeWithTheHostsNews()
+{
+    InstalledHost host({"apple", "bee"});
+    const Page page(host);
+    const auto all = host.group(MemoryHost::AllTags);
+    QSignalSpy emptied(sections(page.list).at(1), &VLTagListView::signalEmpty);
+    sections(page.list).at(1)->slotDelItem(host.tagId("bee"));
+    QCOMPARE(emptied.size(), 1);
+    QCOMPARE(shownChips(page.list), QStringList({"A: apple"}));
+    emit all->signalAddTags({host.tagId("bee")});
+    QCOMPARE(shownChips(page.list), QStringList({"A: apple", "B: bee"}));
+
+    InstalledHost other({"ant"});
+    sections(page.list).at(0)->addTag(TagItem{99, QStringLiteral("ant"), {}, 0, other.tag(other.tagId("ant"))});
+    QCOMPARE(shownChips(page.list), QStringList({"A: ant, apple", "B: bee"}));
+    emit all->signalRemoveTags({99});
     QCOMPARE(shownChips(page.list), QStringList({"A: apple", "B: bee"}));
 }
 
