@@ -20,12 +20,22 @@
 
 #include <optional>
 
+Q_DECLARE_METATYPE(QSharedPointer<const ITagGroupDataProvider>)
+
 namespace {
 
 constexpr int fontPixelSize = 13;
 constexpr int fillInset = 2;
 constexpr int fillRadius = 4;
 constexpr int borderRadius = 6;
+
+/// Whoever connects by name, through a queue or to record the signals looks the type up by its name.
+void registerSignalTypes()
+{
+    static const int provider =
+        qRegisterMetaType<QSharedPointer<const ITagGroupDataProvider>>("QSharedPointer<const ITagGroupDataProvider>");
+    Q_UNUSED(provider)
+}
 
 QFont tileFont(QFont font)
 {
@@ -54,6 +64,7 @@ CTagGroupItemWidget::CTagGroupItemWidget(const QSharedPointer<ITagGroupDataProvi
     : QWidget(parent)
     , m_provider(provider)
 {
+    registerSignalTypes();
     setFont(tileFont(font()));
     setAcceptDrops(true);
     if (!m_provider)
