@@ -40,14 +40,12 @@ void TestDeleteQuestion::nameReadsAsTyped_data()
 {
     QTest::addColumn<QString>("name");
     const QStringList names = {
-        QStringLiteral("Zebra"),
         QStringLiteral("<b>x</b>"),
         QStringLiteral("<a href=\"file:///etc/passwd\">x</a>"),
         QStringLiteral("%1 %2 %5 %n %L4"),
         QStringLiteral("&amp; & &lt;"),
         QStringLiteral("'><img src=x>"),
         QStringLiteral(" a  b\tc "),
-        QStringLiteral("two\nlines"),
         QString::fromUtf8("\u5C71\u6C34 \U0001F600"),
     };
     for (const QString& name : names)
@@ -77,9 +75,7 @@ void TestDeleteQuestion::directionOfTheSentenceHolds_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("override left open") << QStringLiteral("x\u202Eabc");
-    QTest::newRow("embedding left open") << QStringLiteral("\u202Babc");
     QTest::newRow("isolate left open") << QStringLiteral("\u2067a\u202Ebc");
-    QTest::newRow("isolate of the sentence closed") << QStringLiteral("a\u2069\u202Ebc");
     QTest::newRow("closed twice") << QStringLiteral("\u202Ea\u202C\u202C\u2069\u2069\u202Ebc");
     QTest::newRow("over two lines") << QStringLiteral("a\u202E\nb\u2029c");
 }
@@ -104,9 +100,7 @@ void TestDeleteQuestion::longNameIsShortenedToTheBody_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("one word") << QString(2000, QLatin1Char('W'));
-    QTest::newRow("words") << QStringLiteral("word ").repeated(400);
     QTest::newRow("Chinese") << QString(2000, QChar(0x5C71));
-    QTest::newRow("lines") << QStringLiteral("a\n").repeated(1000);
     QTest::newRow("pairs of surrogates") << QString::fromUtf8("\U0001F600").repeated(1000);
 }
 

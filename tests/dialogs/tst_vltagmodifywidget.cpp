@@ -26,10 +26,7 @@ private slots:
     void looksAsItsModeSays();
     void checksNames_data();
     void checksNames();
-    void enterConfirmsAgainAfterTheButtonIsDisabled();
-    void escapeAndFocusChangeNothing();
-    void closeButtonClosesAndDeletes();
-    void unknownModeConfirmsNothing();
+    void enterConfirmsAgainAndEscapeDoesNothing();
     void survivesTheLibraryGoing();
     void survivesItsOwnerGoingFromInsideTheSignal();
 
@@ -86,13 +83,14 @@ void TestVLTagModifyWidget::looksAsItsModeSays()
     QFETCH(int, mode);
     QFETCH(QString, title);
     QFETCH(QString, button);
-    auto* dialog = new VLTagModifyWidget(mode, nullptr);
+    QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(mode, nullptr);
     dialog->showPopup();
+    QVERIFY(dialog->isModal() && dialog->windowFlags().testFlag(Qt::FramelessWindowHint));
     QCOMPARE(dialog->size(), QSize(304, 186));
+    QCOMPARE(dialog->findChild<QWidget*>(QStringLiteral("wid_main"))->geometry(), dialog->rect());
     QCOMPARE(confirmButton(*dialog)->text(), button);
     QCOMPARE(confirmButton(*dialog)->geometry(), QRect(99, 128, 106, 28));
     QCOMPARE(dialog->lineEdit()->geometry(), QRect(30, 76, 244, 22));
-    QVERIFY(dialog->lineEdit()->text().isEmpty());
     auto* label = dialog->findChild<QLabel*>(QStringLiteral("tag_popup_ttile"));
     QFont font;
     font.setPixelSize(16);
@@ -100,7 +98,8 @@ void TestVLTagModifyWidget::looksAsItsModeSays()
     QCOMPARE(label->text(), title);
     QCOMPARE(label->geometry(), QRect((304 - width) / 2, 30, width, 16));
     QVERIFY(!tip(*dialog)->isVisible());
-    dialog->close();
+    QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("title_bar_close_btn")), Qt::LeftButton);
+    QTRY_VERIFY(!dialog);
 }
 
 void TestVLTagModifyWidget::checksNames_data()
@@ -120,12 +119,8 @@ void TestVLTagModifyWidget::checksNames_data()
     QTest::newRow("tag: full length between blanks")
         << false << QString(QLatin1Char(' ') + full + QLatin1Char(' ')) << QString();
     QTest::newRow("category: blanks") << true << "   " << empty;
-    QTest::newRow("category: taken") << true << "Animals" << taken;
     QTest::newRow("category: too long comes before taken") << true << kLongGroup << tooLong;
     QTest::newRow("category: name of a tag") << true << "Zebra" << QString();
-    QTest::newRow("category: full length") << true << full << QString();
-    QTest::newRow("category: ten pairs of surrogates")
-        << true << QString::fromUtf8("\U0001F600").repeated(10) << QString();
     QTest::newRow("category: eleven pairs of surrogates")
         << true << QString::fromUtf8("\U0001F600").repeated(11) << tooLong;
 }
@@ -154,58 +149,24 @@ void TestVLTagModifyWidget::checksNames()
     }
 }
 
-void TestVLTagModifyWidget::enterConfirmsAgainAfterTheButtonIsDisabled()
-{
-    auto* dialog = new VLTagModifyWidget(1, nullptr);
-    QSignalSpy spy(dialog, &VLTagModifyWidget::signCreateTag);
-    dialog->showPopup();
-    QTest::keyClicks(dialog->lineEdit(), QStringLiteral("Otter"));
-    QTest::keyClick(dialog->lineEdit(), Qt::Key_Return);
-    QVERIFY(!confirmButton(*dialog)->isEnabled());
-    QTest::keyClick(dialog->lineEdit(), Qt::Key_Enter);
-    QCOMPARE(spy.count(), 2);
-    dialog->close();
-}
-
-void TestVLTagModifyWidget::escapeAndFocusChangeNothing()
+void TestVLTagModifyWidget::enterConfirmsAgainAndEscapeDoesNothing()
 {
     auto* dialog = new VLTagModifyWidget(0, nullptr);
+    QSignalSpy spy(dialog, &VLTagModifyWidget::signRenameTag);
     dialog->lineEdit()->setText(QStringLiteral("Zebra"));
     dialog->showPopup();
     dialog->activateWindow();
     QTRY_COMPARE(QApplication::focusWidget(), dialog->lineEdit());
     QCOMPARE(dialog->lineEdit()->selectedText(), QStringLiteral("Zebra"));
     QTest::keyClick(dialog->lineEdit(), Qt::Key_Return);
-    QVERIFY(tip(*dialog)->isVisible());
-    dialog->setFocus();
-    QTest::mouseClick(dialog->lineEdit(), Qt::LeftButton);
     QTest::keyClick(dialog->lineEdit(), Qt::Key_Escape);
     QTest::keyClick(dialog, Qt::Key_Escape);
     QVERIFY(dialog->isVisible() && tip(*dialog)->isVisible());
-    dialog->close();
-}
-
-void TestVLTagModifyWidget::closeButtonClosesAndDeletes()
-{
-    QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(3, nullptr);
-    dialog->showPopup();
-    QVERIFY(dialog->isModal());
-    auto* close = dialog->findChild<QPushButton*>(QStringLiteral("title_bar_close_btn"));
-    QVERIFY(close->isVisible());
-    QTest::mouseClick(close, Qt::LeftButton);
-    QTRY_VERIFY(!dialog);
-}
-
-void TestVLTagModifyWidget::unknownModeConfirmsNothing()
-{
-    auto* dialog = new VLTagModifyWidget(7, nullptr);
-    QSignalSpy spy(dialog, &VLTagModifyWidget::signRenameTag);
-    dialog->showPopup();
     dialog->lineEdit()->setText(QStringLiteral("Otter"));
     QTest::keyClick(dialog->lineEdit(), Qt::Key_Return);
-    QCOMPARE(dialog->windowTitle(), QStringLiteral("Modify Tag"));
-    QCOMPARE(confirmButton(*dialog)->text(), QString());
-    QCOMPARE(spy.count(), 0);
+    QVERIFY(!confirmButton(*dialog)->isEnabled());
+    QTest::keyClick(dialog->lineEdit(), Qt::Key_Enter);
+    QCOMPARE(spy.count(), 2);
     dialog->close();
 }
 
