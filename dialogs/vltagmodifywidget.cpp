@@ -200,8 +200,12 @@ bool VLTagModifyWidget::checkTagName(const QString& name)
     if (name.isEmpty())
         return rejectName(m_tagEmptyTip);
     // A copy: the host may change the library from inside the look-up.
+    const QPointer<VLTagModifyWidget> self(this);
     const QSharedPointer<ITagGroupDataProvider> allTags = VLTagManagerSingleton::instance()->allTagsProvider();
-    if (allTags && allTags->tagByName(name))
+    const bool exists = allTags && allTags->tagByName(name);
+    if (!self)
+        return false;
+    if (exists)
         return rejectName(m_tagExistsTip);
     if (name.size() > kMaximumNameLength)
         return rejectName(m_tagTooLongTip);
@@ -214,7 +218,11 @@ bool VLTagModifyWidget::checkGroupName(const QString& name)
         return rejectName(m_groupEmptyTip);
     if (name.size() > kMaximumNameLength)
         return rejectName(m_groupTooLongTip);
-    if (VLTagManagerSingleton::instance()->tagGroupByName(name))
+    const QPointer<VLTagModifyWidget> self(this);
+    const bool exists = !VLTagManagerSingleton::instance()->tagGroupByName(name).isNull();
+    if (!self)
+        return false;
+    if (exists)
         return rejectName(m_groupExistsTip);
     return true;
 }

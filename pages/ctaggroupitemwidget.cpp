@@ -71,7 +71,7 @@ CTagGroupItemWidget::CTagGroupItemWidget(const QSharedPointer<ITagGroupDataProvi
         return;
     connect(m_provider.data(), &IDataProvider::signalUpdated, this, &CTagGroupItemWidget::updateFromProvider);
     if (const auto record = m_provider->groupInfo())
-        showRecord(record->name());
+        showRecord(record->name(), m_provider->tagCount(1));
 }
 
 CTagGroupItemWidget::~CTagGroupItemWidget() = default;
@@ -117,28 +117,31 @@ void CTagGroupItemWidget::createLabels(const QString& name)
     m_nameLabel->setWrappedText(name);
 }
 
-void CTagGroupItemWidget::showRecord(const QString& name)
+void CTagGroupItemWidget::showRecord(const QString& name, int tagCount)
 {
     m_name = name;
     if (!m_nameLabel)
         createLabels(name);
     m_nameLabel->setWrappedText(name);
-    m_countLabel->setText(QString::number(m_provider->tagCount(1)));
+    m_countLabel->setText(QString::number(tagCount));
 }
 
 void CTagGroupItemWidget::updateFromProvider()
 {
-    const auto record = m_provider->groupInfo();
-    if (!record)
+    const QPointer<CTagGroupItemWidget> self(this);
+    const auto provider = m_provider;
+    const auto record = provider->groupInfo();
+    const int tagCount = record ? provider->tagCount(1) : 0;
+    // The host may have taken the tile away from inside the reading.
+    if (!record || !self)
         return;
     const QString name = record->name();
     const qint64 id = record->id();
-    showRecord(name);
+    showRecord(name, tagCount);
 
-    const QPointer<CTagGroupItemWidget> self(this);
     emit signalClosePopup();
     if (self && m_selected)
-        emit signalGroupInfoChanged(name, m_provider->tagCount(1));
+        emit signalGroupInfoChanged(name, tagCount);
     emit VLTagManagerSingleton::instance()->signalUpdateGroupAction(id);
 }
 
@@ -164,7 +167,8 @@ void CTagGroupItemWidget::mouseReleaseEvent(QMouseEvent* event)
     select();
     if (!self || !wantsMenu)
         return;
-    if (const auto record = m_provider->groupInfo())
+    const auto record = m_provider->groupInfo();
+    if (self && record)
         emit signPopMenu(record->id(), record->name());
 }
 
@@ -185,8 +189,9 @@ void CTagGroupItemWidget::dropEvent(QDropEvent* event)
         return;
     }
     const std::optional<qint64> tagId = draggedTagId(event->mimeData());
+    const QPointer<CTagGroupItemWidget> self(this);
     const auto record = m_provider ? m_provider->groupInfo() : nullptr;
-    if (!tagId || !record)
+    if (!self || !tagId || !record)
         return;
     event->setDropAction(Qt::MoveAction);
     event->accept();

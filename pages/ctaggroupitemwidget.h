@@ -58,7 +58,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void showRecord(const QString& name);
+    void showRecord(const QString& name, int tagCount);
     void createLabels(const QString& name);
     void updateFromProvider();
     void select();

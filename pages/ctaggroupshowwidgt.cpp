@@ -5,10 +5,12 @@
 
 #include <tagrecords.h>
 
+#include <QPointer>
 #include <QSet>
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -25,6 +27,14 @@ qint64 shownId(const ITagGroupDataProvider& provider)
 }
 
 }  // namespace
+
+CTagGroupShowWidgt::Group::Group(const GroupPointer& provider)
+    : id(shownId(*provider))
+    // Without a parent that the host could delete from inside the reading.
+    , tile(std::make_unique<CTagGroupItemWidget>(provider, nullptr))
+    , name(provider->groupName())
+{
+}
 
 CTagGroupShowWidgt::CTagGroupShowWidgt(QWidget* parent)
     : QListWidget(parent)
@@ -55,20 +65,24 @@ void CTagGroupShowWidgt::setUpView()
 void CTagGroupShowWidgt::fill(const QVector<GroupPointer>& providers)
 {
     setUpdatesEnabled(false);
-    QVector<std::pair<QString, GroupPointer>> sorted;
+    std::vector<Group> sorted;
     sorted.reserve(providers.size());
     QSet<qint64> known;
     for (const GroupPointer& provider : providers) {
-        if (!provider || known.contains(shownId(*provider)))
+        if (!provider)
             continue;
-        known.insert(shownId(*provider));
-        sorted.append({provider->groupName(), provider});
+        Group group(provider);
+        if (known.contains(group.id))
+            continue;
+        known.insert(group.id);
+        sorted.push_back(std::move(group));
     }
-    std::stable_sort(sorted.begin(), sorted.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    for (const auto& [name, provider] : std::as_const(sorted))
-        insertGroup(m_providers.size(), provider, name);
+    std::stable_sort(sorted.begin(), sorted.end(), [](const Group& a, const Group& b) { return a.name < b.name; });
+    for (Group& group : sorted)
+        insertGroup(m_providers.size(), std::move(group));
     if (m_showAddTile)
-        connect(insertTile(count(), {}), &CTagGroupItemWidget::signAddGroup, this, &CTagGroupShowWidgt::signAddGroup);
+        connect(insertTile(count(), std::make_unique<CTagGroupItemWidget>(GroupPointer(), nullptr)),
+                &CTagGroupItemWidget::signAddGroup, this, &CTagGroupShowWidgt::signAddGroup);
     setUpdatesEnabled(true);
     doItemsLayout();
     emit signalClosePopup();
@@ -76,11 +90,14 @@ void CTagGroupShowWidgt::fill(const QVector<GroupPointer>& providers)
 
 bool CTagGroupShowWidgt::addGroup(const GroupPointer& provider)
 {
-    if (!provider || m_tiles.contains(shownId(*provider)))
+    if (!provider)
         return false;
-    const QString name = provider->groupName();
-    const auto place = std::upper_bound(m_sortNames.cbegin(), m_sortNames.cend(), name);
-    insertGroup(int(place - m_sortNames.cbegin()), provider, name);
+    const QPointer<CTagGroupShowWidgt> self(this);
+    Group group(provider);
+    if (!self || m_tiles.contains(group.id))
+        return false;
+    const auto place = std::upper_bound(m_sortNames.cbegin(), m_sortNames.cend(), group.name);
+    insertGroup(int(place - m_sortNames.cbegin()), std::move(group));
     viewport()->update();
     emit signalClosePopup();
     return true;
@@ -131,10 +148,11 @@ void CTagGroupShowWidgt::updateEditorGeometries()
         QListWidget::updateEditorGeometries();
 }
 
-CTagGroupItemWidget* CTagGroupShowWidgt::insertTile(int row, const GroupPointer& provider)
+CTagGroupItemWidget* CTagGroupShowWidgt::insertTile(int row, std::unique_ptr<CTagGroupItemWidget> newTile)
 {
     m_layoutDue = true;
-    auto* tile = new CTagGroupItemWidget(provider, this);
+    CTagGroupItemWidget* tile = newTile.release();
+    tile->setParent(this);
     // Out of sight until it is laid out.
     tile->move(-CTagGroupItemWidget::sideLength, -CTagGroupItemWidget::sideLength);
     tile->setFixedSize(CTagGroupItemWidget::sideLength, CTagGroupItemWidget::sideLength);
@@ -145,12 +163,12 @@ CTagGroupItemWidget* CTagGroupShowWidgt::insertTile(int row, const GroupPointer&
     return tile;
 }
 
-void CTagGroupShowWidgt::insertGroup(int row, const GroupPointer& provider, const QString& name)
+void CTagGroupShowWidgt::insertGroup(int row, Group group)
 {
-    m_providers.insert(row, provider);
-    m_sortNames.insert(row, name);
-    CTagGroupItemWidget* tile = insertTile(row, provider);
-    m_tiles.insert(shownId(*provider), tile);
+    m_providers.insert(row, group.tile->provider());
+    m_sortNames.insert(row, group.name);
+    CTagGroupItemWidget* tile = insertTile(row, std::move(group.tile));
+    m_tiles.insert(group.id, tile);
     connectTile(tile);
 }
 
@@ -176,10 +194,11 @@ void CTagGroupShowWidgt::selectOnly(CTagGroupItemWidget* tile)
         other->setSelected(other == tile);
 }
 
-void CTagGroupShowWidgt::placeByName(const GroupPointer& provider)
+void CTagGroupShowWidgt::placeByName(GroupPointer provider)
 {
-    const int row = m_providers.indexOf(provider);
+    const QPointer<CTagGroupShowWidgt> self(this);
     const QString name = provider->groupName();
+    const int row = self ? m_providers.indexOf(provider) : -1;
     if (row < 0 || m_sortNames.at(row) == name)
         return;
     m_sortNames.remove(row);

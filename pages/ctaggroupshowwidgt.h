@@ -9,6 +9,8 @@
 #include <QString>
 #include <QVector>
 
+#include <memory>
+
 class CTagGroupItemWidget;
 
 /// The category tiles in rows, sorted by name, with the "Add New" tile at the end.
@@ -57,11 +59,21 @@ protected:
 
 private:
     void setUpView();
-    CTagGroupItemWidget* insertTile(int row, const QSharedPointer<ITagGroupDataProvider>& provider);
-    void insertGroup(int row, const QSharedPointer<ITagGroupDataProvider>& provider, const QString& name);
+    /// A category as it was read. Reading may run anything in the host, inserting what was read runs nothing.
+    struct Group
+    {
+        explicit Group(const QSharedPointer<ITagGroupDataProvider>& provider);
+
+        qint64 id;
+        std::unique_ptr<CTagGroupItemWidget> tile;
+        QString name;
+    };
+
+    CTagGroupItemWidget* insertTile(int row, std::unique_ptr<CTagGroupItemWidget> newTile);
+    void insertGroup(int row, Group group);
     void connectTile(CTagGroupItemWidget* tile);
     void selectOnly(CTagGroupItemWidget* tile);
-    void placeByName(const QSharedPointer<ITagGroupDataProvider>& provider);
+    void placeByName(QSharedPointer<ITagGroupDataProvider> provider);
 
     /// In the order of the tiles: row i shows provider i.
     QVector<QSharedPointer<ITagGroupDataProvider>> m_providers;

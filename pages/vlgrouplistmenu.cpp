@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPointer>
 
 namespace {
 // Logical pixels.
@@ -105,8 +106,10 @@ void VLGroupListMenu::keyPressEvent(QKeyEvent* event)
 void VLGroupListMenu::pick(QListWidgetItem* item)
 {
     const qint64 id = item->data(Qt::UserRole).toInt();
+    const QPointer<VLGroupListMenu> self(this);
     VlEventTrack::GetInstance()->SendBClickLabelMenu(tr("Add to Category"), item->text());
-    emit signClicked(id);
+    if (self)
+        emit signClicked(id);
 }
 
 void VLGroupListMenu::highlightFirst()

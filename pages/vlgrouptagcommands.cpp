@@ -44,8 +44,12 @@ void VLGroupTagWidget::slotPopMenu(qint64 g_id, const QString& g_name)
     m_menuGroupName = g_name;
     m_renameAction->setEnabled(g_id != rootGroupId);
     m_deleteAction->setEnabled(g_id != rootGroupId);
+    const QPointer<VLGroupTagWidget> self(this);
     const auto provider = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);
-    m_viewFilesAction->setEnabled(provider && provider->tagCount(1) != 0);
+    const bool hasTags = provider && provider->tagCount(1) != 0;
+    if (!self)
+        return;
+    m_viewFilesAction->setEnabled(hasTags);
     popUpMenuAtCursor(m_menu);
 }
 
@@ -81,18 +85,19 @@ void VLGroupTagWidget::slotRenameGroup(qint64 g_id, const QString& g_name)
 
 void VLGroupTagWidget::slotDelGroup(qint64 g_id)
 {
+    const QPointer<VLGroupTagWidget> self(this);
     const auto provider = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);
     const auto record = provider ? provider->groupInfo() : nullptr;
-    if (record)
-        askForDeletion(g_id, *provider, record->name());
+    const int tagCount = record ? provider->tagCount(1) : 0;
+    if (record && self)
+        askForDeletion(g_id, record->name(), tagCount);
 }
 
-void VLGroupTagWidget::askForDeletion(qint64 g_id, const ITagGroupDataProvider& provider, const QString& name)
+void VLGroupTagWidget::askForDeletion(qint64 g_id, const QString& name, int tagCount)
 {
     const QString question = tr(
         "The tag category<font color='%1'> %2 </font>is associated with<font color='%3'> %4 </font>tags，Are you sure "
         "you want to delete it?<font style='font-size:12px' color='%5'> (The tags will not be deleted.) </font>");
-    const int tagCount = provider.tagCount(1);
     auto* box = new VLMessageBox(window());
     connect(box, &VLMessageBox::signalResult, this, [this, g_id](VLMessageBox::ReturnValue value) {
         if (value == VLMessageBox::Confirm)

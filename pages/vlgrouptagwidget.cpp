@@ -70,8 +70,10 @@ void VLGroupTagWidget::initialise(const QSharedPointer<ITagGroupDataProvider>& r
     halves->addLayout(makeTagHalf(), 1);
     m_mainLayout->addLayout(halves);
     connect(makeCreateButton(), &QPushButton::clicked, this, [this] {
+        const QPointer<VLGroupTagWidget> self(this);
         VlEventTrack::GetInstance()->ClickTagManagerAddBtn(1);
-        m_letterList->slotAddTag();
+        if (self)
+            m_letterList->slotAddTag();
     });
 
     m_groupList->fill(groups);
@@ -203,7 +205,10 @@ void VLGroupTagWidget::addGroups(const QVector<qint64>& g_ids)
     auto* shared = VLTagManagerSingleton::instance();
     const QPointer<VLGroupTagWidget> self(this);
     for (const qint64 g_id : g_ids) {
-        const bool added = m_groupList->addGroup(shared->tagGroupProvider(g_id));
+        const auto provider = shared->tagGroupProvider(g_id);
+        if (!self)
+            return;
+        const bool added = m_groupList->addGroup(provider);
         if (added)
             emit shared->signalAddGroupAction(g_id);
         if (!self)
@@ -238,12 +243,16 @@ void VLGroupTagWidget::showGroup(const QString& name, const QString& tagCount,
 
 void VLGroupTagWidget::selectRootGroup()
 {
+    const QPointer<VLGroupTagWidget> self(this);
     const auto root = VLTagManagerSingleton::instance()->tagGroupProvider(rootGroupId);
     const auto record = root ? root->groupInfo() : nullptr;
-    if (!record)
+    const int tagCount = record ? root->tagCount(1) : 0;
+    if (!record || !self)
         return;
     m_rootTile->setSelected(true);
-    emit m_rootTile->signSelectedChanged(record->name(), QString::number(root->tagCount(1)), root);
+    emit m_rootTile->signSelectedChanged(record->name(), QString::number(tagCount), root);
+    if (!self)
+        return;
     m_groupList->viewport()->update();
     emit m_groupList->model()->layoutChanged();
 }

@@ -78,7 +78,7 @@ private:
                    const QSharedPointer<const ITagGroupDataProvider>& provider);
     void selectRootGroup();
     void viewFiles();
-    void askForDeletion(qint64 g_id, const ITagGroupDataProvider& provider, const QString& name);
+    void askForDeletion(qint64 g_id, const QString& name, int tagCount);
     void deleteGroup(qint64 g_id);
 
     CTagGroupItemWidget* m_rootTile = nullptr;

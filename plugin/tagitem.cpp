@@ -6,15 +6,16 @@
 #include <itagdataprovider.h>
 #include <tagrecords.h>
 
-std::optional<TagItem> readTagItem(const QSharedPointer<ITagDataProvider>& provider)
+std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider)
 {
     if (!provider)
         return std::nullopt;
     const auto info = provider->tagInfo();
     if (!info)
         return std::nullopt;
-    return TagItem{info->id(), info->name(), VLTagManagerSingleton::instance()->tagColor(info->colorIndex()),
-                   provider->fileCount(1), provider};
+    const int fileCount = provider->fileCount(1);
+    return TagItem{info->id(), info->name(), VLTagManagerSingleton::instance()->tagColor(info->colorIndex()), fileCount,
+                   std::move(provider)};
 }
 
 void registerTagItemMetaType()

@@ -49,15 +49,24 @@ void VLTagManagerSingleton::setTagColorProvider(ITagColorProvider* provider)
 
 const QSharedPointer<ITagManagerDataProvider>& VLTagManagerSingleton::tagManagerProvider()
 {
-    if (!m_tagManagerProvider && m_dataProvider)
-        m_tagManagerProvider = m_dataProvider->tagManagerDataProvider();
+    if (!m_tagManagerProvider && m_dataProvider) {
+        // The host may replace the library from inside the call.
+        const auto library = m_dataProvider;
+        const auto manager = library->tagManagerDataProvider();
+        if (m_dataProvider == library)
+            m_tagManagerProvider = manager;
+    }
     return m_tagManagerProvider;
 }
 
 const QSharedPointer<ITagGroupDataProvider>& VLTagManagerSingleton::allTagsProvider()
 {
-    if (!m_allTagsProvider && tagManagerProvider())
-        m_allTagsProvider = m_tagManagerProvider->tagGroup(allTagsGroupId);
+    if (!m_allTagsProvider && tagManagerProvider()) {
+        const auto manager = m_tagManagerProvider;
+        const auto allTags = manager->tagGroup(allTagsGroupId);
+        if (m_tagManagerProvider == manager)
+            m_allTagsProvider = allTags;
+    }
     return m_allTagsProvider;
 }
 

@@ -22,66 +22,78 @@ TagRequests::TagRequests(QSharedPointer<ITagAction> action)
 
 void TagRequests::createTag(const QString& name, std::function<void()> onSuccess) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotAddTag tagName:" << name;
-    const qint64 request = m_action->createTags({NewTagRecord{name, 0, 0}});
-    followTagRequest(m_action.data(), request, "VLTagGroupListView::slotAddTag failed. Message:", std::move(onSuccess));
+    const qint64 request = action->createTags({NewTagRecord{name, 0, 0}});
+    followTagRequest(action.data(), request, "VLTagGroupListView::slotAddTag failed. Message:", std::move(onSuccess));
 }
 
 void TagRequests::addToFavorites(qint64 tag_id) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotSetCommonTag set common tagId:" << tag_id;
-    followTagRequest(m_action.data(), m_action->addTagsToGroups({favoritesGroupId}, {tag_id}), favoriteFailed);
+    const qint64 request = action->addTagsToGroups({favoritesGroupId}, {tag_id});
+    followTagRequest(action.data(), request, favoriteFailed);
 }
 
 void TagRequests::removeFromFavorites(qint64 tag_id) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotSetCommonTag cance common tagId:" << tag_id;
-    followTagRequest(m_action.data(), m_action->removeTagsFromGroups({favoritesGroupId}, {tag_id}), favoriteFailed);
+    const qint64 request = action->removeTagsFromGroups({favoritesGroupId}, {tag_id});
+    followTagRequest(action.data(), request, favoriteFailed);
 }
 
 void TagRequests::addToGroup(qint64 g_id, qint64 tag_id) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
     qInfo() << "VLTagGroupListView add tag to group. tagId:" << tag_id << " gId:" << g_id;
-    m_action->addTagsToGroups({g_id}, {tag_id});
+    action->addTagsToGroups({g_id}, {tag_id});
 }
 
 void TagRequests::removeFromGroup(qint64 g_id, qint64 tag_id) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
-    followTagRequest(m_action.data(), m_action->removeTagsFromGroups({g_id}, {tag_id}), deleteFailed);
+    const qint64 request = action->removeTagsFromGroups({g_id}, {tag_id});
+    followTagRequest(action.data(), request, deleteFailed);
 }
 
 void TagRequests::renameTag(qint64 tag_id, const QString& newName) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotRenameTag. tagId:" << tag_id;
-    followTagRequest(m_action.data(), m_action->renameTag(tag_id, newName),
-                     "VLTagGroupListView::slotRenameTag failed. Message:");
+    const qint64 request = action->renameTag(tag_id, newName);
+    followTagRequest(action.data(), request, "VLTagGroupListView::slotRenameTag failed. Message:");
 }
 
 void TagRequests::setTagColor(qint64 tag_id, int colorIndex) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotSetTagColor tagId:" << tag_id;
-    followTagRequest(m_action.data(), m_action->setTagColor(tag_id, colorIndex),
-                     "VLTagGroupListView::slotSetTagColor failed. Message:");
+    const qint64 request = action->setTagColor(tag_id, colorIndex);
+    followTagRequest(action.data(), request, "VLTagGroupListView::slotSetTagColor failed. Message:");
 }
 
 void TagRequests::deleteTag(qint64 tag_id) const
 {
-    if (!m_action)
+    const auto action = m_action;
+    if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotDelTag tagId:" << tag_id;
-    followTagRequest(m_action.data(), m_action->deleteTags({tag_id}), deleteFailed);
+    const qint64 request = action->deleteTags({tag_id});
+    followTagRequest(action.data(), request, deleteFailed);
 }

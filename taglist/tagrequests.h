@@ -9,6 +9,7 @@
 class ITagAction;
 
 /// The requests behind the tag commands, with their log lines. Without an action object each does nothing.
+/// A host may delete the window, and this object with it, from inside a request.
 class TagRequests
 {
 public:

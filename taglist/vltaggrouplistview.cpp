@@ -29,6 +29,8 @@ constexpr int sectionTopMargin = 14;
 constexpr int letterLeft = 18;
 
 constexpr qint64 favoritesGroupId = 1;
+/// A list that may wait until it is shown reads so many tags at once all the same: nobody notices them.
+constexpr int readAtOnceLimit = 500;
 constexpr int createdFromTagManager = 0;  // how usage tracking names the source of a new tag
 constexpr int joinFromMenu = 2;           // how usage tracking names the menu's way to a tag's files
 
@@ -117,8 +119,15 @@ void VLTagGroupListView::connectMenu()
 void VLTagGroupListView::setDataProvider(const QSharedPointer<ITagGroupDataProvider>& provider)
 {
     m_shown = Shown::Letters;
+    const QPointer<VLTagGroupListView> self(this);
     replaceProvider(provider);
-    if (m_readWhenShown && !isVisible())
+    if (!self)
+        return;
+    const auto shown = m_provider;
+    const bool waits = m_readWhenShown && !isVisible() && shown && shown->tagCount(1) > readAtOnceLimit;
+    if (!self || m_provider != shown)
+        return;
+    if (waits)
         m_readPending = true;
     else
         load({});
@@ -186,11 +195,11 @@ void VLTagGroupListView::load(const QString& filter)
     const QVector<TagItem> items = readTagItems(providers);
     // From inside the reading the host may have made the list show something else, or closed the window.
     if (self && m_provider == provider && m_filter == filter)
-        show(items);
+        showTags(items);
 }
 
 /// In letter sections, or as results of the search as far as their names contain the filter.
-void VLTagGroupListView::show(QVector<TagItem> items)
+void VLTagGroupListView::showTags(QVector<TagItem> items)
 {
     if (m_filter.isEmpty()) {
         if (m_shown == Shown::Letters)
@@ -272,14 +281,12 @@ void VLTagGroupListView::slotAddTagsCallBack(QVector<qint64> tag_ids)
 void VLTagGroupListView::showAdded(const QVector<qint64>& tag_ids)
 {
     const QPointer<VLTagGroupListView> self(this);
+    const auto provider = m_provider;
     TagProviders providers;
-    m_provider->tagsByIds(tag_ids, &providers);
-    if (!self)
-        return;
-    if (m_shown == Shown::Letters && m_filter.isEmpty())
-        m_sections.add(readTagItems(providers));
-    else if (!m_filter.isEmpty())
-        showResults(providers);
+    provider->tagsByIds(tag_ids, &providers);
+    const QVector<TagItem> items = readTagItems(providers);
+    if (self && m_provider == provider)
+        showTags(items);
 }
 
 void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)

@@ -91,7 +91,7 @@ private:
     void clear();
     void load(const QString& filter);
     void showAdded(const QVector<qint64>& tag_ids);
-    void show(QVector<TagItem> items);
+    void showTags(QVector<TagItem> items);
     void showResults(const QVector<TagItem>& items);
     VLTagListView* makeResultList();
     VLTagListView* makeSection(const QString& letter, const QVector<TagItem>& items);

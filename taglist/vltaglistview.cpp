@@ -288,11 +288,13 @@ void VLTagListView::removeAllRows()
 void VLTagListView::refreshTag(qint64 tag_id)
 {
     const BusyScope busy(this);
+    const TagRow* shown = m_rows.rowOfTag(tag_id);
+    const std::optional<TagItem> item = shown ? readTagItem(shown->tag().provider) : std::nullopt;
+    if (!item || busy.viewIsGone())
+        return;
+    // The host may have taken the tag away from inside the reading.
     TagRow* row = m_rows.rowOfTag(tag_id);
     if (!row)
-        return;
-    const std::optional<TagItem> item = readTagItem(row->tag().provider);
-    if (!item)
         return;
     if (!m_rows.proxy()->isSortedBySearch() && initialLetter(item->name) != letter()) {
         emit signalCharNoMatch({tag_id});
@@ -359,20 +361,22 @@ void VLTagListView::slotDelItem(qint64 tag_id)
 
 void VLTagListView::slotAddCallBack(QVector<qint64> tag_ids)
 {
-    if (!m_groupProvider)
+    const auto group = m_groupProvider;
+    if (!group)
         return;
     const BusyScope busy(this);
+    const QString shownLetter = letter();
     QHash<qint64, QSharedPointer<ITagDataProvider>> found;
-    if (m_groupProvider->tagsByIds(tag_ids, &found) < 1 || busy.viewIsGone())
+    if (group->tagsByIds(tag_ids, &found) < 1)
         return;
     QVector<TagItem> items;
     for (const auto& provider : qAsConst(found)) {
-        if (!provider || initialLetter(provider->name()) != letter())
+        if (!provider || initialLetter(provider->name()) != shownLetter)
             continue;
         if (const auto item = readTagItem(provider))
             items.append(*item);
     }
-    if (!items.isEmpty())
+    if (!items.isEmpty() && !busy.viewIsGone())
         addTags(items);
 }
 
@@ -389,8 +393,9 @@ void VLTagListView::slotUpdateCallBack()
     const auto* provider = qobject_cast<ITagDataProvider*>(sender());
     if (!provider)
         return;
+    const BusyScope busy(this);
     const auto info = provider->tagInfo();
-    if (info)
+    if (info && !busy.viewIsGone())
         refreshTag(info->id());
 }
 

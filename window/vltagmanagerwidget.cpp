@@ -115,7 +115,9 @@ void VLTagManagerWidget::makePages()
 void VLTagManagerWidget::fillPages()
 {
     VLTagManagerSingleton* shared = VLTagManagerSingleton::instance();
-    m_allTagWidget->initialise(shared->allTagsProvider());
+    // A copy: the host may replace the library from inside the reading.
+    const QSharedPointer<ITagGroupDataProvider> allTags = shared->allTagsProvider();
+    m_allTagWidget->initialise(allTags);
     QVector<QSharedPointer<ITagGroupDataProvider>> groups;
     shared->tagGroups(groups);
     m_groupTagWidget->initialise(shared->rootGroupProvider(), groups);
