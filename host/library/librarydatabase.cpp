@@ -4,6 +4,7 @@
 #include "host/library/libraryerror.h"
 
 #include <QSqlError>
+#include <QUrl>
 #include <QUuid>
 #include <QVariant>
 
@@ -17,6 +18,12 @@ void check(bool succeeded, const QSqlQuery& query)
         throw LibraryError(query.lastError());
 }
 
+/// https://www.sqlite.org/uri.html
+QString frozenUri(const QString& path)
+{
+    return QStringLiteral("file://%1?immutable=1").arg(QString::fromLatin1(QUrl::toPercentEncoding(path, "/")));
+}
+
 }  // namespace
 
 LibraryDatabase::LibraryDatabase(const QString& path, Access access)
@@ -24,10 +31,12 @@ LibraryDatabase::LibraryDatabase(const QString& path, Access access)
     , m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection))
 {
     QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout);
-    if (access == Access::ReadOnly)
+    if (access != Access::ReadWrite)
         options += QStringLiteral(";QSQLITE_OPEN_READONLY");
+    if (access == Access::Frozen)
+        options += QStringLiteral(";QSQLITE_OPEN_URI");
     m_database.setConnectOptions(options);
-    m_database.setDatabaseName(path);
+    m_database.setDatabaseName(access == Access::Frozen ? frozenUri(path) : path);
     try {
         configure(access);
     } catch (const LibraryError&) {
@@ -47,7 +56,7 @@ void LibraryDatabase::configure(Access access)
         throw LibraryError(m_database.lastError());
     execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
     execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
-    if (access == Access::ReadOnly)
+    if (access != Access::ReadWrite)
         return;
     execute(QStringLiteral("PRAGMA foreign_keys = ON"));
     execute(QStringLiteral("PRAGMA synchronous = FULL"));

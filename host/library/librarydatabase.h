@@ -15,6 +15,7 @@ class LibraryDatabase
 public:
     enum class Access
     {
+        Frozen,  ///< For a file that nobody changes meanwhile: without locks and without its log.
         ReadOnly,
         ReadWrite
     };

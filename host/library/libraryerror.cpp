@@ -14,7 +14,8 @@ enum ResultCode
     Locked = 6,
     ReadOnly = 8,
     IoError = 10,
-    Full = 13
+    Full = 13,
+    CannotOpen = 14
 };
 
 LibraryStatus statusOf(const QSqlError& error)
@@ -29,6 +30,8 @@ LibraryStatus statusOf(const QSqlError& error)
         return LibraryStatus::DiskError;
     case Full:
         return LibraryStatus::DiskFull;
+    case CannotOpen:
+        return LibraryStatus::NotOpened;
     default:
         return LibraryStatus::Failed;
     }
@@ -45,6 +48,8 @@ QString messageOf(const QSqlError& error)
         return librarytext::tr("The disk that holds the library is full.");
     case LibraryStatus::DiskError:
         return librarytext::tr("The disk that holds the library failed: %1").arg(error.databaseText());
+    case LibraryStatus::NotOpened:
+        return librarytext::tr("The library cannot be opened: its file, or the log beside it, cannot be read.");
     default:
         return librarytext::tr("The library failed: %1")
             .arg(error.databaseText().isEmpty() ? error.driverText() : error.databaseText());

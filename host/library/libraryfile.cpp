@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryfile.h"
 
-#include "host/library/librarydatabase.h"
 #include "host/library/libraryerror.h"
 #include "host/library/libraryschema.h"
 #include "host/library/librarytext.h"
@@ -61,13 +60,23 @@ void requireHeaderOfOurs(const QString& path)
         failNewer();
 }
 
+bool hasLog(const QString& path)
+{
+    return QFileInfo(path + QStringLiteral("-wal")).size() > 0;
+}
+
+int versionOf(LibraryDatabase& database)
+{
+    return database.number(QStringLiteral("PRAGMA user_version"));
+}
+
 /// The write-ahead log may hold a version that the header does not show yet. A connection for reading does not move it.
 void requireKnownVersionInLog(const QString& path)
 {
-    if (QFileInfo(path + QStringLiteral("-wal")).size() == 0)
+    if (!hasLog(path))
         return;
     LibraryDatabase database(path, LibraryDatabase::Access::ReadOnly);
-    if (database.number(QStringLiteral("PRAGMA user_version")) > libraryschema::currentVersion())
+    if (versionOf(database) > libraryschema::currentVersion())
         failNewer();
 }
 
@@ -77,6 +86,23 @@ void libraryfile::requireReadable(const QString& path)
 {
     requireHeaderOfOurs(path);
     requireKnownVersionInLog(path);
+}
+
+std::unique_ptr<LibraryDatabase> libraryfile::connectTo(const QString& path, LibraryDatabase::Access access)
+{
+    try {
+        auto database = std::make_unique<LibraryDatabase>(path, access);
+        // Reading something opens the log.
+        (void)versionOf(*database);
+        return database;
+    } catch (const LibraryError& error) {
+        // As SQLite says it for a file system and for a folder. What a log holds must not be passed over.
+        const bool cannotMakeLog =
+            error.status() == LibraryStatus::NotOpened || error.status() == LibraryStatus::ReadOnly;
+        if (!cannotMakeLog || hasLog(path))
+            throw;
+    }
+    return std::make_unique<LibraryDatabase>(path, LibraryDatabase::Access::Frozen);
 }
 
 std::unique_ptr<LibraryDatabase> libraryfile::openOrCreate(const QString& path)
@@ -89,7 +115,7 @@ std::unique_ptr<LibraryDatabase> libraryfile::openOrCreate(const QString& path)
         fail(librarytext::tr("The library cannot be created: the link leads nowhere."));
     if (info.isDir() || info.size() > 0)
         requireReadable(path);
-    auto database = std::make_unique<LibraryDatabase>(path, LibraryDatabase::Access::ReadWrite);
+    std::unique_ptr<LibraryDatabase> database = connectTo(path, LibraryDatabase::Access::ReadWrite);
     libraryschema::migrate(*database, libraryschema::steps());
     database->execute(QStringLiteral("PRAGMA journal_mode = WAL"));
     return database;

@@ -14,5 +14,6 @@ enum class LibraryStatus
     ReadOnly = 7,
     DiskError = 8,
     Failed = 9,  ///< Anything else that the database reports.
-    Closed = 10
+    Closed = 10,
+    NotOpened = 11  ///< The file, or its log beside it, cannot be opened.
 };
