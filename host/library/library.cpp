@@ -13,6 +13,7 @@
 #include "host/library/librarytagaction.h"
 #include "host/library/librarythread.h"
 #include "host/library/libraryview.h"
+#include "host/library/librarywriter.h"
 
 #include <QFileInfo>
 #include <QPointer>
@@ -22,13 +23,16 @@
 
 namespace {
 
-using WritingThread = LibraryThread<LibraryDatabase>;
+using WritingThread = LibraryThread<LibraryWriter>;
 using ReadingThread = LibraryThread<LibraryReader>;
 
-std::unique_ptr<LibraryDatabase> openForWriting(const QString& path, QString* error)
+/// For the writing thread; leaves what was read in \a view, which nobody else uses yet.
+std::unique_ptr<LibraryWriter> openForWriting(const QString& path, LibraryView& view, QString* error)
 {
     try {
-        return std::make_unique<LibraryDatabase>(path, LibraryDatabase::Access::ReadWrite);
+        auto writer = std::make_unique<LibraryWriter>(path);
+        view.load(writer->known());
+        return writer;
     } catch (const LibraryError& failure) {
         *error = failure.message();
         return nullptr;
@@ -117,9 +121,8 @@ std::unique_ptr<Library> Library::open(const QString& path, QString* error)
         const std::unique_ptr<LibraryDatabase> database = libraryfile::openOrCreate(members->path);
         const auto view = std::make_shared<LibraryView>();
         auto writer = std::make_unique<WritingThread>();
-        const std::unique_ptr<LibraryReader> reader = LibraryReader::open(members->path, &reason);
-        if (reader && view->load(*reader, &reason) &&
-            writer->start([path = members->path](QString* why) { return openForWriting(path, why); }, &reason)) {
+        const auto opening = [&](QString* why) { return openForWriting(members->path, *view, why); };
+        if (writer->start(opening, &reason)) {
             members->start(view, std::move(writer));
             return std::unique_ptr<Library>(new Library(std::move(members)));
         }

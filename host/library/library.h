@@ -23,6 +23,10 @@ class ILibraryDataProvider;
 /// the request is answered, exactly once. A request that fails changes nothing and is answered with the reason. A
 /// library that another program holds locked is waited for up to 5 seconds, on that thread.
 ///
+/// What other programs commit to the same file is noticed before the next request, or within about a second, and told
+/// as a request's change is. A library in a folder that is read-only is shown, and requests are answered so; other
+/// programs' changes are not noticed then.
+///
 /// Names are kept as typed, without white space at their ends, and compared in normalisation form C, case-sensitively.
 ///
 /// Lives on the GUI thread, where open() was called. Destroying it waits until the requests sent so far are

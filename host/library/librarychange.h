@@ -19,4 +19,8 @@ struct LibraryChange
     QVector<TagLink> linksRemoved;        ///< Without those that went with a tag or a category.
     QHash<qint64, int> fileCountChanges;  ///< By tag, how many files more or less it has.
     bool filesChanged = false;            ///< Files joined or left, or their tags changed.
+
+    /// The same as a series of changes of at most \a most rows each; none for an empty change. Applied one after the
+    /// other they lead to the same, by way of states that the library never had.
+    [[nodiscard]] QVector<LibraryChange> inPieces(int most) const;
 };

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryengine.h"
 
-#include "host/library/librarydatabase.h"
 #include "host/library/librarygroup.h"
 #include "host/library/librarymanager.h"
 #include "host/library/librarytag.h"
 #include "host/library/librarythread.h"
 #include "host/library/libraryview.h"
+#include "host/library/librarywriter.h"
 
 #include <QElapsedTimer>
 
@@ -14,14 +14,20 @@ namespace {
 
 /// How long the queue may keep the event loop waiting, in milliseconds: half a frame of a 60 Hz screen.
 constexpr int Slice = 8;
+/// Rows that come into memory at once; some 10 ms.
+constexpr int MostRows = 5000;
+/// How often to look for what other programs changed, in milliseconds.
+constexpr int OutsideInterval = 1000;
 
 }  // namespace
 
 LibraryEngine::LibraryEngine(const std::shared_ptr<LibraryView>& view,
-                             std::unique_ptr<LibraryThread<LibraryDatabase>> writer)
+                             std::unique_ptr<LibraryThread<LibraryWriter>> writer)
     : m_view(view)
     , m_writer(std::move(writer))
 {
+    connect(&m_outsideTimer, &QTimer::timeout, this, &LibraryEngine::lookOutside);
+    m_outsideTimer.start(OutsideInterval);
 }
 
 LibraryEngine::~LibraryEngine()
@@ -31,10 +37,43 @@ LibraryEngine::~LibraryEngine()
 
 void LibraryEngine::send(Job job)
 {
-    m_writer->post([this, job = std::move(job)](LibraryDatabase& database) {
-        QMetaObject::invokeMethod(
-            this, [this, result = job(database)] { receive(result); }, Qt::QueuedConnection);
+    m_writer->post([this, job = std::move(job)](LibraryWriter& writer) {
+        deliverOutsideChange(writer);
+        const Result result = job(writer.database());
+        writer.noteOwnChange(result.change);
+        deliver(result);
     });
+}
+
+void LibraryEngine::lookOutside()
+{
+    // One at a time: they must not pile up behind a long import.
+    if (m_looksOutside.exchange(true))
+        return;
+    m_writer->post([this](LibraryWriter& writer) {
+        deliverOutsideChange(writer);
+        m_looksOutside = false;
+    });
+}
+
+/// Called on the writing thread.
+void LibraryEngine::deliverOutsideChange(LibraryWriter& writer)
+{
+    if (const std::optional<LibraryChange> change = writer.takeOutsideChange())
+        deliver({*change, {}});
+}
+
+/// Called on the writing thread.
+void LibraryEngine::deliver(const Result& result)
+{
+    QVector<Result> results;
+    for (const LibraryChange& piece : result.change.inPieces(MostRows))
+        results.append({piece, {}});
+    if (results.isEmpty())
+        results.append(Result());
+    results.last().answer = result.answer;
+    QMetaObject::invokeMethod(
+        this, [this, results] { receive(results); }, Qt::QueuedConnection);
 }
 
 void LibraryEngine::setManager(const QSharedPointer<LibraryManager>& manager)
@@ -48,12 +87,19 @@ qint64 LibraryEngine::nextRequestId()
     return ++last;
 }
 
-void LibraryEngine::receive(const Result& result)
+void LibraryEngine::receive(const QVector<Result>& results)
 {
+    m_results.insert(m_results.end(), results.cbegin(), results.cend());
+    tellNext();
+}
+
+void LibraryEngine::bringNextIntoMemory()
+{
+    const Result result = std::move(m_results.front());
+    m_results.pop_front();
     queueNews(m_view->apply(result.change));
     if (result.answer)
         m_tellings.push_back(result.answer);
-    tellNext();
 }
 
 void LibraryEngine::queueNews(const LibraryNews& news)
@@ -93,10 +139,14 @@ void LibraryEngine::tellNext()
     QElapsedTimer slice;
     slice.start();
     const QPointer<LibraryEngine> self = this;
-    while (self && !m_tellings.empty()) {
+    while (self && (!m_tellings.empty() || !m_results.empty())) {
         if (slice.elapsed() >= Slice) {
             QMetaObject::invokeMethod(this, &LibraryEngine::tellNext, Qt::QueuedConnection);
             return;
+        }
+        if (m_tellings.empty()) {
+            bringNextIntoMemory();
+            continue;
         }
         const Telling telling = std::move(m_tellings.front());
         m_tellings.pop_front();

@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <atomic>
 #include <deque>
@@ -17,12 +18,15 @@ class LibraryManager;
 template <typename Connection>
 class LibraryThread;
 class LibraryView;
+class LibraryWriter;
 
 /// What carries requests to the writing thread and their results back: first into memory, then to the providers'
-/// signals, then to the answer.
+/// signals, then to the answer. What other programs change in the same file goes the same way, looked for before every
+/// request and once a second.
 ///
-/// Lives on the GUI thread. What is to be told waits in one queue, told in order, also when a receiver runs an event
-/// loop of its own, and in slices of a few milliseconds, so that a large change does not hold up the window.
+/// Lives on the GUI thread. Results wait in one queue, brought into memory and told in order, also when a receiver runs
+/// an event loop of its own. That happens in slices of a few milliseconds, so that a large change does not hold up the
+/// window: a change of more than 5,000 rows is told in several signals.
 class LibraryEngine : public QObject
 {
     Q_OBJECT
@@ -37,7 +41,7 @@ public:
     /// Runs on the writing thread, in one transaction of its own. Must not throw.
     using Job = std::function<Result(LibraryDatabase& database)>;
 
-    LibraryEngine(const std::shared_ptr<LibraryView>& view, std::unique_ptr<LibraryThread<LibraryDatabase>> writer);
+    LibraryEngine(const std::shared_ptr<LibraryView>& view, std::unique_ptr<LibraryThread<LibraryWriter>> writer);
     /// Waits until the jobs sent so far are done; their results are dropped.
     ~LibraryEngine() override;
 
@@ -53,17 +57,24 @@ signals:
     void filesChanged();
 
 private slots:
+    void lookOutside();
     void tellNext();
 
 private:
     using Telling = std::function<void()>;
 
-    void receive(const Result& result);
+    void deliverOutsideChange(LibraryWriter& writer);
+    void deliver(const Result& result);
+    void receive(const QVector<Result>& results);
+    void bringNextIntoMemory();
     void queueNews(const LibraryNews& news);
     void queueGroupNews(const GroupNews& news);
 
     std::shared_ptr<LibraryView> m_view;
-    std::unique_ptr<LibraryThread<LibraryDatabase>> m_writer;
+    std::unique_ptr<LibraryThread<LibraryWriter>> m_writer;
     QSharedPointer<LibraryManager> m_manager;
-    std::deque<Telling> m_tellings;
+    std::deque<Result> m_results;    ///< Not in memory yet.
+    std::deque<Telling> m_tellings;  ///< Of what is in memory, told before the next change comes into it.
+    QTimer m_outsideTimer;
+    std::atomic<bool> m_looksOutside = false;
 };

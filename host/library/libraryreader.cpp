@@ -8,6 +8,7 @@
 #include "host/library/librarystatement.h"
 #include "host/library/librarytransaction.h"
 #include "host/library/reservedcategory.h"
+#include "host/library/tagtable.h"
 
 #include <QFileInfo>
 #include <QJsonArray>
@@ -91,8 +92,8 @@ std::unique_ptr<LibraryReader> LibraryReader::open(const QString& path, QString*
     try {
         const QString file = QFileInfo(path).absoluteFilePath();
         libraryfile::requireReadable(file);
-        auto database = std::make_unique<LibraryDatabase>(file, LibraryDatabase::Access::ReadOnly);
-        return std::unique_ptr<LibraryReader>(new LibraryReader(std::move(database)));
+        return std::unique_ptr<LibraryReader>(
+            new LibraryReader(libraryfile::connectTo(file, LibraryDatabase::Access::ReadOnly)));
     } catch (const LibraryError& failure) {
         if (error)
             *error = failure.message();
@@ -114,44 +115,17 @@ auto LibraryReader::guarded(Read read) -> decltype(read())
 
 QVector<TagRow> LibraryReader::tags()
 {
-    return guarded([this] {
-        LibraryStatement select(*m_database,
-                                "SELECT id, name, spelling, color, ifnull(file_count, 0) FROM tags LEFT JOIN"
-                                " (SELECT tag_id, count(*) AS file_count FROM file_tags GROUP BY tag_id)"
-                                " ON tag_id = id ORDER BY id");
-        select.run();
-        QVector<TagRow> rows;
-        while (select.next())
-            rows.append({select.integer(0), select.name(1, 2), int(select.integer(3)), int(select.integer(4))});
-        return rows;
-    });
+    return guarded([this] { return tagtable::tags(*m_database); });
 }
 
 QVector<CategoryRow> LibraryReader::categories()
 {
-    return guarded([this] {
-        LibraryStatement select(*m_database,
-                                "SELECT id, name, spelling, ifnull(tag_count, 0) FROM categories LEFT JOIN"
-                                " (SELECT category_id, count(*) AS tag_count FROM tag_categories GROUP BY category_id)"
-                                " ON category_id = id ORDER BY id");
-        select.run();
-        QVector<CategoryRow> rows;
-        while (select.next())
-            rows.append({select.integer(0), select.name(1, 2), int(select.integer(3))});
-        return rows;
-    });
+    return guarded([this] { return tagtable::categories(*m_database); });
 }
 
 QVector<TagLink> LibraryReader::tagLinks()
 {
-    return guarded([this] {
-        LibraryStatement select(*m_database, "SELECT category_id, tag_id FROM tag_categories");
-        select.run();
-        QVector<TagLink> links;
-        while (select.next())
-            links.append({select.integer(0), select.integer(1)});
-        return links;
-    });
+    return guarded([this] { return tagtable::tagLinks(*m_database); });
 }
 
 LibraryTotals LibraryReader::totals()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QVector>
 
@@ -30,6 +31,15 @@ struct TagLink
     qint64 categoryId = 0;
     qint64 tagId = 0;
 };
+
+inline bool operator==(const TagLink& a, const TagLink& b)
+{
+    return a.categoryId == b.categoryId && a.tagId == b.tagId;
+}
+inline uint qHash(const TagLink& link, uint seed = 0)
+{
+    return qHash(qMakePair(link.categoryId, link.tagId), seed);
+}
 
 /// What tells whether a file changed since it was imported.
 struct FileState

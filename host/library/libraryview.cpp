@@ -1,12 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryview.h"
 
-#include "host/library/libraryreader.h"
+#include "host/library/librarysnapshot.h"
 #include "host/library/reservedcategory.h"
 #include "host/library/tagname.h"
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+/// Another entry may have taken over the name before this one gave it up: changes of other programs come summed up.
+template <typename Entry>
+void forgetName(QHash<QString, std::shared_ptr<Entry>>& entriesByKey, const std::shared_ptr<Entry>& entry)
+{
+    const auto named = entriesByKey.find(tagname::key(entry->name));
+    if (named != entriesByKey.end() && *named == entry)
+        entriesByKey.erase(named);
+}
+
+/// A tag that came and went within one change, or the other way round, did neither.
+void settle(GroupNews& news)
+{
+    if (news.tagsAdded.isEmpty() || news.tagsRemoved.isEmpty())
+        return;
+    const QSet<qint64> added(news.tagsAdded.cbegin(), news.tagsAdded.cend());
+    const QSet<qint64> removed(news.tagsRemoved.cbegin(), news.tagsRemoved.cend());
+    const auto drop = [](QVector<qint64>& ids, const QSet<qint64>& others) {
+        ids.erase(std::remove_if(ids.begin(), ids.end(), [&](qint64 id) { return others.contains(id); }), ids.end());
+    };
+    drop(news.tagsAdded, removed);
+    drop(news.tagsRemoved, added);
+}
+
+}  // namespace
 
 LibraryView::LibraryView()
     : m_allTags(addGroup(reservedcategory::AllTags, reservedcategory::name(reservedcategory::AllTags)))
@@ -18,26 +45,18 @@ LibraryView::LibraryView()
 
 LibraryView::~LibraryView() = default;
 
-bool LibraryView::load(LibraryReader& reader, QString* error)
+void LibraryView::load(const LibrarySnapshot& snapshot)
 {
-    const QVector<TagRow> tags = reader.tags();
-    reserveFor(tags.size());
-    for (const TagRow& row : tags)
+    reserveFor(snapshot.tags.size());
+    for (const TagRow& row : snapshot.tags)
         addTag(row);
-    *error = reader.lastError();
-    for (const CategoryRow& row : error->isEmpty() ? reader.categories() : QVector<CategoryRow>()) {
+    for (const CategoryRow& row : snapshot.categories) {
         if (row.id >= reservedcategory::FirstUserId)
             addGroup(row.id, row.name)->tags.reserve(row.tagCount);
     }
-    if (error->isEmpty())
-        *error = reader.lastError();
-    if (error->isEmpty()) {
-        addLinks(reader.tagLinks());
-        *error = reader.lastError();
-    }
+    addLinks(QVector<TagLink>(snapshot.links.cbegin(), snapshot.links.cend()));
     m_news = {};
     m_newsIndex.clear();
-    return error->isEmpty();
 }
 
 LibraryNews LibraryView::apply(const LibraryChange& change)
@@ -51,8 +70,10 @@ LibraryNews LibraryView::apply(const LibraryChange& change)
     removeLinks(change.linksRemoved);
     deleteTags(change.tagsDeleted);
     removeCategories(change.categoriesRemoved);
+    std::for_each(m_news.groups.begin(), m_news.groups.end(), settle);
     m_news.filesChanged = change.filesChanged;
     m_newsIndex.clear();
+    m_updatedTags.clear();
     return std::exchange(m_news, {});
 }
 
@@ -139,11 +160,11 @@ void LibraryView::changeTags(const QVector<TagRow>& rows)
         const std::shared_ptr<TagEntry> entry = tag(row.id);
         if (!entry)
             continue;
-        m_tagsByKey.remove(tagname::key(entry->name));
+        forgetName(m_tagsByKey, entry);
         entry->name = row.name;
         entry->colorIndex = row.colorIndex;
         m_tagsByKey.insert(tagname::key(row.name), entry);
-        m_news.tagsUpdated.append(entry);
+        tellUpdated(entry);
     }
 }
 
@@ -154,7 +175,7 @@ void LibraryView::countFiles(const QHash<qint64, int>& changes)
         if (!entry || change.value() == 0)
             continue;
         entry->fileCount += change.value();
-        m_news.tagsUpdated.append(entry);
+        tellUpdated(entry);
     }
 }
 
@@ -165,7 +186,7 @@ void LibraryView::deleteTags(const QVector<qint64>& ids)
         if (!entry)
             continue;
         entry->gone = true;
-        m_tagsByKey.remove(tagname::key(entry->name));
+        forgetName(m_tagsByKey, entry);
         for (qint64 categoryId : std::exchange(entry->categories, {}))
             leave(group(categoryId), id);
         leave(m_uncategorized, id);
@@ -187,7 +208,7 @@ void LibraryView::renameCategories(const QVector<CategoryRow>& rows)
         const std::shared_ptr<GroupEntry> entry = group(row.id);
         if (!entry)
             continue;
-        m_groupsByKey.remove(tagname::key(entry->name));
+        forgetName(m_groupsByKey, entry);
         entry->name = row.name;
         m_groupsByKey.insert(tagname::key(row.name), entry);
         newsOf(entry).updated = true;
@@ -201,7 +222,7 @@ void LibraryView::removeCategories(const QVector<qint64>& ids)
         if (!entry)
             continue;
         entry->gone = true;
-        m_groupsByKey.remove(tagname::key(entry->name));
+        forgetName(m_groupsByKey, entry);
         const auto tags = entry->tags;
         for (const auto& tag : tags)
             leaveCategory(entry, tag);
@@ -231,6 +252,14 @@ void LibraryView::removeLinks(const QVector<TagLink>& links)
         if (category && entry)
             leaveCategory(category, entry);
     }
+}
+
+void LibraryView::tellUpdated(const std::shared_ptr<TagEntry>& tag)
+{
+    if (m_updatedTags.contains(tag->id))
+        return;
+    m_updatedTags.insert(tag->id);
+    m_news.tagsUpdated.append(tag);
 }
 
 void LibraryView::join(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag)

@@ -5,11 +5,12 @@
 #include "host/library/libraryentries.h"
 #include "host/library/librarynews.h"
 
+#include <QSet>
 #include <QSharedPointer>
 
 class ITagDataProvider;
 class ITagGroupDataProvider;
-class LibraryReader;
+struct LibrarySnapshot;
 
 /// Tags, categories and which tag is in which, in memory: everything that the providers read. GUI thread only.
 ///
@@ -21,8 +22,8 @@ public:
     LibraryView();
     ~LibraryView();
 
-    /// Fills an empty view: three queries, each read once. False when reading failed, with the reason in \a error.
-    [[nodiscard]] bool load(LibraryReader& reader, QString* error);
+    /// Fills an empty view.
+    void load(const LibrarySnapshot& snapshot);
     /// Brings a committed change into memory and returns what is to be told. Ids that the view does not know are
     /// ignored.
     [[nodiscard]] LibraryNews apply(const LibraryChange& change);
@@ -55,6 +56,7 @@ private:
     void addLinks(const QVector<TagLink>& links);
     void removeLinks(const QVector<TagLink>& links);
 
+    void tellUpdated(const std::shared_ptr<TagEntry>& tag);
     void join(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag);
     void leave(const std::shared_ptr<GroupEntry>& group, qint64 tagId);
     void leaveCategory(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag);
@@ -67,4 +69,5 @@ private:
     std::shared_ptr<GroupEntry> m_uncategorized;
     LibraryNews m_news;  ///< Of the change that is being applied.
     QHash<qint64, int> m_newsIndex;
+    QSet<qint64> m_updatedTags;
 };

@@ -34,6 +34,41 @@ std::optional<CategoryRow> readCategory(LibraryStatement& statement)
 
 }  // namespace
 
+QVector<TagRow> tagtable::tags(LibraryDatabase& database)
+{
+    LibraryStatement select(database, "SELECT id, name, spelling, color, ifnull(file_count, 0) FROM tags LEFT JOIN"
+                                      " (SELECT tag_id, count(*) AS file_count FROM file_tags GROUP BY tag_id)"
+                                      " ON tag_id = id ORDER BY id");
+    select.run();
+    QVector<TagRow> rows;
+    while (select.next())
+        rows.append({select.integer(0), select.name(1, 2), int(select.integer(3)), int(select.integer(4))});
+    return rows;
+}
+
+QVector<CategoryRow> tagtable::categories(LibraryDatabase& database)
+{
+    LibraryStatement select(database,
+                            "SELECT id, name, spelling, ifnull(tag_count, 0) FROM categories LEFT JOIN"
+                            " (SELECT category_id, count(*) AS tag_count FROM tag_categories GROUP BY category_id)"
+                            " ON category_id = id ORDER BY id");
+    select.run();
+    QVector<CategoryRow> rows;
+    while (select.next())
+        rows.append({select.integer(0), select.name(1, 2), int(select.integer(3))});
+    return rows;
+}
+
+QVector<TagLink> tagtable::tagLinks(LibraryDatabase& database)
+{
+    LibraryStatement select(database, "SELECT category_id, tag_id FROM tag_categories");
+    select.run();
+    QVector<TagLink> links;
+    while (select.next())
+        links.append({select.integer(0), select.integer(1)});
+    return links;
+}
+
 std::optional<TagRow> tagtable::tagByName(LibraryDatabase& database, const QString& name)
 {
     LibraryStatement select(database, "SELECT id, name, spelling, color FROM tags WHERE name = ?");

@@ -7,8 +7,16 @@
 
 class LibraryDatabase;
 
-/// The rows of tags and categories. All of it throws LibraryErrors and belongs into a transaction of the caller.
+/// The rows of tags and categories. All of it throws LibraryErrors; what writes belongs into a
+/// transaction of the caller.
 namespace tagtable {
+
+/// Every tag with its number of files, by id. Counts all links once.
+[[nodiscard]] QVector<TagRow> tags(LibraryDatabase& database);
+/// The favourites and the user categories, by id.
+[[nodiscard]] QVector<CategoryRow> categories(LibraryDatabase& database);
+/// Every link between a tag and a category, favourites included.
+[[nodiscard]] QVector<TagLink> tagLinks(LibraryDatabase& database);
 
 /// The tag with that name, compared by key; without its file count.
 [[nodiscard]] std::optional<TagRow> tagByName(LibraryDatabase& database, const QString& name);

@@ -48,6 +48,13 @@ QVector<qint64> tagIds(const ITagGroupDataProvider& group)
 }  // namespace
 
 LibraryFixture::LibraryFixture()
+    : m_path(m_folder.filePath(QStringLiteral("library.vellum")))
+{
+    reopen();
+}
+
+LibraryFixture::LibraryFixture(const QString& path)
+    : m_path(path)
 {
     reopen();
 }

@@ -23,9 +23,11 @@ class LibraryFixture
 public:
     /// Opens a new library; isOpen() tells whether that went well.
     LibraryFixture();
+    /// The library of another fixture opened once more, as another program would.
+    explicit LibraryFixture(const QString& path);
     ~LibraryFixture();
 
-    [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("library.vellum")); }
+    [[nodiscard]] QString path() const { return m_path; }
     [[nodiscard]] Library* library() const { return m_library.get(); }
     [[nodiscard]] bool isOpen() const { return m_library != nullptr; }
     void close();
@@ -72,6 +74,7 @@ private:
     void followTags(const QSharedPointer<ITagGroupDataProvider>& group);
 
     QTemporaryDir m_folder;
+    QString m_path;
     std::unique_ptr<Library> m_library;
     QMultiHash<qint64, QSharedPointer<const IResponseInfo>> m_answers;
     QStringList m_log;
