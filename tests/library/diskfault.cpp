@@ -14,8 +14,9 @@
 namespace {
 
 std::atomic<DiskFault::Kind> kind = DiskFault::Kind::None;
-std::atomic<int> callsLeft = 0;
+std::atomic<qint64> callsLeft = 0;
 std::atomic<bool> hasStruck = false;
+std::atomic<off_t> shortReadEnd = -1;
 
 bool strikes(DiskFault::Kind wanted)
 {
@@ -37,6 +38,12 @@ ssize_t writeAt(int file, const void* data, size_t size, off_t offset)
         return failWith(ENOSPC);
     if (strikes(DiskFault::Kind::WriteError))
         return failWith(EIO);
+    if (kind == DiskFault::Kind::FillsUp && offset + off_t(size) > callsLeft) {
+        hasStruck = true;
+        return failWith(ENOSPC);
+    }
+    if (strikes(DiskFault::Kind::LostWrite))
+        return ssize_t(size);
     if (size > 1 && strikes(DiskFault::Kind::ShortWrite)) {
         kind = DiskFault::Kind::Full;
         return ::pwrite(file, data, size / 2, offset);
@@ -46,13 +53,22 @@ ssize_t writeAt(int file, const void* data, size_t size, off_t offset)
 
 ssize_t readAt(int file, void* data, size_t size, off_t offset)
 {
-    return strikes(DiskFault::Kind::ReadError) ? failWith(EIO) : ::pread(file, data, size, offset);
+    if (strikes(DiskFault::Kind::ReadError))
+        return failWith(EIO);
+    if (!strikes(DiskFault::Kind::ShortRead))
+        return ::pread(file, data, size, offset);
+    // SQLite asks for the rest again.
+    if (shortReadEnd.exchange(-1) == offset)
+        return 0;
+    shortReadEnd = offset + off_t(size / 2);
+    return ::pread(file, data, size / 2, offset);
 }
 
 int openFile(const char* path, int flags, int mode)
 {
+    const bool writes = (flags & O_ACCMODE) == O_RDWR;
     const bool isMainFile = std::strstr(path, "-wal") == nullptr && std::strstr(path, "-shm") == nullptr;
-    if (isMainFile && (flags & O_ACCMODE) == O_RDWR && strikes(DiskFault::Kind::ReadOnly))
+    if (writes && (strikes(DiskFault::Kind::ReadOnlyFolder) || (isMainFile && strikes(DiskFault::Kind::ReadOnly))))
         return static_cast<int>(failWith(EACCES));
     return ::open(path, flags, mode);
 }
@@ -89,7 +105,7 @@ DiskFault::~DiskFault()
         replace(name, nullptr);
 }
 
-void DiskFault::set(Kind newKind, int after)
+void DiskFault::set(Kind newKind, qint64 after)
 {
     kind = Kind::None;
     callsLeft = after;

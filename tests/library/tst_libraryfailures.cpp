@@ -8,6 +8,7 @@
 #include <itaggroupaction.h>
 #include <itaggroupdataprovider.h>
 
+#include <QFile>
 #include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -38,6 +39,20 @@ private:
     QSqlDatabase m_database;
 };
 
+QVector<ImportedFile> manyPictures()
+{
+    QVector<ImportedFile> files;
+    for (int i = 0; i < 300; ++i)
+        files.append({"/p/" + QByteArray::number(i), {1, i, {}, {}}, {{QStringLiteral("key %1").arg(i % 70)}}});
+    return files;
+}
+
+/// What a computer finds that lost its power: the file and its log, without the memory shared between programs.
+bool copyAsAfterPowerLoss(const QString& from, const QString& to)
+{
+    return QFile::copy(from, to) && QFile::copy(from + QStringLiteral("-wal"), to + QStringLiteral("-wal"));
+}
+
 }  // namespace
 
 /// A request that cannot be carried out is answered with the reason, tells nothing else and changes nothing.
@@ -57,7 +72,13 @@ private slots:
     void failingDisk_data();
     void failingDisk();
     void failingDiskDuringAnImport();
+    void diskThatFillsUp();
+    void failingReads_data();
+    void failingReads();
+    void lostWritesLeaveAnEarlierState();
     void readOnlyLibrary();
+    void readOnlyFolder();
+    void readOnlyFolderWithALog();
 
 private:
     std::unique_ptr<DiskFault> m_fault;
@@ -195,9 +216,7 @@ void TstLibraryFailures::failingDisk()
 
 void TstLibraryFailures::failingDiskDuringAnImport()
 {
-    QVector<ImportedFile> files;
-    for (int i = 0; i < 300; ++i)
-        files.append({"/p/" + QByteArray::number(i), {1, i, {}, {}}, {{QStringLiteral("key %1").arg(i % 70)}}});
+    const QVector<ImportedFile> files = manyPictures();
     const QStringList before = f->shown();
     for (int after : {0, 1, 5, 9}) {
         m_fault->set(DiskFault::Kind::Full, after);
@@ -211,6 +230,90 @@ void TstLibraryFailures::failingDiskDuringAnImport()
     QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
 }
 
+/// Names of 100 kB, until a disk of 1 MB takes no more.
+void TstLibraryFailures::diskThatFillsUp()
+{
+    m_fault->set(DiskFault::Kind::FillsUp, 1 << 20);
+    int refused = 0;
+    for (int i = 0; i < 15; ++i) {
+        const QStringList before = f->shown();
+        const QString name = QString::number(i) + QString(100000, QLatin1Char('x'));
+        const int status = f->statusOf(f->tags()->createTags({{name, 0, 0}}));
+        QVERIFY(status == 0 || status == int(LibraryStatus::DiskFull));
+        QCOMPARE(f->shown() == before, status != 0);
+        refused += status != 0;
+        QCOMPARE(f->stored(), f->shown());
+    }
+    QVERIFY(refused > 0 && refused < 15);
+    m_fault->clear();
+    QVERIFY(f->createTags({"there is room again"}));
+}
+
+void TstLibraryFailures::failingReads_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("read error") << int(DiskFault::Kind::ReadError);
+    QTest::newRow("short read") << int(DiskFault::Kind::ShortRead);
+}
+
+/// A library that is opened, and asked for its files, while the disk fails at the first reading, at the second, and so
+/// on, says so or is right; the next time, it has everything.
+void TstLibraryFailures::failingReads()
+{
+    QFETCH(const int, kind);
+    QVERIFY(f->library()->importAndWait(manyPictures()).succeeded);
+    QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
+    const QStringList whole = f->shown();
+    bool failedEver = false;
+    bool struck = true;
+    for (int after = 0; struck; ++after) {
+        f->close();
+        m_fault->set(static_cast<DiskFault::Kind>(kind), after);
+        QString error;
+        const auto library = Library::open(f->path(), &error);
+        QCOMPARE(error.isEmpty(), library != nullptr);
+        if (library) {
+            int files = -1;
+            library->queryFileIds(FileQuery::allFiles(), this, [&](const QVector<qint64>& ids, const QString& reason) {
+                files = ids.size();
+                error = reason;
+            });
+            QTRY_VERIFY(files >= 0);
+            QVERIFY(files == 300 || !error.isEmpty());
+        }
+        struck = m_fault->struck();
+        m_fault->clear();
+        QVERIFY(struck || error.isEmpty());
+        failedEver = failedEver || !error.isEmpty();
+        QVERIFY(f->reopen());
+        QCOMPARE(f->shown(), whole);
+    }
+    QVERIFY(failedEver);
+}
+
+/// A disk that claims to have written cannot be seen through; what is found after the power is gone is what the library
+/// held at some earlier moment, whole.
+void TstLibraryFailures::lostWritesLeaveAnEarlierState()
+{
+    for (int after = 0; after < 12; ++after) {
+        LibraryFixture library;
+        QStringList states = {library.shown().join('\n')};
+        m_fault->set(DiskFault::Kind::LostWrite, after);
+        for (int i = 0; i < 5; ++i) {
+            QVERIFY(library.answerTo(library.tags()->createTags({{QStringLiteral("tag %1").arg(i), 0, 0}})));
+            states.append(library.shown().join('\n'));
+        }
+        QVERIFY(m_fault->struck());
+        const QTemporaryDir folder;
+        const QString found = folder.filePath(QStringLiteral("found"));
+        QVERIFY(copyAsAfterPowerLoss(library.path(), found));
+        m_fault->clear();
+        QVERIFY(LibraryFixture::openOnce(found));
+        QCOMPARE(LibraryFixture::integrity(found), QStringLiteral("ok"));
+        QVERIFY(states.contains(LibraryFixture::storedIn(found).join('\n')));
+    }
+}
+
 void TstLibraryFailures::readOnlyLibrary()
 {
     f->close();
@@ -222,6 +325,29 @@ void TstLibraryFailures::readOnlyLibrary()
     QCOMPARE(LibraryFixture::statusOf(answer), int(LibraryStatus::ReadOnly));
     QVERIFY(answer->message().contains("read-only"));
     QVERIFY(!f->library()->importAndWait({{"/p/a", {}, {}}}).succeeded);
+}
+
+void TstLibraryFailures::readOnlyFolder()
+{
+    f->close();
+    m_fault->set(DiskFault::Kind::ReadOnlyFolder);
+    QVERIFY(f->reopen());
+    QCOMPARE(f->group(-1)->tagCount(1), 3);
+    QCOMPARE(f->stored(), f->shown());
+    QCOMPARE(f->statusOf(f->tags()->renameTag(1, "x")), int(LibraryStatus::ReadOnly));
+    QVERIFY(!QFile::exists(f->path() + "-wal"));
+}
+
+/// What another program left in its log is not passed over in silence.
+void TstLibraryFailures::readOnlyFolderWithALog()
+{
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath("copy");
+    QVERIFY(copyAsAfterPowerLoss(f->path(), copy));
+    m_fault->set(DiskFault::Kind::ReadOnlyFolder);
+    QString error;
+    QVERIFY(!Library::open(copy, &error));
+    QVERIFY2(error.contains("log"), qPrintable(error));
 }
 
 QTEST_GUILESS_MAIN(TstLibraryFailures)
