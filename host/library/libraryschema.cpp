@@ -31,6 +31,40 @@ int versionOf(LibraryDatabase& database)
     return database.number(QStringLiteral("PRAGMA user_version"));
 }
 
+/// Dropping a table, as steps do that build one anew, deletes what refers to it while foreign keys are on. They can be
+/// switched outside of transactions only. https://www.sqlite.org/lang_altertable.html#otheralter
+class WithoutForeignKeys
+{
+public:
+    explicit WithoutForeignKeys(LibraryDatabase& database)
+        : m_database(database)
+        , m_before(database.number(QStringLiteral("PRAGMA foreign_keys")))
+    {
+        m_database.execute(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    }
+    ~WithoutForeignKeys()
+    {
+        try {
+            m_database.execute(QStringLiteral("PRAGMA foreign_keys = %1").arg(m_before));
+        } catch (const LibraryError&) {
+            // Only without memory, and then nothing else works on this connection either.
+        }
+    }
+
+private:
+    Q_DISABLE_COPY(WithoutForeignKeys)
+
+    LibraryDatabase& m_database;
+    int m_before;
+};
+
+void requireWholeReferences(LibraryDatabase& database)
+{
+    if (database.number(QStringLiteral("SELECT count(*) FROM pragma_foreign_key_check")) > 0)
+        throw LibraryError(LibraryStatus::Failed,
+                           librarytext::tr("The library is damaged and cannot be brought to the current version."));
+}
+
 /// Another program may have taken the step while this one waited for the lock.
 void takeStep(LibraryDatabase& database, int from, const libraryschema::Step& step)
 {
@@ -39,6 +73,7 @@ void takeStep(LibraryDatabase& database, int from, const libraryschema::Step& st
         return;
     for (const char* sql : step)
         database.execute(QString::fromLatin1(sql));
+    requireWholeReferences(database);
     database.execute(QStringLiteral("PRAGMA application_id = %1").arg(libraryschema::ApplicationId));
     database.execute(QStringLiteral("PRAGMA user_version = %1").arg(from + 1));
     transaction.commit();
@@ -60,9 +95,10 @@ int libraryschema::currentVersion()
 void libraryschema::migrate(LibraryDatabase& database, const QVector<Step>& steps)
 {
     int version = versionOf(database);
-    while (version < steps.size()) {
-        takeStep(database, version, steps.at(version));
-        version = versionOf(database);
+    if (version < steps.size()) {
+        const WithoutForeignKeys unchecked(database);
+        for (; version < steps.size(); version = versionOf(database))
+            takeStep(database, version, steps.at(version));
     }
     if (version > steps.size())
         throw LibraryError(LibraryStatus::Failed,

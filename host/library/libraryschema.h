@@ -20,7 +20,8 @@ using Step = QVector<const char*>;
 [[nodiscard]] int currentVersion();
 
 /// Brings the database to the last version of \a steps, each step in a transaction of its own, so that it may be
-/// interrupted at any moment and goes on the next time. Throws a LibraryError, also when the database is newer.
+/// interrupted at any moment and goes on the next time. Foreign keys are off meanwhile and checked before each commit,
+/// so that a step may build a table anew. Throws a LibraryError, also when the database is newer.
 void migrate(LibraryDatabase& database, const QVector<Step>& steps);
 
 }  // namespace libraryschema

@@ -1,0 +1,30 @@
+-- A library of version 1 as that version wrote it, without the rows that the test multiplies. Never to be changed: it
+-- stands for the libraries that people have.
+PRAGMA application_id = 1447840834;
+PRAGMA journal_mode = WAL;
+CREATE TABLE tags (id INTEGER PRIMARY KEY AUTOINCREMENT, name NOT NULL UNIQUE, spelling, color INTEGER NOT NULL DEFAULT 0);
+CREATE TABLE categories (id INTEGER PRIMARY KEY AUTOINCREMENT CHECK (id BETWEEN 1 AND 2147483647), name NOT NULL UNIQUE, spelling);
+CREATE TABLE tag_categories (category_id INTEGER NOT NULL REFERENCES categories (id) ON DELETE CASCADE, tag_id INTEGER NOT NULL REFERENCES tags (id) ON DELETE CASCADE, PRIMARY KEY (category_id, tag_id)) WITHOUT ROWID;
+CREATE INDEX tag_categories_by_tag ON tag_categories (tag_id);
+CREATE TABLE files (id INTEGER PRIMARY KEY AUTOINCREMENT, path BLOB NOT NULL UNIQUE, size INTEGER NOT NULL, modified INTEGER NOT NULL, sidecars BLOB, content BLOB);
+CREATE TABLE file_tags (tag_id INTEGER NOT NULL REFERENCES tags (id) ON DELETE CASCADE, file_id INTEGER NOT NULL REFERENCES files (id) ON DELETE CASCADE, PRIMARY KEY (tag_id, file_id)) WITHOUT ROWID;
+CREATE INDEX file_tags_by_file ON file_tags (file_id);
+INSERT INTO tags VALUES (1, 'sea', NULL, 3);
+INSERT INTO tags VALUES (2, 'café', CAST(X'63616665CC81' AS TEXT), 0);
+INSERT INTO tags VALUES (4, '水墨画', NULL, 7);
+INSERT INTO tags VALUES (5, X'610000D8', NULL, 1);
+INSERT INTO tags VALUES (6, '''); DROP TABLE tags; --"', NULL, 2);
+INSERT INTO categories VALUES (1, 'Favorite Tags', NULL);
+INSERT INTO categories VALUES (2, 'Places', NULL);
+INSERT INTO categories VALUES (4, 'empty', NULL);
+INSERT INTO tag_categories VALUES (1, 4);
+INSERT INTO tag_categories VALUES (2, 1);
+INSERT INTO tag_categories VALUES (2, 2);
+INSERT INTO files VALUES (1, X'2F702F612E6A7067', 100, 1700000000000000000, NULL, X'0102');
+INSERT INTO files VALUES (2, X'2F702F636166E92E6A7067', 200, 1700000000000000001, X'782E786D70', NULL);
+INSERT INTO file_tags VALUES (1, 1);
+INSERT INTO file_tags VALUES (1, 2);
+INSERT INTO file_tags VALUES (5, 2);
+UPDATE sqlite_sequence SET seq = 9 WHERE name = 'tags';
+UPDATE sqlite_sequence SET seq = 6 WHERE name = 'categories';
+PRAGMA user_version = 1;
