@@ -48,9 +48,10 @@ QScrollBar* bench::PluginSide::scrollBar() const
     return scrollArea()->verticalScrollBar();
 }
 
+/// An opaque content keeps updates of the viewport behind it from being painted.
 QWidget* bench::PluginSide::viewport() const
 {
-    return scrollArea()->viewport();
+    return scrollArea()->widget();
 }
 
 void bench::PluginSide::setWidth(int width)

@@ -87,6 +87,8 @@ QScrollArea* VLAllTagWidget::makeScrollArea(const QString& areaName, const QStri
     m_scrollArea->setObjectName(areaName);
     m_scrollWidget = new QWidget;
     m_scrollWidget->setObjectName(contentName);
+    // With a skin that gives the content an opaque colour, scrolling moves pixels and paints only what comes into view.
+    m_scrollWidget->setAutoFillBackground(true);
     m_contentLayout = new VLTallBoxLayout(m_scrollWidget);
     m_contentLayout->setContentsMargins(margins);
     m_contentLayout->setSpacing(0);
