@@ -106,8 +106,9 @@ renders_a_picture() {
 main() {
     parse_arguments "$@"
     check_folder
-    "$root/scripts/setup.sh" build
-    build
+    # Progress goes to stderr, so that what vellum prints can be piped.
+    "$root/scripts/setup.sh" build >&2
+    build >&2
 
     local vellum=$root/build/bin/vellum
     if ends_without_window; then
