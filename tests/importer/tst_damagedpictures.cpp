@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/metadataanswer.h"
+#include "host/importer/picturekeywords.h"
 #include "host/importer/readerpool.h"
+#include "tests/importer/madepictures.h"
 #include "tests/importer/readermain.h"
 #include "tests/importer/taggedpicture.h"
 
@@ -8,13 +10,15 @@
 #include <QRandomGenerator>
 
 /// Cuts and garbles samples of each format and reads them: every one must be answered, with keywords or with a reason.
-/// Takes some 20 seconds; with VELLUM_LONG_TESTS set, ten minutes. VELLUM_TEST_SEED sets the seed.
+/// Takes some 30 seconds; with VELLUM_LONG_TESTS set, ten minutes. VELLUM_TEST_SEED sets the seed.
 class TestDamagedPictures : public QObject
 {
     Q_OBJECT
 
 private slots:
     void initTestCase();
+    void readsMadePictures_data();
+    void readsMadePictures();
     void answersCutPictures_data() { addSamples(); }
     void answersCutPictures();
     void answersGarbledPictures_data() { addSamples(); }
@@ -22,6 +26,11 @@ private slots:
 
 private:
     static void addSamples();
+    /// Of a sample: the made ones are small, and many.
+    [[nodiscard]] int variantsOf(const QByteArray& bytes) const
+    {
+        return bytes.size() < 5000 ? m_variants / 4 : m_variants;
+    }
     void readAll(const QVector<QByteArray>& variants, const QByteArray& sample);
 
     QTemporaryDir m_folder;
@@ -35,16 +44,40 @@ void TestDamagedPictures::initTestCase()
         m_seed = quint32(qEnvironmentVariableIntValue("VELLUM_TEST_SEED"));
     if (qEnvironmentVariableIntValue("VELLUM_LONG_TESTS") > 0)
         m_variants = 12000;
+    setUpExiv2();
     qInfo("seed %u, %d variants of each sample and kind", m_seed, m_variants);
 }
 
 void TestDamagedPictures::addSamples()
 {
     QTest::addColumn<QByteArray>("sample");
+    QTest::addColumn<QByteArray>("whole");
     for (const char* const sample :
          {"Landscapes/Morning over the ridge.jpg", "Travel/Held sideways.jpg", "Design/Marks.png", "Design/Fans.tif",
           "Everyday/Shoal.webp", "Design/Poster R.xmp"})
-        QTest::newRow(sample) << QByteArray(sample);
+        QTest::newRow(sample) << QByteArray(sample) << fileBytes(QByteArray(VELLUM_SAMPLES "/") + sample);
+    for (const MadePicture& picture : madePictures())
+        QTest::newRow(picture.name.constData()) << picture.name << picture.bytes;
+}
+
+void TestDamagedPictures::readsMadePictures_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("hasKeyword");
+    for (const MadePicture& picture : madePictures())
+        QTest::newRow(picture.name.constData()) << picture.bytes << picture.hasKeyword;
+}
+
+/// Each reaches the reader of its format.
+void TestDamagedPictures::readsMadePictures()
+{
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const bool, hasKeyword);
+    const QByteArray path = QFile::encodeName(m_folder.filePath("made.")) + QTest::currentDataTag();
+    writeFile(path, bytes);
+    const MetadataAnswer answer = readKeywords(path);
+    QVERIFY2(!answer.error.contains("no known picture format"), qPrintable(answer.error));
+    QCOMPARE(answer.keywords, hasKeyword ? QStringList{"sea"} : QStringList());
 }
 
 void TestDamagedPictures::readAll(const QVector<QByteArray>& variants, const QByteArray& sample)
@@ -71,14 +104,15 @@ void TestDamagedPictures::readAll(const QVector<QByteArray>& variants, const QBy
 
 void TestDamagedPictures::answersCutPictures()
 {
-    QFETCH(QByteArray, sample);
-    const QByteArray whole = fileBytes(VELLUM_SAMPLES "/" + sample);
+    QFETCH(const QByteArray, sample);
+    QFETCH(const QByteArray, whole);
+    const int count = variantsOf(whole);
     QVector<QByteArray> variants;
     // The first bytes, where the structure is, one by one; the rest in even steps.
-    const int oneByOne = qMin(m_variants / 2, whole.size());
+    const int oneByOne = qMin(count / 2, whole.size());
     for (int length = 0; length < oneByOne; ++length)
         variants.append(whole.left(length));
-    const int rest = m_variants - oneByOne;
+    const int rest = count - oneByOne;
     for (int i = 0; i < rest; ++i)
         variants.append(whole.left(oneByOne + int(qint64(whole.size() - oneByOne) * i / rest)));
     readAll(variants, sample);
@@ -86,11 +120,12 @@ void TestDamagedPictures::answersCutPictures()
 
 void TestDamagedPictures::answersGarbledPictures()
 {
-    QFETCH(QByteArray, sample);
-    const QByteArray whole = fileBytes(VELLUM_SAMPLES "/" + sample);
+    QFETCH(const QByteArray, sample);
+    QFETCH(const QByteArray, whole);
+    const int count = variantsOf(whole);
     QRandomGenerator random(m_seed);
     QVector<QByteArray> variants;
-    for (int i = 0; i < m_variants; ++i) {
+    for (int i = 0; i < count; ++i) {
         QByteArray bytes = whole;
         // Half of them in the first part only, where lengths and offsets are.
         const int end = i % 2 ? bytes.size() : qMin(bytes.size(), 600);
