@@ -6,6 +6,7 @@
 #include "tests/support/installedhost.h"
 #include "tests/support/messagecatcher.h"
 #include "window/vltagmanagerwidget.h"
+#include "window/vltagsearchlineedit.h"
 
 #include <vlskinsetting.h>
 
@@ -73,15 +74,14 @@ class TestTagManagerWidget : public QObject
 
 private slots:
     void opensOnAllTags();
+    void headsOfThePages_data();
+    void headsOfThePages();
     void pageButtonsSwitchAndLog_data();
     void pageButtonsSwitchAndLog();
     void windowButtonsOnlyReport();
     void maximizeButtonFollowsTheHost();
     void forwardsTheWishToSeeFiles();
-    void followsCategories();
-    void windowWithoutLibraryStaysEmpty();
     void mayBeDeletedByItsOwnSignals();
-    void twoWindowsShowTheSame();
 };
 
 void TestTagManagerWidget::opensOnAllTags()
@@ -103,6 +103,44 @@ void TestTagManagerWidget::opensOnAllTags()
     QCOMPARE(open.windowButtons().first()->geometry().left(), 1100 - 17 - 3 * 14 - 2 * 18);
     QCOMPARE(open.stack->geometry(), QRect(0, 18 + 14 + 51, 1100, 700 - 83));
     QCOMPARE(gestures::shownChips(open.window), QStringList(QStringLiteral("A: apple")));
+}
+
+void TestTagManagerWidget::headsOfThePages_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<bool>("searchable");
+    QTest::newRow("all") << 0 << QStringLiteral("All Tags")
+                         << QStringLiteral("Tag-based file classification and filing help categorize and organize "
+                                           "files more efficiently.")
+                         << true;
+    QTest::newRow("categories") << 1 << QStringLiteral("Tag Categories")
+                                << QStringLiteral("You can categorize the tags with different meanings to manage and "
+                                                  "conveniently use them.")
+                                << false;
+    QTest::newRow("favorites") << 2 << QStringLiteral("Favorite Tags")
+                               << QStringLiteral("You can save frequently used tags as Favorite Tags for easier "
+                                                 "targeting and tagging.")
+                               << true;
+}
+
+void TestTagManagerWidget::headsOfThePages()
+{
+    QFETCH(int, page);
+    VLTagBaseWidget base(page, nullptr);
+    base.resize(800, 400);
+    base.show();
+    const auto* title = base.findChild<QLabel*>(QStringLiteral("tag_page_title"));
+    const auto* description = base.findChild<QLabel*>(QStringLiteral("tag_page_des"));
+    const auto* field = base.findChild<VLTagSearchLineEdit*>();
+    QTEST(title->text(), "title");
+    QTEST(description->text(), "description");
+    QTEST(field->isVisible(), "searchable");
+    QCOMPARE(field->placeholderText(), QStringLiteral("Search Tags"));
+    QCOMPARE(title->geometry().left(), 21 + 1 + 16 + 8);
+    QCOMPARE(description->geometry().topLeft(), QPoint(46, title->geometry().bottom() + 1 + 7));
+    QCOMPARE(field->parentWidget()->geometry(), QRect(20, description->geometry().bottom() + 1 + 18, 240, 22));
 }
 
 void TestTagManagerWidget::pageButtonsSwitchAndLog_data()
@@ -138,14 +176,13 @@ void TestTagManagerWidget::windowButtonsOnlyReport()
 {
     const InstalledHost host;
     const OpenWindow open;
-    QSignalSpy minimise(open.window, &IVLTagManagerWidget::signalSoftWareMin);
-    QSignalSpy maximise(open.window, &IVLTagManagerWidget::signalSoftWareMax);
-    QSignalSpy close(open.window, &IVLTagManagerWidget::signalSoftWareClose);
+    QStringList reports;
+    connect(open.window, &IVLTagManagerWidget::signalSoftWareMin, this, [&] { reports << QStringLiteral("min"); });
+    connect(open.window, &IVLTagManagerWidget::signalSoftWareMax, this, [&] { reports << QStringLiteral("max"); });
+    connect(open.window, &IVLTagManagerWidget::signalSoftWareClose, this, [&] { reports << QStringLiteral("close"); });
     for (QPushButton* button : open.windowButtons())
         QTest::mouseClick(button, Qt::LeftButton);
-    QCOMPARE(minimise.count(), 1);
-    QCOMPARE(maximise.count(), 1);
-    QCOMPARE(close.count(), 1);
+    QCOMPARE(reports, QStringList({QStringLiteral("min"), QStringLiteral("max"), QStringLiteral("close")}));
     QVERIFY(open.window->isVisible() && !open.window->isMaximized() && !open.window->isMinimized());
 }
 
@@ -173,40 +210,11 @@ void TestTagManagerWidget::forwardsTheWishToSeeFiles()
     const InstalledHost host;
     const OpenWindow open;
     QSignalSpy tags(open.window, &IVLTagManagerWidget::signalCheckoutTagFile);
-    QSignalSpy groups(open.window, &IVLTagManagerWidget::signalCheckoutGroupFile);
     for (int i = 0; i < 3; ++i)
         emit qobject_cast<VLTagBaseWidget*>(open.stack->widget(i))->signalCheckoutFile(QVector<qint64>(i, i));
-    emit open.window->findChild<VLGroupTagWidget*>()->signalCheckGroupFiles({9});
     QCOMPARE(tags.count(), 3);
     for (int i = 0; i < 3; ++i)
         QCOMPARE(tags.at(i).first().value<QVector<qint64>>(), QVector<qint64>(i, i));
-    QCOMPARE(groups.count(), 1);
-    QCOMPARE(groups.first().first().value<QVector<qint64>>(), QVector<qint64>{9});
-}
-
-void TestTagManagerWidget::followsCategories()
-{
-    InstalledHost host;
-    const qint64 first = host.addGroup(QStringLiteral("First"));
-    const OpenWindow open;
-    QSignalSpy added(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalAddGroupAction);
-    QSignalSpy removed(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalRemoveGroupAction);
-    const qint64 second = host.addGroup(QStringLiteral("Second"));
-    host.removeGroups({first, 4711});
-    QCOMPARE(added.count(), 1);
-    QCOMPARE(added.first().first().toLongLong(), second);
-    QVERIFY(removed.count() >= 1);
-    QCOMPARE(removed.first().first().toLongLong(), first);
-}
-
-void TestTagManagerWidget::windowWithoutLibraryStaysEmpty()
-{
-    const OpenWindow open;
-    QCOMPARE(gestures::shownChips(open.window), QStringList());
-    for (const char* button : {"Favorite Tags", "Tag Categories", "All Tags"})
-        QTest::mouseClick(open.pageButton(button), Qt::LeftButton);
-    const InstalledHost host({QStringLiteral("apple")});
-    QCOMPARE(gestures::shownChips(open.window), QStringList());
 }
 
 void TestTagManagerWidget::mayBeDeletedByItsOwnSignals()
@@ -224,22 +232,6 @@ void TestTagManagerWidget::mayBeDeletedByItsOwnSignals()
     connect(open.window, &IVLTagManagerWidget::signalCheckoutTagFile, this, [&open] { delete open.window; });
     gestures::doubleClickChip(open.window, QStringLiteral("apple"));
     QVERIFY(!open.window);
-}
-
-void TestTagManagerWidget::twoWindowsShowTheSame()
-{
-    InstalledHost host({QStringLiteral("apple")});
-    const OpenWindow first;
-    auto second = std::make_unique<OpenWindow>();
-    host.addTag(QStringLiteral("ant"));
-    const QStringList expected(QStringLiteral("A: ant, apple"));
-    QCOMPARE(gestures::shownChips(first.window), expected);
-    QCOMPARE(gestures::shownChips(second->window), expected);
-    second.reset();
-    host.removeTags({host.tagId(QStringLiteral("ant"))});
-    QCOMPARE(gestures::shownChips(first.window), QStringList(QStringLiteral("A: apple")));
-    const auto* counter = first.stack->widget(0)->findChild<QLabel*>(QStringLiteral("all_tag_count_label"));
-    QCOMPARE(counter->text(), QStringLiteral("(1)"));
 }
 
 QTEST_MAIN(TestTagManagerWidget)
