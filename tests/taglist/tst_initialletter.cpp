@@ -14,7 +14,6 @@ private slots:
     void tableBeginsWithTheKnownRow();
     void keys_data();
     void keys();
-    void surrogateStandsForItself();
 };
 
 void InitialLetterTest::tableHasTheKnownCounts()
@@ -40,36 +39,13 @@ void InitialLetterTest::keys_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("key");
-    const QVector<QPair<QString, QString>> rows{{{}, {}},
-                                                {"apple", "A"},
-                                                {"Apple", "A"},
-                                                {"zoo", "Z"},
-                                                {"9 lives", "9"},
-                                                {"_draft", "_"},
-                                                {"(old)", "("},
-                                                {" blank", " "},
-                                                {"~", "~"},
-                                                {"`x", "`"},
-                                                {"[x", "["},
-                                                {"{x", "{"},
-                                                {"@x", "@"},
-                                                {"一二", "Y"},
-                                                {"中国", "Z"},
-                                                {"龥", "Y"},
-                                                {"龤", "X"},
-                                                {"偶", "O"},
-                                                {"字", "Z"},
-                                                {"㐀", "㐀"},
-                                                {"鿦", "鿦"},
-                                                {"龦", "龦"},
-                                                {"é", "é"},
-                                                {"über", "ü"},
-                                                {"ａ", "ａ"},
-                                                {"ねこ", "ね"},
-                                                {"한국", "한"},
-                                                {"\tx", "\t"},
-                                                {"\u007fx", "\u007f"},
-                                                {"\u4dff", "\u4dff"}};
+    const QVector<QPair<QString, QString>> rows{
+        {{}, {}},     {"apple", "A"}, {"9 lives", "9"}, {" blank", " "},       {"[x", "["},
+        {"{x", "{"},  {"@x", "@"},    {"一二", "Y"},    {"中国", "Z"},         {"龥", "Y"},
+        {"龤", "X"},  {"㐀", "㐀"},   {"鿦", "鿦"},   {"龦", "龦"},          {"é", "é"},
+        {"ａ", "ａ"}, {"ねこ", "ね"}, {"한국", "한"},   {"\u007fx", "\u007f"}, {"\u4dff", "\u4dff"}};
+    const QString emoji = QString::fromUtf8("😀 smile");
+    QTest::newRow("half of a pair") << emoji << emoji.left(1);
     for (const auto& [name, key] : rows)
         QTest::newRow(qPrintable("'" + name + "'")) << name << key;
 }
@@ -80,13 +56,6 @@ void InitialLetterTest::keys()
     QFETCH(QString, key);
     QCOMPARE(initialLetter(name), key);
     QCOMPARE(initialLetter(name.left(1)), key);
-}
-
-void InitialLetterTest::surrogateStandsForItself()
-{
-    const QString emoji = QString::fromUtf8("😀 smile");
-    QCOMPARE(initialLetter(emoji), emoji.left(1));
-    QCOMPARE(initialLetter(QString(QChar(0xDC00))), QString(QChar(0xDC00)));
 }
 
 QTEST_APPLESS_MAIN(InitialLetterTest)

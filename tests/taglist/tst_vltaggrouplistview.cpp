@@ -6,12 +6,13 @@
 #include "tests/support/installedhost.h"
 #include "tests/support/messagecatcher.h"
 
-#include <QLabel>
 #include <QRandomGenerator>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QtTest>
 #include <QVBoxLayout>
+
+#include <numeric>
 
 using gestures::shownChips;
 
@@ -62,18 +63,13 @@ class TagGroupListViewTest : public QObject
 
 private slots:
     void tagsAreFiledInOrder();
-    void namesOfTheView();
     void newLettersFindTheirPlace();
-    void severalTagsOfANewLetterAllAppear();
     void renameRefilesTheTag();
     void removingTheLastTagsReportsEmptiness();
-    void countsOfTheHostArePassedOn();
     void searchShowsResultsAlone();
     void resultsFollowTheHost();
     void providerCanBeReplaced();
-    void unknownIdsAndNullRecordsAreIgnored();
     void anotherOrderOfFillingGivesTheSamePixels();
-    void manySectionsComeAndGo();
     void columnsMayBeTallerThanLayoutsAllow();
     void sectionMayEmptyItselfInsideItsOwnEvent();
     void sectionsOwnSlotsAgreeWithTheHostsNews();
@@ -81,44 +77,26 @@ private slots:
 
 void TagGroupListViewTest::tagsAreFiledInOrder()
 {
-    InstalledHost host({"zebra", "apple", "中国", "1x", "Äpfel", "avocado", "_draft", "a"});
+    InstalledHost host({"zebra", "apple", "中国", "1x", "Äpfel", "Avocado", "_draft", "a", "aé", "az", "阿"});
     const Page page(host);
     QCOMPARE(shownChips(page.list),
-             QStringList({"1: 1x", "A: a, apple, avocado", "Z: zebra, 中国", "_: _draft", "Ä: Äpfel"}));
+             QStringList({"1: 1x", "A: Avocado, a, apple, az, aé, 阿", "Z: zebra, 中国", "_: _draft", "Ä: Äpfel"}));
     QTRY_VERIFY(standInAColumn(page.list));
-}
-
-void TagGroupListViewTest::namesOfTheView()
-{
-    InstalledHost host;
-    const Page page(host);
     QCOMPARE(page.list->objectName(), QStringLiteral("tag_group_widget"));
-    QCOMPARE(page.list->widget()->objectName(), QString());
     QCOMPARE(page.list->styleSheet(), QStringLiteral("border:10px;"));
     QVERIFY(qobject_cast<QVBoxLayout*>(page.list->layout()));
-    QVERIFY(shownChips(page.list).isEmpty());
 }
 
 void TagGroupListViewTest::newLettersFindTheirPlace()
 {
     InstalledHost host({"apple", "zebra"});
     const Page page(host);
-    host.addTag(QStringLiteral("中文"));
-    host.addTag(QStringLiteral("1x"));
-    host.addTag(QStringLiteral("mouse"));
-    host.addTag(QStringLiteral("é"));
-    QCOMPARE(shownChips(page.list), QStringList({"1: 1x", "A: apple", "M: mouse", "Z: zebra, 中文", "é: é"}));
-    QTRY_VERIFY(standInAColumn(page.list));
-}
-
-void TagGroupListViewTest::severalTagsOfANewLetterAllAppear()
-{
-    InstalledHost host({"apple"});
-    const Page page(host);
     QSignalSpy close(page.list, &VLTagGroupListView::signalClosePopup);
-    host.addTags(QStringList{"bee", "axe", "bear", "bat", "cat"});
-    QCOMPARE(shownChips(page.list), QStringList({"A: apple, axe", "B: bat, bear, bee", "C: cat"}));
+    host.addTags(QStringList{"中文", "1x", "mouse", "é", "axe", "mole", "mew"});
+    QCOMPARE(shownChips(page.list),
+             QStringList({"1: 1x", "A: apple, axe", "M: mew, mole, mouse", "Z: zebra, 中文", "é: é"}));
     QCOMPARE(close.count(), 1);
+    QTRY_VERIFY(standInAColumn(page.list));
 }
 
 void TagGroupListViewTest::renameRefilesTheTag()
@@ -149,20 +127,6 @@ void TagGroupListViewTest::removingTheLastTagsReportsEmptiness()
     QVERIFY(shownChips(page.list).isEmpty());
     host.addTag(QStringLiteral("back"));
     QCOMPARE(shownChips(page.list), QStringList({"B: back"}));
-}
-
-void TagGroupListViewTest::countsOfTheHostArePassedOn()
-{
-    InstalledHost host({"apple"});
-    const Page page(host);
-    QSignalSpy added(page.list, &VLTagGroupListView::signalAddTag);
-    QSignalSpy removed(page.list, &VLTagGroupListView::signalRemoveTag);
-    const QVector<qint64> ids = host.addTags(QStringList{"b", "c"});
-    host.removeTags(ids);
-    QCOMPARE(added, QList<QList<QVariant>>({{2}}));
-    QCOMPARE(removed, QList<QList<QVariant>>({{2}}));
-    emit host.group(MemoryHost::AllTags)->signalAddTags({});
-    QCOMPARE(added.count(), 1);
 }
 
 void TagGroupListViewTest::searchShowsResultsAlone()
@@ -199,34 +163,18 @@ void TagGroupListViewTest::resultsFollowTheHost()
 
 void TagGroupListViewTest::providerCanBeReplaced()
 {
-    InstalledHost host({"apple", "bee", "cat"});
+    InstalledHost host({"apple", "bee"});
     const qint64 group = host.addGroup(QStringLiteral("group"));
     host.addTagsToGroups({group}, {host.tagId("bee")});
     const Page page(host);
     page.list->setDataProvider(host.group(group));
-    QCOMPARE(shownChips(page.list), QStringList({"B: bee"}));
     host.addTag(QStringLiteral("not in the group"));
     QCOMPARE(shownChips(page.list), QStringList({"B: bee"}));
     page.list->setDataProvider({});
-    QVERIFY(shownChips(page.list).isEmpty());
-    host.addTagsToGroups({group}, {host.tagId("cat")});
+    host.addTagsToGroups({group}, {host.tagId("apple")});
     page.list->slotAddTagsCallBack({1});
     page.list->slotTagUpdateNoMatch({1});
     QVERIFY(shownChips(page.list).isEmpty());
-}
-
-void TagGroupListViewTest::unknownIdsAndNullRecordsAreIgnored()
-{
-    InstalledHost host({"apple", "bee"});
-    const Page page(host);
-    const auto all = host.group(MemoryHost::AllTags);
-    emit all->signalAddTags({-7, 0, 999, 1, 1});
-    emit all->signalRemoveTags({-7, 0, 999});
-    host.tag(1)->dropRecord();
-    emit host.tag(1)->signalUpdated();
-    page.list->slotTagUpdateNoMatch({999});
-    page.list->slotUiRemoveTagListView();
-    QCOMPARE(shownChips(page.list), QStringList({"A: apple", "B: bee"}));
 }
 
 void TagGroupListViewTest::sectionsOwnSlotsAgreeWithTheHostsNews()
@@ -252,35 +200,22 @@ void TagGroupListViewTest::anotherOrderOfFillingGivesTheSamePixels()
 {
     QRandomGenerator random(3);
     QStringList tagNames;
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 400; ++i)
         tagNames.append(QString(QChar('a' + random.bounded(26))) + QString::number(random.bounded(1000000)));
     InstalledHost bulkHost(tagNames);
     const Page bulk(bulkHost);
-    QTRY_VERIFY(standInAColumn(bulk.list));
-    const QImage expected = bulk.list->grab().toImage();
+    QVector<qint64> leaving(150);
+    std::iota(leaving.begin(), leaving.end(), 100);
     InstalledHost singleHost;
     const Page single(singleHost);
     for (const QString& name : qAsConst(tagNames))
         singleHost.addTag(name);
-    QTRY_VERIFY(standInAColumn(single.list));
+    bulkHost.removeTags(leaving);
+    for (const qint64 id : leaving)
+        singleHost.removeTags({id});
+    QTRY_VERIFY(standInAColumn(bulk.list) && standInAColumn(single.list));
     QTRY_COMPARE(single.list->size(), bulk.list->size());
-    QCOMPARE(single.list->grab().toImage(), expected);
-}
-
-void TagGroupListViewTest::manySectionsComeAndGo()
-{
-    QStringList tagNames;
-    for (ushort unit = 0xAC00; unit < 0xAC00 + 300; ++unit)
-        tagNames.append(QString(QChar(unit)));
-    InstalledHost host;
-    const Page page(host);
-    const QVector<qint64> ids = host.addTags(tagNames);
-    QCOMPARE(page.list->layout()->count(), tagNames.size());
-    QTRY_VERIFY(standInAColumn(page.list));
-    host.removeTags(ids.mid(10, 280));
-    QCOMPARE(page.list->layout()->count(), 20);
-    QCOMPARE(page.list->findChildren<VLTagListView*>().size(), 20);
-    QTRY_VERIFY(standInAColumn(page.list));
+    QCOMPARE(single.list->grab().toImage(), bulk.list->grab().toImage());
 }
 
 void TagGroupListViewTest::columnsMayBeTallerThanLayoutsAllow()

@@ -10,10 +10,8 @@
 
 #include <QAbstractItemModelTester>
 #include <QDataStream>
-#include <QDrag>
 #include <QLabel>
 #include <QMimeData>
-#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
@@ -59,6 +57,7 @@ struct Section
         : ids(host.addTags(tagNames))
         , view(itemsOf(host, ids), nullptr)
     {
+        new QAbstractItemModelTester(view.model(), &view);
         view.setCountShown(true);
         view.setMenuEnabled(true);
         view.setBottomPad(15);
@@ -85,22 +84,10 @@ private slots:
     void initTestCase() { registerTagItemMetaType(); }
     void rowsHoldTheWholeRecord();
     void looksAsTheStyleNeedsIt();
-    void sectionIsSortedByCodeUnit();
-    void searchSortsByCloseness();
-    void batchesEndAsSingleChanges();
-    void sameTagTwiceIsOneRow();
     void heightFollowsTheChips();
-    void emptyViewFitsItsPads();
-    void renamedTagsMoveAndDoNotOverlap();
-    void tagOfAnotherLetterLeaves();
+    void renamedTagsMoveOrLeave();
     void followsItsCategory();
-    void senderlessUpdateIsIgnored();
-    void removingReportsEmptiness();
-    void rightButtonAsksForTheMenu();
-    void doubleClickAsksForFiles();
-    void arrowsWalkTheChips();
-    void viewMayBeDeletedByItsSignals();
-    void shortMovesDragNothing();
+    void chipsTakeRightAndDoubleClicks();
     void dragCarriesTheTagAlone();
 };
 
@@ -135,62 +122,6 @@ void TagListViewTest::looksAsTheStyleNeedsIt()
     QVERIFY(letter->isVisible());
 }
 
-void TagListViewTest::sectionIsSortedByCodeUnit()
-{
-    const Section section({"apple", "Apple", "a", "aé", "阿", "az", "aa", "A"});
-    QCOMPARE(names(section.view), QStringList({"A", "Apple", "a", "aa", "apple", "az", "aé", "阿"}));
-}
-
-void TagListViewTest::searchSortsByCloseness()
-{
-    InstalledHost host;
-    VLTagListView view(QVector<TagItem>{}, nullptr);
-    view.setSearchText(QStringLiteral("cat"));
-    view.addTags(itemsOf(host, host.addTags({"concatenate", "cats", "cat", "Cat", "category", "bobcat"})));
-    QCOMPARE(names(view).mid(0, 3), QStringList({"cat", "category", "cats"}));
-    QCOMPARE(names(view).size(), 6);
-}
-
-void TagListViewTest::batchesEndAsSingleChanges()
-{
-    QRandomGenerator random(5);
-    InstalledHost host;
-    QStringList all;
-    for (int i = 0; i < 400; ++i)
-        all.append("a" + QString::number(random.bounded(100000)));
-    const QVector<qint64> ids = host.addTags(all);
-    VLTagListView bulk(itemsOf(host, ids.mid(0, 200)), nullptr);
-    VLTagListView single(QVector<TagItem>{}, nullptr);
-    const QAbstractItemModelTester bulkTester(bulk.model());
-    const QAbstractItemModelTester singleTester(single.model());
-    for (VLTagListView* view : {&bulk, &single}) {
-        view->setLetter(QStringLiteral("A"), 18, 0);
-        view->resize(700, 100);
-        view->show();
-    }
-    bulk.addTags(itemsOf(host, ids.mid(200)));
-    for (const TagItem& item : itemsOf(host, ids))
-        single.addTag(item);
-    bulk.removeTags(ids.mid(100, 150));
-    for (const qint64 id : ids.mid(100, 150))
-        single.slotDelItem(id);
-    QCOMPARE(names(bulk), names(single));
-    QCOMPARE(bulk.height(), single.height());
-    for (int row = 0; row < bulk.model()->rowCount(); ++row)
-        QCOMPARE(bulk.visualRect(bulk.model()->index(row, 0)), single.visualRect(single.model()->index(row, 0)));
-}
-
-void TagListViewTest::sameTagTwiceIsOneRow()
-{
-    Section section({"apple"});
-    const TagItem again = section.view.tagAt(section.view.model()->index(0, 0));
-    section.view.addTags({again, again});
-    QCOMPARE(names(section.view), QStringList({"apple"}));
-    QSignalSpy changed(section.view.model(), &QAbstractItemModel::dataChanged);
-    section.host.setFileCount(section.ids[0], 3);
-    QCOMPARE(changed.count(), 1);
-}
-
 void TagListViewTest::heightFollowsTheChips()
 {
     Section section({"a1", "a2"});
@@ -205,72 +136,48 @@ void TagListViewTest::heightFollowsTheChips()
     QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
     section.host.removeTags(more);
     QTRY_COMPARE(section.view.height(), oneLine);
-    QCOMPARE(section.view.minimumHeight(), section.view.maximumHeight());
-}
-
-void TagListViewTest::emptyViewFitsItsPads()
-{
-    Section section({"apple"});
-    section.view.removeAllRows();
-    QTRY_COMPARE(section.view.height(), 14 + 15);
-    QVERIFY(!section.view.indexAt({30, 30}).isValid());
-}
-
-void TagListViewTest::renamedTagsMoveAndDoNotOverlap()
-{
-    Section section({"a1", "a2", "a3", "a4", "a5"});
-    section.host.renameTag(section.ids[0], "az is a much longer name than before");
-    section.host.renameTag(section.ids[4], "a");
-    QCOMPARE(names(section.view), QStringList({"a", "a2", "a3", "a4", "az is a much longer name than before"}));
-    QVERIFY(!chipsOverlap(section.view));
-    QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
-}
-
-void TagListViewTest::tagOfAnotherLetterLeaves()
-{
-    Section section({"apple", "axe"});
-    QSignalSpy noMatch(&section.view, &VLTagListView::signalCharNoMatch);
-    section.host.renameTag(section.ids[0], "banana");
-    QCOMPARE(noMatch.count(), 1);
-    QCOMPARE(noMatch[0][0].value<QVector<qint64>>(), QVector<qint64>{section.ids[0]});
-    QCOMPARE(names(section.view), QStringList({"axe"}));
-}
-
-void TagListViewTest::followsItsCategory()
-{
-    Section section({"apple"});
-    section.host.addTags(QStringList{"avocado", "banana", "中"});
-    QCOMPARE(names(section.view), QStringList({"apple", "avocado"}));
-    section.view.slotAddCallBack({-5, 0, 99999});
-    section.view.slotRemoveCallBack({-5, 99999});
-    QCOMPARE(names(section.view), QStringList({"apple", "avocado"}));
-    section.host.removeTags({section.ids[0]});
-    QCOMPARE(names(section.view), QStringList({"avocado"}));
-}
-
-void TagListViewTest::senderlessUpdateIsIgnored()
-{
-    Section section({"apple"});
-    QSignalSpy changed(section.view.model(), &QAbstractItemModel::dataChanged);
-    section.view.slotUpdateCallBack();
-    connect(&section.host, &QObject::objectNameChanged, &section.view, &VLTagListView::slotUpdateCallBack);
-    section.host.setObjectName(QStringLiteral("no tag provider"));
-    QCOMPARE(changed.count(), 0);
-}
-
-void TagListViewTest::removingReportsEmptiness()
-{
-    Section section({"apple", "axe"});
     QSignalSpy empty(&section.view, &VLTagListView::signalEmpty);
     section.view.slotDelItem(section.ids[0]);
     QCOMPARE(empty.count(), 0);
     section.view.slotDelItem(section.ids[1]);
     QCOMPARE(empty.count(), 1);
-    section.view.slotDelItem(section.ids[1]);
-    QCOMPARE(empty.count(), 2);
+    QTRY_COMPARE(section.view.height(), 14 + 15);
 }
 
-void TagListViewTest::rightButtonAsksForTheMenu()
+void TagListViewTest::renamedTagsMoveOrLeave()
+{
+    Section section({"a1", "a2", "a3", "a4", "a5"});
+    QSignalSpy noMatch(&section.view, &VLTagListView::signalCharNoMatch);
+    section.host.renameTag(section.ids[0], "az is a much longer name than before");
+    section.host.renameTag(section.ids[4], "a");
+    QCOMPARE(names(section.view), QStringList({"a", "a2", "a3", "a4", "az is a much longer name than before"}));
+    QVERIFY(!chipsOverlap(section.view));
+    QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
+    QCOMPARE(noMatch.count(), 0);
+    section.host.renameTag(section.ids[1], "banana");
+    QCOMPARE(noMatch.count(), 1);
+    QCOMPARE(noMatch[0][0].value<QVector<qint64>>(), QVector<qint64>{section.ids[1]});
+    QCOMPARE(names(section.view).first(), QStringLiteral("a"));
+    QCOMPARE(names(section.view).size(), 4);
+}
+
+void TagListViewTest::followsItsCategory()
+{
+    Section section({"apple"});
+    const TagItem apple = section.view.tagAt(section.view.model()->index(0, 0));
+    section.view.addTags({apple, apple});
+    section.host.addTags(QStringList{"avocado", "banana", "中"});
+    section.view.slotAddCallBack({-5, 0, 99999});
+    section.view.slotRemoveCallBack({-5, 99999});
+    QCOMPARE(names(section.view), QStringList({"apple", "avocado"}));
+    QSignalSpy changed(section.view.model(), &QAbstractItemModel::dataChanged);
+    section.host.setFileCount(section.ids[0], 3);
+    QCOMPARE(changed.count(), 1);
+    section.host.removeTags({section.ids[0]});
+    QCOMPARE(names(section.view), QStringList({"avocado"}));
+}
+
+void TagListViewTest::chipsTakeRightAndDoubleClicks()
 {
     Section section({"apple", "axe"});
     QSignalSpy menu(&section.view, &VLTagListView::signPopMenu);
@@ -284,75 +191,16 @@ void TagListViewTest::rightButtonAsksForTheMenu()
     section.view.setMenuEnabled(false);
     QTest::mouseClick(section.view.viewport(), Qt::RightButton, {}, axe);
     QCOMPARE(menu.count(), 1);
-}
 
-void TagListViewTest::doubleClickAsksForFiles()
-{
-    Section section({"apple"});
     QSignalSpy files(&section.view, &VLTagListView::signCheckTagLinkFile);
     QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
-    const QPoint apple = section.view.visualRect(section.view.model()->index(0, 0)).center();
-    QTest::mouseDClick(section.view.viewport(), Qt::RightButton, {}, apple);
+    QTest::mouseDClick(section.view.viewport(), Qt::RightButton, {}, axe);
     QTest::mouseDClick(section.view.viewport(), Qt::LeftButton, {}, {390, 5});
     QCOMPARE(files.count(), 0);
-    QTest::mouseDClick(section.view.viewport(), Qt::LeftButton, {}, apple);
+    QTest::mouseDClick(section.view.viewport(), Qt::LeftButton, {}, axe);
     QCOMPARE(files.count(), 1);
     QCOMPARE(tracked.count(), 1);
-    QCOMPARE(tracked[0][0].toString(), QStringLiteral("SendLabelJoin"));
-    QCOMPARE(tracked[0][1].toList(), QVariantList{1});
-}
-
-void TagListViewTest::arrowsWalkTheChips()
-{
-    Section section({"a1", "a2", "a3"});
-    section.view.setFocus();
-    const auto current = [&section] { return section.view.currentIndex().row(); };
-    QTest::keyClick(&section.view, Qt::Key_Home);
-    QCOMPARE(current(), 0);
-    QTest::keyClick(&section.view, Qt::Key_Right);
-    QCOMPARE(current(), 1);
-    QTest::keyClick(&section.view, Qt::Key_End);
-    QTest::keyClick(&section.view, Qt::Key_Right);
-    QCOMPARE(current(), 2);
-    QTest::keyClick(&section.view, Qt::Key_Left);
-    QCOMPARE(current(), 1);
-}
-
-void TagListViewTest::viewMayBeDeletedByItsSignals()
-{
-    InstalledHost host;
-    const QVector<qint64> ids = host.addTags(QStringList{"apple", "axe"});
-    for (const bool doubleClick : {false, true}) {
-        auto* view = new VLTagListView(itemsOf(host, ids), nullptr);
-        const QPointer<VLTagListView> guard(view);
-        view->setMenuEnabled(true);
-        view->show();
-        connect(view, &VLTagListView::signPopMenu, view, [view] { delete view; });
-        connect(view, &VLTagListView::signCheckTagLinkFile, view, [view] { delete view; });
-        const QPoint apple = view->visualRect(view->model()->index(0, 0)).center();
-        if (doubleClick)
-            QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, apple);
-        else
-            QTest::mouseClick(view->viewport(), Qt::RightButton, {}, apple);
-        QVERIFY(guard.isNull());
-    }
-    auto* view = new VLTagListView(itemsOf(host, ids), nullptr);
-    view->setLetter(QStringLiteral("A"), 18, 0);
-    connect(view, &VLTagListView::signalCharNoMatch, view, [view] { delete view; });
-    host.renameTag(ids[0], QStringLiteral("banana"));
-}
-
-void TagListViewTest::shortMovesDragNothing()
-{
-    Section section({"apple"});
-    section.view.setChipDragEnabled(true);
-    const QPoint apple = section.view.visualRect(section.view.model()->index(0, 0)).center();
-    QTest::mousePress(section.view.viewport(), Qt::LeftButton, {}, apple);
-    QMouseEvent shortMove(QEvent::MouseMove, apple + QPoint(1, 1), Qt::NoButton, Qt::LeftButton, {});
-    QApplication::sendEvent(section.view.viewport(), &shortMove);
-    QVERIFY(!section.view.isBusy());
-    QVERIFY(section.view.findChildren<QDrag*>().isEmpty());
-    QTest::mouseRelease(section.view.viewport(), Qt::LeftButton, {}, apple);
+    QCOMPARE(tracked[0], QVariantList({QStringLiteral("SendLabelJoin"), QVariant(QVariantList{1})}));
 }
 
 void TagListViewTest::dragCarriesTheTagAlone()
