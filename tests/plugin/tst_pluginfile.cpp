@@ -70,11 +70,9 @@ class TestPluginFile : public QObject
 private slots:
     void carriesItsMetadata();
     void exportsTheTwoEntryPointsOnly();
-    void castsByIdentifier();
-    void introducesItself();
+    void isFoundByIdentifierAndIntroducesItself();
     void handsItsProvidersToItsWindows();
     void logLinesCarryNoSource();
-    void windowOutlivesTheRootObject();
     void loadsAndUnloadsAgainAndAgain();
     void hostMayEndWithoutUnloading();
 };
@@ -105,7 +103,7 @@ void TestPluginFile::exportsTheTwoEntryPointsOnly()
     QCOMPARE(names, QStringList({QStringLiteral("qt_plugin_instance"), QStringLiteral("qt_plugin_query_metadata")}));
 }
 
-void TestPluginFile::castsByIdentifier()
+void TestPluginFile::isFoundByIdentifierAndIntroducesItself()
 {
     const LoadedPlugin loaded;
     QObject* root = loaded.root;
@@ -118,23 +116,14 @@ void TestPluginFile::castsByIdentifier()
         QVERIFY2(root->qt_metacast(name), name);
     for (const char* name : {"Orb.Core.IPlugin/1.1", "Orb.Core.IPlugin", "VLTagManagerPlugin", ""})
         QVERIFY2(!root->qt_metacast(name), name);
-}
-
-void TestPluginFile::introducesItself()
-{
-    const LoadedPlugin loaded;
-    IPlugin* plugin = loaded.plugin;
-    QVERIFY(plugin);
-    QCOMPARE(plugin->pluginId(), QUuid(QStringLiteral("{74aab3cb-d246-48c9-9619-042f5f108220}")));
+    QCOMPARE(loaded.plugin->pluginId(), QUuid(QStringLiteral("{74aab3cb-d246-48c9-9619-042f5f108220}")));
     const QString old = QStringLiteral("old");
     PluginInfo info{old, old, old, old, QUrl(old)};
-    plugin->pluginInfo(info);
+    loaded.plugin->pluginInfo(info);
     QCOMPARE(info.name, QStringLiteral("tag manager module"));
     QCOMPARE(info.description, info.name);
     QCOMPARE(info.version, QStringLiteral("1.0"));
-    QVERIFY(!info.author.isEmpty() && info.author != old);
-    QVERIFY(info.url.isValid() && info.url != QUrl(old));
-    QVERIFY(plugin->initialize() && plugin->activate() && plugin->deactivate());
+    QVERIFY(!info.author.isEmpty() && info.author != old && info.url.isValid() && info.url != QUrl(old));
 }
 
 void TestPluginFile::handsItsProvidersToItsWindows()
@@ -177,20 +166,6 @@ void TestPluginFile::logLinesCarryNoSource()
     QVERIFY(!hasSource);
 }
 
-void TestPluginFile::windowOutlivesTheRootObject()
-{
-    MemoryHost host({QStringLiteral("apple")});
-    LoadedPlugin loaded;
-    loaded.tagManager->setDataProvider(host.library());
-    const auto window = openWindow(loaded.tagManager);
-    QVERIFY(loaded.loader.unload());
-    QVERIFY(!loaded.root);
-    host.addTags(QStringList({QStringLiteral("bee"), QStringLiteral("cow")}));
-    QCOMPARE(counter(*window), QStringLiteral("(3)"));
-    host.removeTags({1, 2, 3});
-    QCOMPARE(counter(*window), QStringLiteral("(0)"));
-}
-
 void TestPluginFile::loadsAndUnloadsAgainAndAgain()
 {
     MemoryHost host({QStringLiteral("apple"), QString::fromUtf8("中国")});
@@ -207,9 +182,11 @@ void TestPluginFile::loadsAndUnloadsAgainAndAgain()
             window.reset();
         QVERIFY(loaded.loader.unload());
         QVERIFY(!loaded.root);
-        window.reset();
+        const qint64 added = host.addTag(QStringLiteral("bee"));
+        if (window)
+            QCOMPARE(counter(*window), QStringLiteral("(3)"));
+        host.removeTags({added});
     }
-    host.addTag(QStringLiteral("bee"));
 }
 
 /// A host that ends with the library still set and the plug-in still loaded; it runs in a process of its own.

@@ -54,82 +54,61 @@ class TestVirtualTables : public QObject
     Q_OBJECT
 
 private slots:
-    void pluginInterfaces();
-    void window();
-    void providers();
-    void actions();
-    void plainRecords();
+    void operationsStandWhereHostsCallThem();
 };
 
-void TestVirtualTables::pluginInterfaces()
+void TestVirtualTables::operationsStandWhereHostsCallThem()
 {
-    QCOMPARE(position(&IPlugin::pluginObject), 0);
-    QCOMPARE(position(&IPlugin::pluginId), 1);
-    QCOMPARE(position(&IPlugin::pluginInfo), 2);
-    QCOMPARE(position(&IPlugin::initialize), 3);
-    QCOMPARE(position(&IPlugin::uninitialize), 4);
-    QCOMPARE(position(&IPlugin::activate), 5);
-    QCOMPARE(position(&IPlugin::deactivate), 6);
-    QCOMPARE(position(&IVLTagManagerPlugin::pluginObject), 0);
-    QCOMPARE(position(&IVLTagManagerPlugin::createTagManagerWidget), 1);
-    QCOMPARE(position(&IVLTagManagerPlugin::setDataProvider), 2);
-    QCOMPARE(position(&IVLTagManagerPlugin::clearDataProvider), 3);
-    QCOMPARE(position(&IVLTagManagerPlugin::setTagColorProvider), 4);
-}
-
-void TestVirtualTables::window()
-{
+    using Positions = QVector<int>;
+    QCOMPARE((Positions{position(&IPlugin::pluginObject), position(&IPlugin::pluginId), position(&IPlugin::pluginInfo),
+                        position(&IPlugin::initialize), position(&IPlugin::uninitialize), position(&IPlugin::activate),
+                        position(&IPlugin::deactivate)}),
+             (Positions{0, 1, 2, 3, 4, 5, 6}));
+    using Manager = IVLTagManagerPlugin;
+    QCOMPARE((Positions{position(&Manager::pluginObject), position(&Manager::createTagManagerWidget),
+                        position(&Manager::setDataProvider), position(&Manager::clearDataProvider),
+                        position(&Manager::setTagColorProvider)}),
+             (Positions{0, 1, 2, 3, 4}));
     QCOMPARE(ownPosition<QWidget>(&IVLTagManagerWidget::updateMaximizeButton), 0);
-}
-
-void TestVirtualTables::providers()
-{
-    QCOMPARE(ownPosition<QObject>(&ILibraryDataProvider::tagAction), 6);
-    QCOMPARE(ownPosition<QObject>(&ILibraryDataProvider::tagGroupAction), 16);
-    QCOMPARE(ownPosition<QObject>(&ILibraryDataProvider::tagManagerDataProvider), 22);
     QCOMPARE(position(&After<IDataProvider>::first), position(&After<QObject>::first));
-    QCOMPARE(ownPosition<QObject>(&ITagManagerDataProvider::tagGroup), 7);
-    QCOMPARE(ownPosition<QObject>(&ITagManagerDataProvider::tagGroupByName), 8);
-    QCOMPARE(ownPosition<QObject>(&ITagManagerDataProvider::tagGroups), 12);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupDataProvider::tagCount), 0);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupDataProvider::groupName), 2);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupDataProvider::groupInfo), 6);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupDataProvider::groupId), 7);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupDataProvider::tags), 8);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupDataProvider::tagsByIds), 11);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupDataProvider::tagByName), 12);
-    QCOMPARE(ownPosition<QObject>(&ITagDataProvider::fileCount), 0);
-    QCOMPARE(ownPosition<QObject>(&ITagDataProvider::name), 2);
-    QCOMPARE(ownPosition<QObject>(&ITagDataProvider::tagInfo), 7);
-}
-
-void TestVirtualTables::actions()
-{
-    QCOMPARE(ownPosition<QObject>(&ITagAction::createTags), 0);
-    QCOMPARE(ownPosition<QObject>(&ITagAction::renameTag), 1);
-    QCOMPARE(ownPosition<QObject>(&ITagAction::setTagColor), 2);
-    QCOMPARE(ownPosition<QObject>(&ITagAction::deleteTags), 3);
-    QCOMPARE(ownPosition<QObject>(&ITagAction::addTagsToGroups), 4);
-    QCOMPARE(ownPosition<QObject>(&ITagAction::removeTagsFromGroups), 7);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupAction::addTagGroup), 0);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupAction::removeTagGroup), 1);
-    QCOMPARE(ownPosition<QObject>(&ITagGroupAction::renameTagGroup), 2);
-}
-
-void TestVirtualTables::plainRecords()
-{
-    QCOMPARE(position(&IResponseInfo::status), 2);
-    QCOMPARE(position(&IResponseInfo::message), 3);
-    QCOMPARE(position(&IResponseInfo::rejectedTags), 4);
-    QCOMPARE(position(&IResponseInfo::rejectedGroups), 5);
-    QCOMPARE(position(&IResponseInfo::rejectedFiles), 8);
-    QCOMPARE(position(&ITagColorProvider::colorEntries), 1);
-    QCOMPARE(position(&ITagColorProvider::color), 5);
-    QCOMPARE(position(&ITagInfo::id), 1);
-    QCOMPARE(position(&ITagInfo::name), 2);
-    QCOMPARE(position(&ITagInfo::colorIndex), 3);
-    QCOMPARE(position(&ITagGroupInfo::id), 1);
-    QCOMPARE(position(&ITagGroupInfo::name), 2);
+    using Library = ILibraryDataProvider;
+    QCOMPARE((Positions{ownPosition<QObject>(&Library::tagAction), ownPosition<QObject>(&Library::tagGroupAction),
+                        ownPosition<QObject>(&Library::tagManagerDataProvider)}),
+             (Positions{6, 16, 22}));
+    using Groups = ITagManagerDataProvider;
+    QCOMPARE((Positions{ownPosition<QObject>(&Groups::tagGroup), ownPosition<QObject>(&Groups::tagGroupByName),
+                        ownPosition<QObject>(&Groups::tagGroups)}),
+             (Positions{7, 8, 12}));
+    using Group = ITagGroupDataProvider;
+    QCOMPARE((Positions{ownPosition<QObject>(&Group::tagCount), ownPosition<QObject>(&Group::groupName),
+                        ownPosition<QObject>(&Group::groupInfo), ownPosition<QObject>(&Group::groupId),
+                        ownPosition<QObject>(&Group::tags), ownPosition<QObject>(&Group::tagsByIds),
+                        ownPosition<QObject>(&Group::tagByName)}),
+             (Positions{0, 2, 6, 7, 8, 11, 12}));
+    using Tag = ITagDataProvider;
+    QCOMPARE((Positions{ownPosition<QObject>(&Tag::fileCount), ownPosition<QObject>(&Tag::name),
+                        ownPosition<QObject>(&Tag::tagInfo)}),
+             (Positions{0, 2, 7}));
+    using Action = ITagAction;
+    QCOMPARE((Positions{ownPosition<QObject>(&Action::createTags), ownPosition<QObject>(&Action::renameTag),
+                        ownPosition<QObject>(&Action::setTagColor), ownPosition<QObject>(&Action::deleteTags),
+                        ownPosition<QObject>(&Action::addTagsToGroups),
+                        ownPosition<QObject>(&Action::removeTagsFromGroups)}),
+             (Positions{0, 1, 2, 3, 4, 7}));
+    using GroupAction = ITagGroupAction;
+    QCOMPARE(
+        (Positions{ownPosition<QObject>(&GroupAction::addTagGroup), ownPosition<QObject>(&GroupAction::removeTagGroup),
+                   ownPosition<QObject>(&GroupAction::renameTagGroup)}),
+        (Positions{0, 1, 2}));
+    using Answer = IResponseInfo;
+    QCOMPARE((Positions{position(&Answer::status), position(&Answer::message), position(&Answer::rejectedTags),
+                        position(&Answer::rejectedGroups), position(&Answer::rejectedFiles)}),
+             (Positions{2, 3, 4, 5, 8}));
+    QCOMPARE((Positions{position(&ITagColorProvider::colorEntries), position(&ITagColorProvider::color)}),
+             (Positions{1, 5}));
+    QCOMPARE((Positions{position(&ITagInfo::id), position(&ITagInfo::name), position(&ITagInfo::colorIndex)}),
+             (Positions{1, 2, 3}));
+    QCOMPARE((Positions{position(&ITagGroupInfo::id), position(&ITagGroupInfo::name)}), (Positions{1, 2}));
 }
 
 QTEST_GUILESS_MAIN(TestVirtualTables)

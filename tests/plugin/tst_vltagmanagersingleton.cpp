@@ -22,32 +22,16 @@ class TestTagManagerSingleton : public QObject
 
 private slots:
     void cleanup();
-    void answersEmptyWithoutLibrary();
     void lookUpsNeverFetch();
-    void newLibraryReplacesWhatWasDerived();
     void survivesALibraryWithoutParts();
     void answersCountOnlyWhenNothingWasRejected();
     void answerIsMatchedByItsRequest();
-    void readsTagItems();
 };
 
 void TestTagManagerSingleton::cleanup()
 {
     shared()->clear();
     shared()->setTagColorProvider(nullptr);
-}
-
-void TestTagManagerSingleton::answersEmptyWithoutLibrary()
-{
-    QVector<QSharedPointer<ITagGroupDataProvider>> groups;
-    QVERIFY(!shared()->tagManagerProvider() && !shared()->allTagsProvider() && !shared()->rootGroupProvider());
-    QVERIFY(!shared()->favoriteTagsProvider() && !shared()->tagGroupProvider(0) && !shared()->tagProvider(1));
-    QVERIFY(!shared()->tagGroupByName(QStringLiteral("All Tags")));
-    QVERIFY(!shared()->tagAction() && !shared()->tagGroupAction());
-    QCOMPARE(shared()->tagGroups(groups), 0);
-    QVERIFY(!shared()->isFavoriteTag(1));
-    QVERIFY(shared()->tagColors().isEmpty());
-    QVERIFY(!shared()->tagColor(0).isValid());
 }
 
 void TestTagManagerSingleton::lookUpsNeverFetch()
@@ -67,19 +51,6 @@ void TestTagManagerSingleton::lookUpsNeverFetch()
     QVERIFY(shared()->isFavoriteTag(1));
 }
 
-void TestTagManagerSingleton::newLibraryReplacesWhatWasDerived()
-{
-    InstalledHost host({QStringLiteral("apple")});
-    const MemoryHost other({QStringLiteral("bee"), QStringLiteral("cow")});
-    QCOMPARE(shared()->allTagsProvider()->tagCount(1), 1);
-    shared()->setDataProvider(other.library());
-    QVERIFY(!shared()->tagGroupProvider(MemoryHost::Favorites));
-    QCOMPARE(shared()->allTagsProvider()->tagCount(1), 2);
-    shared()->setDataProvider({});
-    QVERIFY(!shared()->allTagsProvider());
-    QCOMPARE(shared()->tagColors().size(), 8);
-}
-
 void TestTagManagerSingleton::survivesALibraryWithoutParts()
 {
     InstalledHost host;
@@ -89,6 +60,10 @@ void TestTagManagerSingleton::survivesALibraryWithoutParts()
     host.memoryLibrary()->manager.reset();
     host.memoryLibrary()->tagActionObject.reset();
     QVERIFY(!shared()->tagManagerProvider() && !shared()->tagAction() && !shared()->isFavoriteTag(1));
+    shared()->clear();
+    shared()->setTagColorProvider(nullptr);
+    QVERIFY(!shared()->tagManagerProvider() && !shared()->allTagsProvider() && !shared()->tagGroupAction());
+    QVERIFY(shared()->tagColors().isEmpty() && !shared()->tagColor(0).isValid());
 }
 
 void TestTagManagerSingleton::answersCountOnlyWhenNothingWasRejected()
@@ -124,22 +99,6 @@ void TestTagManagerSingleton::answerIsMatchedByItsRequest()
     host.answer(host.requests().at(0), MemoryHost::response());
     QCOMPARE(succeeded, 1);
     QCOMPARE(log.take(), QStringList());
-}
-
-void TestTagManagerSingleton::readsTagItems()
-{
-    InstalledHost host;
-    const qint64 id = host.addTag(QStringLiteral("apple"), 3, 12);
-    const auto tag = host.tag(id);
-    const auto item = readTagItem(tag);
-    QVERIFY(item);
-    QCOMPARE(item->id, id);
-    QCOMPARE(item->name, QStringLiteral("apple"));
-    QCOMPARE(item->color, QColor(host.palette()->entries.at(3).color));
-    QCOMPARE(item->fileCount, 12);
-    tag->dropRecord();
-    QVERIFY(!readTagItem(tag));
-    QVERIFY(!readTagItem({}));
 }
 
 QTEST_MAIN(TestTagManagerSingleton)
