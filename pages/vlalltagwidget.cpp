@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pages/vlalltagwidget.h"
 
+#include "pages/emptyhint.h"
+#include "plugin/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
+#include "taglist/vltaglistview.h"
 #include "widgets/vlscrollbar.h"
 #include "widgets/vlsvgwidget.h"
 #include "widgets/vltallboxlayout.h"
@@ -19,14 +22,24 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int counterPixelSize = 14;
 constexpr int buttonPixelSize = 13;
+constexpr int chipsLeft = 16;  // of the chips within their list, where the hint stands when there are none
 
 QString counterText(int count)
 {
     return QStringLiteral("(%1)").arg(count);
+}
+
+bool showsChips(const VLTagGroupListView* list)
+{
+    const auto views = list->findChildren<VLTagListView*>();
+    return std::any_of(views.cbegin(), views.cend(),
+                       [](const VLTagListView* view) { return view->model()->rowCount() > 0; });
 }
 
 }  // namespace
@@ -96,6 +109,8 @@ QScrollArea* VLAllTagWidget::makeScrollArea(const QString& areaName, const QStri
     m_scrollArea->setWidgetResizable(true);
     m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scrollArea->installEventFilter(this);
+    new EmptyHint(m_scrollWidget, QPoint(margins.left() + chipsLeft, margins.top()),
+                  [this] { return hintWhenEmpty(); });
     return m_scrollArea;
 }
 
@@ -158,6 +173,23 @@ void VLAllTagWidget::addToCounter(int count)
     const int sum = shown.remove(QLatin1Char('(')).remove(QLatin1Char(')')).toInt() + count;
     if (sum >= 0 || count >= 0)
         m_countLabel->setText(counterText(sum));
+}
+
+QString VLAllTagWidget::hintWhenEmpty() const
+{
+    const bool searches = !m_searchEdit->text().isEmpty();
+    const VLTagGroupListView* list = searches ? m_searchList : m_letterList;
+    if (!list || showsChips(list))
+        return {};
+    if (searches)
+        return tr("No tag has this text in its name.");
+    if (m_type == 2)
+        return tr("No favorite tags yet. Right-click a tag on the page “All Tags” and choose “Set as Favorite Tag”.");
+    const auto allTags = VLTagManagerSingleton::instance()->allTagsProvider();
+    if (!allTags || allTags->tagCount(1) == 0)
+        return tr("There are no tags yet. “Create Tags” makes the first one.");
+    return tr("No tags here. To file a tag, drag it onto the tile of a category, or right-click it and choose “Add to "
+              "Category”.");
 }
 
 void VLAllTagWidget::slotSearchChanged(const QString& text)

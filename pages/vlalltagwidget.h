@@ -72,6 +72,7 @@ private:
     void createTag();
     void addToCounter(int count);
     void clearSearch();
+    [[nodiscard]] QString hintWhenEmpty() const;
 
     QMap<QString, QWidget*> m_keptContent;
 };
