@@ -16,6 +16,8 @@ constexpr int countBaseline = 6;  // above the lower edge of the chip
 constexpr int chipTextColor = 3;  // the skin's text colour on chips
 constexpr QColor hoverTint(255, 255, 255, 100);
 
+constexpr QStyle::State keyboardFocus = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+
 constexpr int addChipRadius = 11;
 constexpr int addChipBaseline = 15;
 constexpr int addChipEnlargedNarrowing = 2;
@@ -82,6 +84,11 @@ void VLTagDelegate::paintTagChip(QPainter* painter, const QStyleOptionViewItem& 
         painter->drawRoundedRect(body, chipRadius, chipRadius);
     }
     paintChipText(painter, chip, baseline, size, tag);
+    if ((option.state & keyboardFocus) == keyboardFocus) {
+        painter->setPen(Qt::white);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRoundedRect(body.adjusted(0.5, 0.5, -0.5, -0.5), chipRadius, chipRadius);
+    }
 }
 
 void VLTagDelegate::paintChipText(QPainter* painter, const QRectF& chip, int baseline, QSize size,
