@@ -19,6 +19,9 @@
 #include <algorithm>
 
 namespace {
+// Logical pixels; room for a whole line around the title's label, raised so that the label shows its descenders.
+constexpr QMargins titleRoom(0, -5, 0, -1);
+
 QFont pixelFont(int pixelSize)
 {
     QFont font;
@@ -162,6 +165,7 @@ void VLMessageBox::buildForm()
     m_titleLabel->setTextFormat(Qt::PlainText);
     m_titleLabel->setFont(pixelFont(16));
     m_titleLabel->setAlignment(Qt::AlignCenter);
+    m_titleLabel->setContentsMargins(titleRoom);
     m_bodyLabel = new QLabel(m_mainWidget);
     m_bodyLabel->setObjectName(QStringLiteral("lab_context"));
     m_bodyLabel->setTextFormat(Qt::RichText);
