@@ -2,6 +2,7 @@
 #include "host/app/hostapplication.h"
 
 #include "host/app/commandline.h"
+#include "host/app/folderquestion.h"
 #include "host/app/hostwindow.h"
 #include "host/app/librarychoice.h"
 #include "host/app/librarysession.h"
@@ -20,16 +21,20 @@
 #include <QFile>
 #include <QIcon>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSettings>
 #include <QStyleFactory>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 
 namespace {
 
 constexpr int exitFailure = 1;
 constexpr QSize defaultSize(1100, 700);  // logical pixels
+constexpr double unscaledDpi = 96;       // Qt's, on every platform but macOS
+constexpr double smallestScaling = 0.02;
 
 // The names in it may hold anything; a terminal is not to be steered by them.
 void tell(const QString& message)
@@ -41,6 +46,20 @@ void tellSkipped(const SkippedFile& file)
 {
     std::fprintf(stderr, "vellum: %s: %s\n", escapedText(file.path).constData(),
                  escapedText(file.reason.toUtf8()).constData());
+}
+
+// X servers give their size in whole millimetres, so that without a word from the desktop a common screen comes out at
+// 96.08 dots per inch. Scaled by 1.0008, a window that is repainted in parts shows gaps between them.
+bool hasScaledScreen()
+{
+    char name[] = "vellum";
+    char* arguments[] = {name, nullptr};
+    int count = 1;
+    const QGuiApplication probe(count, arguments);
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    return std::any_of(screens.cbegin(), screens.cend(), [](const QScreen* screen) {
+        return std::abs(screen->logicalDotsPerInch() / unscaledDpi - 1) > smallestScaling;
+    });
 }
 
 QPalette skinPalette()
@@ -57,10 +76,21 @@ QPalette skinPalette()
     return palette;
 }
 
+// Without a display Qt names a font of its own; the one that fontconfig prefers is what a window would show.
+void applyFont()
+{
+    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+        return;
+    QFont font = QApplication::font();
+    font.setFamily(QStringLiteral("Sans Serif"));
+    QApplication::setFont(font);
+}
+
 void applySkin()
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(skinPalette());
+    applyFont();
     const QString icon = VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QStringLiteral("vellum.svg"));
     QApplication::setWindowIcon(QIcon(icon));
 }
@@ -81,7 +111,9 @@ void HostApplication::prepare(const CommandLine& commandLine)
     if (commandLine.scale)
         qputenv("QT_SCALE_FACTOR", QByteArray::number(*commandLine.scale));
     // A picture has the size that was asked for, whatever the resolution of the screen that Qt makes up for it.
-    if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen") && commandLine.action != CommandLine::Action::Screenshot)
+    const bool toFile =
+        qgetenv("QT_QPA_PLATFORM").startsWith("offscreen") || commandLine.action == CommandLine::Action::Screenshot;
+    if (!toFile && hasScaledScreen())
         QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
@@ -104,6 +136,7 @@ HostApplication::~HostApplication()
 
 int HostApplication::run()
 {
+    applySkin();
     if (!openLibrary() || !loadPlugin())
         return m_failure;
     const bool screenshot = m_commandLine.action == CommandLine::Action::Screenshot;
@@ -111,14 +144,24 @@ int HostApplication::run()
         tell(tr("There is no display to open a window on; --screenshot FILE renders it to a picture."));
         return exitFailure;
     }
-    applySkin();
     m_window = std::make_unique<HostWindow>(*m_session, *m_loader.tagManager());
     return screenshot ? runScreenshot() : runWindow();
 }
 
+LibraryChoice HostApplication::chooseLibrary() const
+{
+    const QSettings settings;
+    LibraryChoice choice = LibraryChoice::make(m_commandLine, settings);
+    if (choice.error.isEmpty() || !choice.isUndecided || m_commandLine.action != CommandLine::Action::OpenWindow)
+        return choice;
+    CommandLine answered = m_commandLine;
+    answered.folder = askForPictureFolder();
+    return answered.folder.isEmpty() ? choice : LibraryChoice::make(answered, settings);
+}
+
 bool HostApplication::openLibrary()
 {
-    const LibraryChoice choice = LibraryChoice::make(m_commandLine, QSettings());
+    const LibraryChoice choice = chooseLibrary();
     if (!choice.error.isEmpty()) {
         tell(choice.error);
         m_failure = CommandLine::exitUsage;

@@ -11,6 +11,7 @@ class HostWindow;
 class LibrarySession;
 struct CommandLine;
 struct ImportSummary;
+struct LibraryChoice;
 
 /// The program with a window: from the command line to the end of the event loop.
 class HostApplication
@@ -31,6 +32,7 @@ public:
     int run();
 
 private:
+    [[nodiscard]] LibraryChoice chooseLibrary() const;
     bool openLibrary();
     bool loadPlugin();
     void openView();

@@ -55,6 +55,7 @@ LibraryChoice LibraryChoice::make(const CommandLine& commandLine, const QSetting
         choice.file = settings.value(fileKey).toByteArray();
         choice.folder = settings.value(folderKey).toByteArray();
         if (choice.file.isEmpty()) {
+            choice.isUndecided = true;
             choice.error = tr("No library has been opened yet. Name a folder of pictures: vellum FOLDER");
             return choice;
         }
@@ -65,6 +66,7 @@ LibraryChoice LibraryChoice::make(const CommandLine& commandLine, const QSetting
             choice.error = tr("There is no folder ") + shown(choice.folder);
         choice.folder.clear();
     }
+    choice.isUndecided = !named && !exists(choice.file);
     if (!choice.error.isEmpty())
         return choice;
     choice.folder = choice.folder.isEmpty() ? QByteArray() : canonical(choice.folder);

@@ -18,6 +18,9 @@ public:
     QByteArray folder;   ///< Absolute; empty when the library is opened as it is.
     QString error;       ///< Why there is nothing to open, in words for the user; empty otherwise.
     bool isNew = false;  ///< The file does not exist yet.
+    /// Nothing was named, and nothing that was opened before is there any more: there is an error, but a person may
+    /// still choose.
+    bool isUndecided = false;
 
     /// What the command line names, else what was opened last.
     [[nodiscard]] static LibraryChoice make(const CommandLine& commandLine, const QSettings& settings);
