@@ -26,37 +26,23 @@ class TestDeleteQuestion : public QObject
     Q_OBJECT
 
 private slots:
-    void nameReadsAsTyped_data();
     void nameReadsAsTyped();
     void ordinaryNameIsOnlyEscaped();
-    void directionOfTheSentenceHolds_data();
     void directionOfTheSentenceHolds();
-    void longNameIsShortenedToTheBody_data();
     void longNameIsShortenedToTheBody();
-    void toolTipIsPlain();
 };
-
-void TestDeleteQuestion::nameReadsAsTyped_data()
-{
-    QTest::addColumn<QString>("name");
-    const QStringList names = {
-        QStringLiteral("<b>x</b>"),
-        QStringLiteral("<a href=\"file:///etc/passwd\">x</a>"),
-        QStringLiteral("%1 %2 %5 %n %L4"),
-        QStringLiteral("&amp; & &lt;"),
-        QStringLiteral("'><img src=x>"),
-        QStringLiteral(" a  b\tc "),
-        QString::fromUtf8("\u5C71\u6C34 \U0001F600"),
-    };
-    for (const QString& name : names)
-        QTest::newRow(qPrintable(name.simplified())) << name;
-}
 
 void TestDeleteQuestion::nameReadsAsTyped()
 {
-    QFETCH(QString, name);
-    const QString expected = QStringLiteral("The Tag ") + name + QStringLiteral(" has 7 files\uFF0Cdelete? (Remark.) ");
-    QCOMPARE(plainText(fillDeleteQuestion(kTemplate, name, 7)).trimmed(), expected.trimmed());
+    for (const QString& name :
+         {QStringLiteral("<b>x</b>"), QStringLiteral("<a href=\"file:///etc/passwd\">x</a>"),
+          QStringLiteral("%1 %2 %5 %n %L4"), QStringLiteral("&amp; & &lt;"), QStringLiteral("'><img src=x>"),
+          QStringLiteral(" a  b\tc "), QString::fromUtf8("\u5C71\u6C34 \U0001F600")}) {
+        const QString expected =
+            QStringLiteral("The Tag ") + name + QStringLiteral(" has 7 files\uFF0Cdelete? (Remark.) ");
+        QCOMPARE(plainText(fillDeleteQuestion(kTemplate, name, 7)).trimmed(), expected.trimmed());
+        QCOMPARE(plainText(plainToolTip(name)), name);
+    }
 }
 
 void TestDeleteQuestion::ordinaryNameIsOnlyEscaped()
@@ -71,65 +57,41 @@ void TestDeleteQuestion::ordinaryNameIsOnlyEscaped()
                      QStringLiteral("'> (Remark.) </font>")));
 }
 
-void TestDeleteQuestion::directionOfTheSentenceHolds_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("override left open") << QStringLiteral("x\u202Eabc");
-    QTest::newRow("isolate left open") << QStringLiteral("\u2067a\u202Ebc");
-    QTest::newRow("closed twice") << QStringLiteral("\u202Ea\u202C\u202C\u2069\u2069\u202Ebc");
-    QTest::newRow("over two lines") << QStringLiteral("a\u202E\nb\u2029c");
-}
-
 void TestDeleteQuestion::directionOfTheSentenceHolds()
 {
-    QFETCH(QString, name);
-    QTextDocument document;
-    document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
-    document.setTextWidth(10000);
-    QVERIFY(document.size().isValid());  // Lays the text out.
-    QCOMPARE(document.blockCount(), 1);
-    const QTextBlock block = document.firstBlock();
-    const int tail = block.text().indexOf(QLatin1String(" has"));
-    QVERIFY(tail > 0);
-    const QTextLine line = block.layout()->lineForTextPosition(tail);
-    for (int i = tail + 1; i < block.text().size() - 1; ++i)
-        QVERIFY2(line.cursorToX(i + 1) > line.cursorToX(i), qPrintable(block.text().mid(i, 1)));
-}
-
-void TestDeleteQuestion::longNameIsShortenedToTheBody_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("one word") << QString(2000, QLatin1Char('W'));
-    QTest::newRow("Chinese") << QString(2000, QChar(0x5C71));
-    QTest::newRow("pairs of surrogates") << QString::fromUtf8("\U0001F600").repeated(1000);
+    for (const QString& name :
+         {QStringLiteral("x\u202Eabc"), QStringLiteral("\u2067a\u202Ebc"),
+          QStringLiteral("\u202Ea\u202C\u202C\u2069\u2069\u202Ebc"), QStringLiteral("a\u202E\nb\u2029c")}) {
+        QTextDocument document;
+        document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
+        document.setTextWidth(10000);
+        QVERIFY(document.size().isValid());  // Lays the text out.
+        QCOMPARE(document.blockCount(), 1);
+        const QTextBlock block = document.firstBlock();
+        const int tail = block.text().indexOf(QLatin1String(" has"));
+        const QTextLine line = block.layout()->lineForTextPosition(tail);
+        for (int i = tail + 1; i < block.text().size() - 1; ++i)
+            QVERIFY2(line.cursorToX(i + 1) > line.cursorToX(i), qPrintable(block.text().mid(i, 1)));
+    }
 }
 
 void TestDeleteQuestion::longNameIsShortenedToTheBody()
 {
-    QFETCH(QString, name);
-    const QString question = fillDeleteQuestion(kTemplate, name, 7);
-    QVERIFY(isShortenedInQuestion(kTemplate, name, 7));
     QFont font;
     font.setPixelSize(13);
     QTextDocument document;
     document.setDefaultFont(font);
     document.setDocumentMargin(0);
-    document.setHtml(question);
-    document.setTextWidth(300);
-    QVERIFY(document.size().height() <= 70);
-    QVERIFY(document.idealWidth() <= 300);
-    const QString shown = document.toPlainText();
-    QVERIFY(shown.contains(QChar(0x2026)) && shown.contains(QLatin1String("(Remark.)")));
-    QCOMPARE(QString::fromUtf8(shown.toUtf8()), shown);
-}
-
-void TestDeleteQuestion::toolTipIsPlain()
-{
-    const QString name = QStringLiteral("<b>x</b>\n %1  &amp;");
-    QCOMPARE(plainText(plainToolTip(name)), name);
-    QVERIFY(plainToolTip({}).isEmpty());
-    QString endless = plainText(plainToolTip(QString(2000, QLatin1Char('W'))));
-    QCOMPARE(endless.remove(QChar(0x200B)), QString(2000, QLatin1Char('W')));
+    for (const QString& name : {QString(2000, QLatin1Char('W')), QString(2000, QChar(0x5C71)),
+                                QString::fromUtf8("\U0001F600").repeated(1000), QStringLiteral("a\n").repeated(1000)}) {
+        QVERIFY(isShortenedInQuestion(kTemplate, name, 7));
+        document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
+        document.setTextWidth(300);
+        QVERIFY(document.size().height() <= 70 && document.idealWidth() <= 300);
+        const QString shown = document.toPlainText();
+        QVERIFY(shown.contains(QChar(0x2026)) && shown.contains(QLatin1String("(Remark.)")));
+        QCOMPARE(QString::fromUtf8(shown.toUtf8()), shown);
+    }
 }
 
 QTEST_MAIN(TestDeleteQuestion)

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "pages/vlgrouplistmenu.h"
 
-#include <vleventtrack.h>
-
 #include <QtTest>
 
 namespace {
@@ -27,7 +25,6 @@ class TestVLGroupListMenu : public QObject
 
 private slots:
     void keepsItsRows();
-    void clickReportsOnce();
 };
 
 void TestVLGroupListMenu::keepsItsRows()
@@ -52,26 +49,6 @@ void TestVLGroupListMenu::keepsItsRows()
         list.slotRemoveItem(list.ids().last());
         QCOMPARE(list.height(), height);
     }
-}
-
-void TestVLGroupListMenu::clickReportsOnce()
-{
-    VLGroupListMenu list;
-    list.setFixedSize(168, 230);
-    list.slotAddItem(5, QStringLiteral("Art"));
-    const qint64 wide = (Q_INT64_C(1) << 32) + 9;
-    list.slotAddItem(wide, QStringLiteral("Wide"));
-    list.show();
-    QSignalSpy clicked(&list, &VLGroupListMenu::signClicked);
-    QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
-    for (int row = 0; row < 2; ++row)
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
-    QCOMPARE(clicked.count(), 2);
-    QCOMPARE(clicked.at(0).first().toLongLong(), 5);
-    QCOMPARE(clicked.at(1).first().toLongLong(), 9);
-    QCOMPARE(tracked.count(), 2);
-    QCOMPARE(tracked.at(0).at(0).toString(), QStringLiteral("SendBClickLabelMenu"));
-    QCOMPARE(tracked.at(0).at(1).toList(), QVariantList({QStringLiteral("Add to Category"), QStringLiteral("Art")}));
 }
 
 QTEST_MAIN(TestVLGroupListMenu)
