@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/vlmessagebox.h"
 
+#include "dialogs/lowlabel.h"
 #include "dialogs/plaintooltip.h"
 #include "dialogs/styletext.h"
 
@@ -19,9 +20,6 @@
 #include <algorithm>
 
 namespace {
-// Logical pixels; room for a whole line around the title's label, raised so that the label shows its descenders.
-constexpr QMargins titleRoom(0, -5, 0, -1);
-
 QFont pixelFont(int pixelSize)
 {
     QFont font;
@@ -160,12 +158,11 @@ void VLMessageBox::buildForm()
     m_cancelButton->setFocusPolicy(Qt::ClickFocus);
     m_confirmButton->setFocusPolicy(Qt::ClickFocus);
 
-    m_titleLabel = new QLabel(m_mainWidget);
+    m_titleLabel = new LowLabel(m_mainWidget);
     m_titleLabel->setObjectName(QStringLiteral("tips_lab"));
     m_titleLabel->setTextFormat(Qt::PlainText);
     m_titleLabel->setFont(pixelFont(16));
     m_titleLabel->setAlignment(Qt::AlignCenter);
-    m_titleLabel->setContentsMargins(titleRoom);
     m_bodyLabel = new QLabel(m_mainWidget);
     m_bodyLabel->setObjectName(QStringLiteral("lab_context"));
     m_bodyLabel->setTextFormat(Qt::RichText);
