@@ -222,7 +222,7 @@ void CommandRoadsTest::createAndFindAgain()
     const QStringList expected{"<: <b>x</b> & %1", "A: apple, avocado"};
     QTRY_COMPARE(m_person->chips(allTagsPage), expected);
     QCOMPARE(m_person->page(allTagsPage)->findChild<QLabel*>("all_tag_count_label")->text(), QStringLiteral("(3)"));
-    QVERIFY(agrees());
+    QTRY_VERIFY(agrees());
     QVERIFY(m_person->restart());
     QTRY_COMPARE(m_person->chips(allTagsPage), expected);
 }
@@ -251,7 +251,7 @@ void CommandRoadsTest::favoriteAndCancel()
     QVERIFY(gestures::rightClickChip(m_person->page(favoritesPage), QStringLiteral("apple")));
     QVERIFY(Person::chooseByMouse(QStringLiteral("Cancel set as Favorite Tag")));
     QTRY_VERIFY(m_person->chips(favoritesPage).isEmpty());
-    QVERIFY(agrees());
+    QTRY_VERIFY(agrees());
 }
 
 void CommandRoadsTest::renameIntoAnotherLetter()
@@ -264,7 +264,7 @@ void CommandRoadsTest::renameIntoAnotherLetter()
     Person::enterName(QStringLiteral("zebra"));
     QTRY_COMPARE(m_person->chips(allTagsPage), QStringList({"A: avocado", "Z: zebra"}));
     QTRY_VERIFY(!Person::dialog());
-    QVERIFY(agrees());
+    QTRY_VERIFY(agrees());
     QVERIFY(m_person->restart());
     QTRY_COMPARE(m_person->chips(allTagsPage), QStringList({"A: avocado", "Z: zebra"}));
 }
@@ -314,7 +314,7 @@ void CommandRoadsTest::recolourByKeyboard()
     QTRY_VERIFY(color() != before);
     const QColor after = color();
     QTest::keyClick(menu, Qt::Key_Escape);
-    QVERIFY(agrees());
+    QTRY_VERIFY(agrees());
     QVERIFY(m_person->restart());
     QCOMPARE(color(), after);
 }
@@ -332,7 +332,7 @@ void CommandRoadsTest::deleteTag()
     QVERIFY(Person::chooseByMouse(QStringLiteral("Delete Tag")));
     Person::press(QStringLiteral("confirm_btn"));
     QTRY_COMPARE(m_person->chips(allTagsPage), QStringList({"B: bee"}));
-    QVERIFY(agrees());
+    QTRY_VERIFY(agrees());
     QVERIFY(m_person->restart());
     QTRY_COMPARE(m_person->chips(allTagsPage), QStringList({"B: bee"}));
 }
@@ -351,7 +351,7 @@ void CommandRoadsTest::categoriesFromCreationToDeletion()
     QTest::mouseClick(m_person->tile("fruit"), Qt::LeftButton);
     QTRY_COMPARE(m_person->chips(categoriesPage), QStringList({"A: apple"}));
     QCOMPARE(m_person->tile("fruit")->findChild<QLabel*>("tag_group_count_label")->text(), QStringLiteral("1"));
-    QVERIFY(agrees());
+    QTRY_VERIFY(agrees());
 
     QVERIFY(gestures::rightClickChip(m_person->page(categoriesPage), QStringLiteral("apple")));
     QVERIFY(Person::chooseByMouse(QStringLiteral("Remove the Tag from the Category")));
@@ -361,7 +361,7 @@ void CommandRoadsTest::categoriesFromCreationToDeletion()
     Person::enterName(QStringLiteral("food"));
     QTRY_VERIFY(m_person->tile(QStringLiteral("food")));
     QCOMPARE(m_person->page(categoriesPage)->findChild<QLabel*>("tag_manager_group_name")->text(), "food");
-    QVERIFY(agrees());
+    QTRY_VERIFY(agrees());
 
     QTest::mouseClick(m_person->tile("food"), Qt::RightButton);
     QVERIFY(Person::chooseByMouse(QStringLiteral("Delete Category")));
