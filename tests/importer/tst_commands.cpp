@@ -29,14 +29,13 @@ private slots:
     void cleanup() { qunsetenv(harmfulReaderVariable); }
     void importPrintsTotals();
     void importNamesBadFiles();
-    void importRefusesAMissingFolder();
     void importIsInterruptedWithoutHarm_data();
     void importIsInterruptedWithoutHarm();
     void importSurvivesBeingKilled();
     void listsTagsAndFiles();
     void listsAsJson();
-    void listsWhileTheLibraryIsOpen();
-    void listRefusesAMissingLibrary();
+    void misuseIsRefused_data();
+    void misuseIsRefused();
     void defaultLibraryIsThePersonsOwn();
 
 private:
@@ -99,16 +98,6 @@ void TestCommands::importNamesBadFiles()
     QCOMPARE(result.status, 0);
 }
 
-void TestCommands::importRefusesAMissingFolder()
-{
-    const Result result =
-        run({QStringLiteral("--import"), file("nowhere"), QStringLiteral("--library"), file("none.db")});
-    QCOMPARE(result.status, 2);
-    QVERIFY(result.errors.contains("nowhere"));
-    QVERIFY(result.output.isEmpty());
-    QVERIFY(!QFile::exists(file("none.db")));
-}
-
 void TestCommands::importIsInterruptedWithoutHarm_data()
 {
     QTest::addColumn<int>("signal");
@@ -168,6 +157,8 @@ void TestCommands::importSurvivesBeingKilled()
 
 void TestCommands::listsTagsAndFiles()
 {
+    const std::unique_ptr<Library> openMeanwhile = Library::open(file("a.db"));
+    QVERIFY(openMeanwhile);
     const Result tags = list("tags");
     QCOMPARE(tags.status, 0);
     QList<QByteArray> names;
@@ -178,13 +169,10 @@ void TestCommands::listsTagsAndFiles()
     }
     std::sort(names.begin(), names.end());
     QCOMPARE(names, (QList<QByteArray>{"one\\ttwo\\nthree\\\\=1", "sea=2", "\xe5\xb1\xb1=1"}));
-
     const QList<QByteArray> files = list("files").output.split('\n');
     QCOMPARE(files.size(), 3);
-    QVERIFY(files.at(0).startsWith(path("pictures/a.jpg") + '\t'));
     QVERIFY(files.at(1).startsWith(path("pictures/") + "b\xff.jpg\t"));
     QCOMPARE(files.at(1).split('\t').size(), 4);
-
     QVERIFY(list("categories").output.startsWith("1\t"));
 }
 
@@ -197,32 +185,34 @@ void TestCommands::listsAsJson()
                                                           QStringLiteral("id"), QStringLiteral("name")}));
     const QJsonArray files = QJsonDocument::fromJson(list("files", json).output).array();
     QCOMPARE(files.size(), 2);
-    QVERIFY(!files.first().toObject().contains(QLatin1String("pathBase64")));
-    QVERIFY(
-        files.first().toObject().value(QLatin1String("tags")).toArray().contains(QStringLiteral("one\ttwo\nthree\\")));
+    const QJsonObject plain = files.first().toObject();
+    QVERIFY(!plain.contains(QLatin1String("pathBase64")));
+    QVERIFY(plain.value(QLatin1String("tags")).toArray().contains(QStringLiteral("one\ttwo\nthree\\")));
     const QString exact = files.last().toObject().value(QLatin1String("pathBase64")).toString();
     QVERIFY(QByteArray::fromBase64(exact.toLatin1()).endsWith("b\xff.jpg"));
     QVERIFY(QJsonDocument::fromJson(list("categories", json).output).isArray());
 }
 
-void TestCommands::listsWhileTheLibraryIsOpen()
+void TestCommands::misuseIsRefused_data()
 {
-    const std::unique_ptr<Library> library = Library::open(file("a.db"));
-    QVERIFY(library);
-    QCOMPARE(list("tags").output.count('\n'), 3);
+    QTest::addColumn<QStringList>("command");
+    QTest::addColumn<QString>("library");
+    QTest::addColumn<int>("status");
+    const QStringList listTags = {QStringLiteral("--list"), QStringLiteral("tags")};
+    QTest::newRow("no such folder") << QStringList{QStringLiteral("--import"), file("nowhere")} << file("none.db") << 2;
+    QTest::newRow("no such library") << listTags << file("none.db") << 2;
+    QTest::newRow("no library") << listTags << file("text.db") << 1;
 }
 
-void TestCommands::listRefusesAMissingLibrary()
+void TestCommands::misuseIsRefused()
 {
-    const Result missing =
-        run({QStringLiteral("--library"), file("none.db"), QStringLiteral("--list"), QStringLiteral("tags")});
-    QCOMPARE(missing.status, 2);
-    QVERIFY(missing.errors.contains("none.db"));
+    QFETCH(QStringList, command);
+    QFETCH(QString, library);
     writeFile(path("text.db"), "this is no library, but some text that is long enough to be one");
-    const Result text =
-        run({QStringLiteral("--library"), file("text.db"), QStringLiteral("--list"), QStringLiteral("tags")});
-    QCOMPARE(text.status, 1);
-    QVERIFY(!text.errors.isEmpty() && text.output.isEmpty());
+    const Result result = run(command + QStringList{QStringLiteral("--library"), library});
+    QTEST(result.status, "status");
+    QVERIFY(!result.errors.isEmpty() && result.output.isEmpty());
+    QVERIFY(!QFile::exists(file("none.db")));
 }
 
 void TestCommands::defaultLibraryIsThePersonsOwn()

@@ -16,15 +16,11 @@ class TestFolderWalk : public QObject
 private slots:
     void init();
     void cleanup() { m_folder.reset(); }
-    void findsPicturesAtEveryDepth();
-    void leavesOutWhatIsHidden();
-    void keepsNamesThatAreNoUtf8();
+    void findsPicturesOfEveryName();
     void endsLoopsOfLinks();
     void prefersThePictureToALinkToIt();
     void matchesSidecars();
-    void noticesEveryChange();
     void reportsWhatItCannotEnter();
-    void stopsWhenTold();
 
 private:
     [[nodiscard]] QByteArray path(const QByteArray& name) const { return m_folder->file(name); }
@@ -57,32 +53,16 @@ QList<QByteArray> TestFolderWalk::found()
     return names;
 }
 
-void TestFolderWalk::findsPicturesAtEveryDepth()
+void TestFolderWalk::findsPicturesOfEveryName()
 {
-    makeFolder("b");
-    makeFolder("b/c.jpg");
-    for (const char* const name :
-         {"z.PNG", "b/1.JPEG", "b/c.jpg/deep.svg", "notes.txt", "b/raw.cr2.bak", "noextension", "b/x.xmp"})
+    for (const char* const name : {"b", "b/c.jpg", ".thumbnails", "\xff\xfe"})
+        makeFolder(name);
+    for (const char* const name : {"z.PNG", "b/1.JPEG", "b/c.jpg/deep.svg", "notes.txt", "b/raw.cr2.bak", "noextension",
+                                   "b/x.xmp", ".thumbnails/a.jpg", "._a.jpg", "\xff\xfe/caf\xe9.jpg"})
         writeFile(path(name), "x");
     QCOMPARE(mkfifo(path("pipe.jpg").constData(), 0600), 0);
-    QCOMPARE(found(), (QList<QByteArray>{"b/1.JPEG", "b/c.jpg/deep.svg", "z.PNG"}));
+    QCOMPARE(found(), (QList<QByteArray>{"b/1.JPEG", "b/c.jpg/deep.svg", "z.PNG", "\xff\xfe/caf\xe9.jpg"}));
     QVERIFY(m_walk.problems().empty());
-}
-
-void TestFolderWalk::leavesOutWhatIsHidden()
-{
-    makeFolder(".thumbnails");
-    writeFile(path(".thumbnails/a.jpg"), "x");
-    writeFile(path("._a.jpg"), "x");
-    writeFile(path("a.jpg"), "x");
-    QCOMPARE(found(), QList<QByteArray>{"a.jpg"});
-}
-
-void TestFolderWalk::keepsNamesThatAreNoUtf8()
-{
-    makeFolder("\xff\xfe");
-    writeFile(path("\xff\xfe/caf\xe9.jpg"), "x");
-    QCOMPARE(found(), QList<QByteArray>{"\xff\xfe/caf\xe9.jpg"});
 }
 
 void TestFolderWalk::endsLoopsOfLinks()
@@ -126,29 +106,6 @@ void TestFolderWalk::matchesSidecars()
     QCOMPARE(sidecars, (QList<QByteArray>{"a.xmp", "|", "a.jpg.xmp", "a.xmp", "|", "|", "other.XMP", "|"}));
 }
 
-void TestFolderWalk::noticesEveryChange()
-{
-    const auto state = [this] {
-        found();
-        return m_walk.pictures().front().state();
-    };
-    writeFile(path("a.jpg"), "x");
-    const FileState first = state();
-    QVERIFY(first == state());
-
-    const timespec oneNanosecondOn[2] = {
-        {0, UTIME_OMIT}, {time_t(first.modified / 1'000'000'000), long(first.modified % 1'000'000'000 + 1)}};
-    QCOMPARE(utimensat(AT_FDCWD, path("a.jpg").constData(), oneNanosecondOn, 0), 0);
-    const FileState touched = state();
-    QCOMPARE(touched.modified, first.modified + 1);
-
-    writeFile(path("a.jpg.xmp"), "x");
-    const FileState withSidecar = state();
-    QVERIFY(withSidecar != touched);
-    QCOMPARE(rename(path("a.jpg.xmp").constData(), path("a.xmp").constData()), 0);
-    QVERIFY(state() != withSidecar);
-}
-
 void TestFolderWalk::reportsWhatItCannotEnter()
 {
     makeFolder("closed");
@@ -170,15 +127,6 @@ void TestFolderWalk::reportsWhatItCannotEnter()
     QVERIFY(!m_walk.problems().front().reason.isEmpty());
     QVERIFY(!m_walk.isKnownToBeGone(path("closed/a.jpg")));
     QVERIFY(m_walk.isKnownToBeGone(path("closed too.jpg")));
-}
-
-void TestFolderWalk::stopsWhenTold()
-{
-    writeFile(path("a.jpg"), "x");
-    QVERIFY(!FolderWalk().run(m_root, [](int) { return false; }));
-    QVERIFY(!canonicalFolder(path("a.jpg")));
-    QVERIFY(!canonicalFolder(path("nowhere")));
-    QVERIFY(!canonicalFolder({}));
 }
 
 QTEST_APPLESS_MAIN(TestFolderWalk)
