@@ -2,13 +2,8 @@
 #include "tests/app/picturefolder.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImage>
 #include <QPainter>
-
-#include <fcntl.h>
-
-#include <filesystem>
 
 namespace {
 
@@ -34,27 +29,10 @@ QByteArray exifSegment(int orientation)
 
 }  // namespace
 
-PictureFolder::~PictureFolder()
-{
-    // QTemporaryDir leaves behind what has a name that is no text.
-    std::error_code error;
-    std::filesystem::remove_all(path().toStdString(), error);
-}
-
-QByteArray PictureFolder::path() const
-{
-    return QFile::encodeName(m_folder.path());
-}
-
 QByteArray PictureFolder::write(const QByteArray& name, const QByteArray& content) const
 {
-    const QByteArray file = path(name);
-    QFile device;
-    const int descriptor = ::open(file.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (descriptor < 0 || !device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle) ||
-        device.write(content) != content.size())
-        qFatal("A file of the test cannot be written");
-    return file;
+    writeFile(file(name), content);
+    return file(name);
 }
 
 QByteArray PictureFolder::writePng(const QByteArray& name, const QSize& size) const
@@ -70,14 +48,4 @@ QByteArray PictureFolder::jpeg(const QSize& size, int orientation)
     image.fill(Qt::red);
     QPainter(&image).fillRect(size.width() / 2, 0, size.width(), size.height(), Qt::blue);
     return encoded(image, "jpeg", 95).insert(2, exifSegment(orientation));
-}
-
-QByteArray PictureFolder::sidecar(const QList<QByteArray>& keywords)
-{
-    QByteArray items;
-    for (const QByteArray& keyword : keywords)
-        items += "<rdf:li>" + keyword + "</rdf:li>";
-    return "<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-           "<rdf:Description rdf:about='' xmlns:dc='http://purl.org/dc/elements/1.1/'><dc:subject><rdf:Bag>" +
-           items + "</rdf:Bag></dc:subject></rdf:Description></rdf:RDF></x:xmpmeta>";
 }

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QImage>
+#include <QLibraryInfo>
 #include <QProcess>
 #include <QTest>
 
@@ -44,9 +45,9 @@ void TestVellum::init()
     m_pictures = std::make_unique<PictureFolder>();
     m_home = std::make_unique<PictureFolder>();
     m_pictures->writePng("a.png");
-    m_pictures->write("a.png.xmp", PictureFolder::sidecar({"Amber", "Zebra"}));
+    writeSidecar(m_pictures->path("a.png.xmp"), {"Amber", "Zebra"});
     m_pictures->writePng("b\xff.png");
-    m_pictures->write("b\xff.png.xmp", PictureFolder::sidecar({"Zebra"}));
+    writeSidecar(m_pictures->path("b\xff.png.xmp"), {"Zebra"});
 }
 
 Outcome TestVellum::run(const QStringList& arguments) const
@@ -83,7 +84,7 @@ void TestVellum::screenshotShowsTheLibrary()
     QVERIFY2(QFile::exists(home("XDG_DATA_HOME/vellum/libraries")), "the library has its place");
     QVERIFY2(!QFile::exists(home("XDG_CONFIG_HOME/vellum")), "a screenshot leaves the settings alone");
 
-    m_pictures->write("b\xff.png.xmp", PictureFolder::sidecar({"Zebra", "Quince"}));
+    writeSidecar(m_pictures->path("b\xff.png.xmp"), {"Zebra", "Quince"});
     QVERIFY2(screenshot({}) != first, "the next start finds what has changed");
 }
 
@@ -108,20 +109,28 @@ void TestVellum::misuseIsRefused_data()
     QTest::addColumn<QString>("complaint");
 
     // FOLDER and HOME stand for the folders of the test.
-    const auto row = [](const char* name, const char* arguments, int status, const char* complaint) {
+    const auto row = [](const char* name, const QByteArray& arguments, int status, const char* complaint) {
         QTest::newRow(name) << QString::fromLatin1(arguments).split(' ', Qt::SkipEmptyParts) << status
                             << QString::fromLatin1(complaint);
     };
     row("nothing to open", "", 2, "vellum FOLDER");
     row("no such folder", "/nowhere/at/all", 2, "There is no folder /nowhere/at/all");
-    row("a file for a folder", "FOLDER/a.png", 2, "There is no folder");
     row("no display", "FOLDER", 1, "There is no display");
     row("no such library", "--library HOME/none.vellum", 2, "There is no library");
-    row("unknown page", "FOLDER --screenshot HOME/x.png --page none", 2, "none");
-    row("bad size", "FOLDER --screenshot HOME/x.png --size 10", 2, "10");
-    row("bad scale", "FOLDER --screenshot HOME/x.png --scale 0", 2, "0");
+    row("unknown page", "FOLDER --screenshot HOME/x.png --page none", 2, "--page takes");
+    row("bad size", "FOLDER --screenshot HOME/x.png --size 10", 2, "--size takes");
+    row("unknown option", "--colour", 2, "colour");
+    row("two commands", "--import FOLDER --list tags", 2, "Only one of --import");
+    row("list of which library", "--list tags", 2, "--list needs --library");
+    row("window option of a command", "--import FOLDER --scale 2", 2, "goes with a window only");
+    row("help", "--help", 0, "");
+    row("vast size", "FOLDER --screenshot HOME/x.png --size 99999x99999", 2, "--size takes");
+    row("endless scale", "FOLDER --screenshot HOME/x.png --scale nan", 2, "--scale takes");
+    row("bad scale", "FOLDER --screenshot HOME/x.png --scale 0", 2, "--scale takes");
     row("unwritable picture", "FOLDER --screenshot /nowhere/x.png", 1, "The picture cannot be written");
     row("no such plug-in", "FOLDER --screenshot HOME/x.png --plugin /nowhere.so", 1, "/nowhere.so is not a plug-in");
+    const QByteArray other = QLibraryInfo::location(QLibraryInfo::PluginsPath).toUtf8() + "/imageformats/libqsvg.so";
+    row("another plug-in", "FOLDER --screenshot HOME/x.png --plugin " + other, 1, "is not a tag manager plug-in");
     row("a picture for a plug-in", "FOLDER --screenshot HOME/x.png --plugin FOLDER/a.png", 1, "is not a plug-in");
 }
 
