@@ -192,10 +192,25 @@ void VLTagGroupListView::load(const QString& filter)
     TagProviders providers;
     if (provider->tags(&providers) == 0)
         return;
-    const QVector<TagItem> items = readTagItems(providers);
+    const QVector<TagItem> items = readTags(providers);
     // From inside the reading the host may have made the list show something else, or closed the window.
     if (self && m_provider == provider && m_filter == filter)
         showTags(items);
+}
+
+/// What the host takes away from inside the reading is left out.
+QVector<TagItem> VLTagGroupListView::readTags(const TagProviders& providers)
+{
+    const QPointer<VLTagGroupListView> self(this);
+    ++m_readDepth;
+    QVector<TagItem> items = readTagItems(providers);
+    if (!self)
+        return {};
+    const auto isGone = [this](const TagItem& item) { return m_goneWhileReading.contains(item.id); };
+    items.erase(std::remove_if(items.begin(), items.end(), isGone), items.end());
+    if (--m_readDepth == 0)
+        m_goneWhileReading.clear();
+    return items;
 }
 
 /// In letter sections, or as results of the search as far as their names contain the filter.
@@ -284,13 +299,15 @@ void VLTagGroupListView::showAdded(const QVector<qint64>& tag_ids)
     const auto provider = m_provider;
     TagProviders providers;
     provider->tagsByIds(tag_ids, &providers);
-    const QVector<TagItem> items = readTagItems(providers);
+    const QVector<TagItem> items = readTags(providers);
     if (self && m_provider == provider)
         showTags(items);
 }
 
 void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)
 {
+    if (m_readDepth > 0)
+        m_goneWhileReading.unite(QSet<qint64>(tag_ids.cbegin(), tag_ids.cend()));
     const QPointer<VLTagGroupListView> self(this);
     emit signalRemoveTag(tag_ids.size());
     if (!self)
@@ -312,7 +329,7 @@ void VLTagGroupListView::slotTagUpdateNoMatch(QVector<qint64> tag_ids)
     const QPointer<VLTagGroupListView> self(this);
     TagProviders providers;
     provider->tagsByIds(tag_ids, &providers);
-    const QVector<TagItem> items = readTagItems(providers);
+    const QVector<TagItem> items = readTags(providers);
     if (!self || m_provider != provider)
         return;
     m_sections.forget(tag_ids);

@@ -7,6 +7,7 @@
 
 #include <QHash>
 #include <QScrollArea>
+#include <QSet>
 #include <QSharedPointer>
 #include <QVector>
 
@@ -91,6 +92,7 @@ private:
     void clear();
     void load(const QString& filter);
     void showAdded(const QVector<qint64>& tag_ids);
+    [[nodiscard]] QVector<TagItem> readTags(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers);
     void showTags(QVector<TagItem> items);
     void showResults(const QVector<TagItem>& items);
     VLTagListView* makeResultList();
@@ -113,4 +115,6 @@ private:
     bool m_readWhenShown = false;
     bool m_readPending = false;  ///< The provider's tags are still to be read.
     bool m_drag;
+    int m_readDepth = 0;              ///< Readings of the provider that are on the stack.
+    QSet<qint64> m_goneWhileReading;  ///< Tags whose removal was reported from inside them.
 };

@@ -28,13 +28,15 @@ QSharedPointer<const ITagInfo> MemoryTag::tagInfo() const
 
 void MemoryTag::setName(const QString& name)
 {
-    m_info = QSharedPointer<MemoryTagInfo>::create(m_info->id(), name, m_info->colorIndex());
+    if (m_info)
+        m_info = QSharedPointer<MemoryTagInfo>::create(m_info->id(), name, m_info->colorIndex());
     emit signalUpdated();
 }
 
 void MemoryTag::setColorIndex(int colorIndex)
 {
-    m_info = QSharedPointer<MemoryTagInfo>::create(m_info->id(), m_info->name(), colorIndex);
+    if (m_info)
+        m_info = QSharedPointer<MemoryTagInfo>::create(m_info->id(), m_info->name(), colorIndex);
     emit signalUpdated();
 }
 

@@ -50,6 +50,9 @@ QStringList MessageCatcher::problems() const
 
 void MessageCatcher::handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
+    // Platforms without a display remind of that at each menu.
+    if (text.startsWith(QLatin1String("This plugin does not support")))
+        return;
     QtMessageHandler next = nullptr;
     {
         QMutexLocker lock(&caught().mutex);

@@ -5,7 +5,7 @@
 #include <QtGlobal>
 
 /// Catches the information lines of the log while it lives, in the order written; anything worse is passed on as
-/// well and counted. One at a time; lines may come from any thread.
+/// well and counted, but for what platforms without a display cannot do. One at a time; lines may come from any thread.
 class MessageCatcher
 {
 public:

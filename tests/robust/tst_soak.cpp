@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "plugin/vltagmanagersingleton.h"
+#include "tests/support/gestures.h"
+#include "tests/support/installedhost.h"
+#include "tests/support/messagecatcher.h"
+#include "tests/support/windowuser.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMenu>
+#include <QtTest>
+
+#include <unistd.h>
+
+namespace {
+
+/// How many connections each signal of the host's objects has, which is what a window leaves behind if it leaves
+/// anything.
+class Connections : public MemoryHost
+{
+public:
+    explicit Connections(const QStringList& names)
+        : MemoryHost(names)
+    {
+        VLTagManagerSingleton::instance()->setDataProvider(library());
+        VLTagManagerSingleton::instance()->setTagColorProvider(palette());
+    }
+    ~Connections() override
+    {
+        VLTagManagerSingleton::instance()->clear();
+        VLTagManagerSingleton::instance()->setTagColorProvider(nullptr);
+    }
+
+    /// To the signals of the data providers.
+    int toData() const
+    {
+        int count = receiversOf(manager());
+        for (const auto& group : qAsConst(manager()->groups)) {
+            count += receiversOf(group.data());
+            for (const qint64 id : group->tagIds())
+                count += receiversOf(tag(id).data());
+        }
+        return count + receiversOf(VLTagManagerSingleton::instance());
+    }
+
+    /// To the signals of results: each request leaves one for as long as the action object lives.
+    int toResults() const
+    {
+        return receiversOf(memoryLibrary()->tagActionObject.data()) +
+               receiversOf(memoryLibrary()->groupActionObject.data());
+    }
+
+private:
+    /// QObject keeps the count for its own class only.
+    struct Counted : QObject
+    {
+        using QObject::receivers;
+    };
+
+    static int receiversOf(const QObject* object)
+    {
+        int count = 0;
+        const QMetaObject* meta = object->metaObject();
+        for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+            const QMetaMethod method = meta->method(i);
+            if (method.methodType() == QMetaMethod::Signal)
+                count += (object->*(&Counted::receivers))(QByteArray("2" + method.methodSignature()).constData());
+        }
+        return count;
+    }
+};
+
+/// Resident memory of this process in bytes; always 0 under a sanitizer, which keeps what was freed.
+qint64 residentMemory()
+{
+#ifdef __SANITIZE_ADDRESS__
+    return 0;
+#endif
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
+}
+
+/// What a person does in about a minute. Leaves the library as it was, with the requests that \a requests counts.
+void useForAMinute(Connections& host)
+{
+    WindowUser user;
+    user.search("a");
+    settle();
+    user.search({});
+    settle();
+    user.clickCreateTag();
+    user.enterName("fresh");
+    settle();
+    WindowUser::choose(user.openTagMenu("fresh"), "Set as Favorite Tag");
+    WindowUser::choose(user.openTagMenu("fresh"), "Rename Tag");
+    user.enterName("newer");
+    settle();
+    if (user.openTagMenu("newer"))
+        user.chooseColor(4);
+    settle();
+    user.selectPage(WindowUser::Categories);
+    user.clickTile(user.addNewTile());
+    user.enterName("Temp");
+    settle();
+    user.clickTile(user.tile("Temp"));
+    host.addTagsToGroups({host.manager()->groups.lastKey()}, {1, 2, 3});
+    WindowUser::choose(user.openGroupMenu("Temp"), "Delete Category");
+    user.answerBox(true);
+    settle();
+    user.selectPage(WindowUser::Favorites);
+    settle();
+    WindowUser::choose(user.openTagMenu("newer"), "Delete Tag");
+    user.answerBox(true);
+    settle();
+    const QVector<qint64> imported = host.addTags(QStringList{"imported 1", "imported 2", "zebra"});
+    host.removeTags(imported);
+    host.clearRequests();
+}
+
+}  // namespace
+
+/// Two hours of use in a few seconds: whatever is opened is closed again, and nothing may be left of it.
+class TestSoak : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void nothingIsLeftBehind();
+};
+
+void TestSoak::nothingIsLeftBehind()
+{
+    const MessageCatcher log;
+    QStringList names;
+    for (int i = 0; i < 50; ++i)
+        names.append(QChar('a' + i % 26) + QString::number(i));
+    Connections host(names);
+    host.addGroups({"Art", "Books"});
+    host.addTagsToGroups({2}, {1, 2, 3});
+    const int topLevelsBefore = QApplication::allWidgets().size();
+    const int dataBefore = host.toData();
+
+    constexpr int warmUp = 15;
+    constexpr int requestsOfAMinute = 7;
+    const bool isLong = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS");
+    const int minutes = isLong ? 1200 : 120;
+    QElapsedTimer elapsed;
+    elapsed.start();
+    qint64 memoryBefore = 0;
+    int resultsBefore = 0;
+    int minute = 0;
+    // A slow machine ends early; what has been done until then counts.
+    for (; minute < minutes && (isLong || minute < 2 * warmUp || elapsed.elapsed() < 20000); ++minute) {
+        if (minute == warmUp) {
+            memoryBefore = residentMemory();
+            resultsBefore = host.toResults();
+        }
+        useForAMinute(host);
+        QCOMPARE(host.toData(), dataBefore);
+        QCOMPARE(QApplication::allWidgets().size(), topLevelsBefore);
+        QCOMPARE(host.group(MemoryHost::AllTags)->tagCount(1), names.size());
+    }
+    // The described exception: each request that was followed leaves its handler.
+    QCOMPARE(host.toResults() - resultsBefore, requestsOfAMinute * (minute - warmUp));
+    // The handlers, the ids that were given out and the allocator's slack; a window with its tags takes far more.
+    const qint64 bytesOfAMinute = (residentMemory() - memoryBefore) / (minute - warmUp);
+    QVERIFY2(bytesOfAMinute < 50000, qPrintable(QString::number(bytesOfAMinute)));
+    QCOMPARE(log.problems(), QStringList());
+}
+
+QTEST_MAIN(TestSoak)
+#include "tst_soak.moc"
