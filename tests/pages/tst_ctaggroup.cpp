@@ -159,6 +159,8 @@ void TestTagGroup::removedTileIsSilentAtOnce()
     QSignalSpy header(m_list.get(), &CTagGroupShowWidgt::signalGroupInfoChanged);
     QSignalSpy news(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
     emit provider->signalUpdated();
+    m_list->removeGroup(2);
+    m_host->renameGroup(2, QStringLiteral("late"));
     QCOMPARE(header.count() + news.count(), 0);
     QVERIFY(!m_list->removeGroup(4));
 }
