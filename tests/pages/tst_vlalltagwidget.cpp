@@ -81,7 +81,6 @@ class TestAllTagWidget : public QObject
 private slots:
     void startsAtTheTopHoweverTallItIs();
     void counterFollowsTheHost();
-    void lettersComeBackAsTheDataIsThen();
     void createTagOpensTheDialogAndEndsTheSearch();
     void overlayBarShowsOnlyWhatCanScroll();
     void rebuildKeepsContentAndPosition();
@@ -114,18 +113,6 @@ void TestAllTagWidget::counterFollowsTheHost()
     QTRY_COMPARE(open.counter(), QStringLiteral("(3)"));
     emit open.host.group(MemoryHost::AllTags)->signalRemoveTags({71, 72, 73, 74});
     QCOMPARE(open.counter(), QStringLiteral("(3)"));
-}
-
-void TestAllTagWidget::lettersComeBackAsTheDataIsThen()
-{
-    OpenPage open(lines({"apple", "bee"}));
-    open.search(QStringLiteral("app"));
-    QTRY_VERIFY(!gestures::findChip(open.page, QStringLiteral("bee")).view);
-    open.host.addTag(QStringLiteral("cow"));
-    open.host.renameTag(open.host.tagId(QStringLiteral("bee")), QStringLiteral("wasp"));
-    open.host.removeTags({open.host.tagId(QStringLiteral("apple"))});
-    open.field()->clear();
-    QTRY_COMPARE(gestures::shownChips(open.page), lines({"C: cow", "W: wasp"}));
 }
 
 void TestAllTagWidget::createTagOpensTheDialogAndEndsTheSearch()

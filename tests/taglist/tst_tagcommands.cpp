@@ -104,7 +104,6 @@ private slots:
     void recolour();
     void createTag();
     void deleteAsksFirst();
-    void removeFromCategory();
     void categoriesAddedAfterARemovalCanBeReached();
 };
 
@@ -250,17 +249,6 @@ void TagCommandsTest::deleteAsksFirst()
     QCOMPARE(desk.log.take(), QStringList({"VLTagGroupListView::slotDelTag tagId: 1"}));
     desk.list->slotDelTag(1);
     QTRY_VERIFY(!desk.box());
-}
-
-void TagCommandsTest::removeFromCategory()
-{
-    Desk desk({"apple"}, {"group"});
-    desk.host.addTagsToGroups(desk.groups, {1});
-    desk.list->setDataProvider(desk.host.group(desk.groups[0]));
-    desk.list->slotPopMenu(1, QStringLiteral("apple"));
-    desk.choose(QStringLiteral("Remove the Tag from the Category"));
-    QTRY_VERIFY(gestures::shownChips(desk.list.get()).isEmpty());
-    QCOMPARE(desk.log.take(), QStringList());
 }
 
 void TagCommandsTest::categoriesAddedAfterARemovalCanBeReached()

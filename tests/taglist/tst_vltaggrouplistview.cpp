@@ -67,7 +67,6 @@ private slots:
     void renameRefilesTheTag();
     void removingTheLastTagsReportsEmptiness();
     void searchShowsResultsAlone();
-    void resultsFollowTheHost();
     void providerCanBeReplaced();
     void anotherOrderOfFillingGivesTheSamePixels();
     void columnsMayBeTallerThanLayoutsAllow();
@@ -141,24 +140,6 @@ void TagGroupListViewTest::searchShowsResultsAlone()
     QCOMPARE(shownChips(page.list), QStringList({"B: bobcat", "C: Category, cat", "D: dog"}));
     page.list->reload(QStringLiteral("dog"));
     QCOMPARE(shownChips(page.list), QStringList({": dog"}));
-}
-
-void TagGroupListViewTest::resultsFollowTheHost()
-{
-    InstalledHost host({"cat", "dog"});
-    const Page page(host);
-    QSignalSpy empty(page.list, &VLTagGroupListView::signalEmpty);
-    page.list->reload(QStringLiteral("cat"));
-    host.addTags(QStringList{"cats", "mouse"});
-    QCOMPARE(shownChips(page.list), QStringList({": cat, cats"}));
-    host.renameTag(host.tagId("cats"), "cattle");
-    QCOMPARE(shownChips(page.list), QStringList({": cat, cattle"}));
-    host.removeTags({host.tagId("dog")});
-    QCOMPARE(empty.count(), 0);
-    host.removeTags({host.tagId("cat")});
-    QCOMPARE(shownChips(page.list), QStringList({": cattle"}));
-    page.list->reload(QString());
-    QCOMPARE(shownChips(page.list), QStringList({"C: cattle", "M: mouse"}));
 }
 
 void TagGroupListViewTest::providerCanBeReplaced()

@@ -73,8 +73,6 @@ void fillTall(QVBoxLayout* layout, int count, int height)
         layout->addWidget(fixedWidget(height, layout->parentWidget()));
 }
 
-constexpr int beyondClamp = 524287 * 2;
-
 }  // namespace
 
 class TestTallBoxLayout : public QObject
@@ -83,7 +81,6 @@ class TestTallBoxLayout : public QObject
 
 private slots:
     void placesAsTheToolkitsColumn();
-    void limitsOfItsWidgetAreNotClamped();
     void sharesRoomWithinLimits();
     void followsItemsThatComeAndGo();
 };
@@ -103,27 +100,6 @@ void TestTallBoxLayout::placesAsTheToolkitsColumn()
         }
         QVERIFY2(childRects(actual) == childRects(expected), qPrintable(QStringLiteral("seed %1").arg(seed)));
     }
-}
-
-void TestTallBoxLayout::limitsOfItsWidgetAreNotClamped()
-{
-    QWidget window;
-    auto* outer = new VLTallBoxLayout(&window);
-    outer->setContentsMargins(0, 0, 0, 0);
-    outer->setSpacing(0);
-    auto* column = new QWidget;
-    auto* layout = new VLTallBoxLayout(column);
-    layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
-    layout->setAlignment(Qt::AlignTop);
-    fillTall(layout, 4, beyondClamp / 2);
-    outer->addWidget(column);
-    outer->addWidget(fixedWidget(50, &window));
-    layout->activate();
-    outer->activate();
-    window.resize(300, outer->sizeHint().height());
-    outer->activate();
-    QCOMPARE(column->height(), 16 + 4 * (beyondClamp / 2));
-    QCOMPARE(outer->itemAt(1)->geometry().top(), column->height());
 }
 
 void TestTallBoxLayout::sharesRoomWithinLimits()
