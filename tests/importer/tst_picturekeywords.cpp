@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "host/importer/keywordlist.h"
 #include "host/importer/picturekeywords.h"
 #include "tests/importer/taggedpicture.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QtTest>
 
 class TestPictureKeywords : public QObject
@@ -19,6 +25,7 @@ private slots:
     void honoursTheCharacterSet_data();
     void honoursTheCharacterSet();
     void tellsWhyAFileCannotBeRead();
+    void agreesWithExiftool();
 
 private:
     [[nodiscard]] QByteArray path(const char* name) const { return QFile::encodeName(m_folder.path()) + '/' + name; }
@@ -144,6 +151,32 @@ void TestPictureKeywords::tellsWhyAFileCannotBeRead()
     for (const char* const name : {"drawing.svg", "new.jxl"}) {
         const MetadataAnswer answer = readKeywords(path(name));
         QVERIFY2(answer.error.isEmpty() && answer.keywords.isEmpty(), name);
+    }
+}
+
+void TestPictureKeywords::agreesWithExiftool()
+{
+    const QString exiftool = QStandardPaths::findExecutable(QStringLiteral("exiftool"));
+    if (exiftool.isEmpty())
+        QSKIP("exiftool is not installed");
+    QProcess process;
+    process.start(exiftool, {QStringLiteral("-r"), QStringLiteral("-j"), QStringLiteral("-struct"),
+                             QStringLiteral("-XMP-dc:Subject"), QStringLiteral("-IPTC:Keywords"),
+                             QStringLiteral(VELLUM_SAMPLES)});
+    QVERIFY(process.waitForFinished(60000));
+    const QJsonArray files = QJsonDocument::fromJson(process.readAllStandardOutput()).array();
+    QVERIFY(files.size() > 20);
+    for (const QJsonValue& file : files) {
+        KeywordList expected;
+        for (const QLatin1String key : {QLatin1String("Subject"), QLatin1String("Keywords")}) {
+            const QJsonValue value = file.toObject().value(key);
+            for (const QJsonValue& item : value.isArray() ? value.toArray() : QJsonArray{value})
+                expected.add(item.toVariant().toString());
+        }
+        const QString name = file.toObject().value(QLatin1String("SourceFile")).toString();
+        const QStringList keywords = readKeywords(QFile::encodeName(name)).keywords;
+        QVERIFY2(keywords == expected.keywords(),
+                 qPrintable(name + QLatin1String(": ") + keywords.join(QLatin1Char('|'))));
     }
 }
 
