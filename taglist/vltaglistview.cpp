@@ -351,6 +351,8 @@ void VLTagListView::slotUpdateLayout()
     m_orderIsCurrent = true;
     emit m_rows.proxy()->layoutChanged();
     m_orderIsCurrent = false;
+    // The base class waits with a timer of its own; thousands of sections would wait in one long list of timers.
+    executeDelayedItemsLayout();
     fitHeight();
 }
 
@@ -408,7 +410,9 @@ void VLTagListView::fitHeight()
     const int height = last.y() + last.height() + m_topMargin + m_bottomPad;
     if (minimumHeight() != height || maximumHeight() != height)
         setFixedHeight(height);
-    viewport()->update();
+    // The toolkit compares each widget to be painted with all its siblings, also where nothing of it can be seen.
+    if (!viewport()->visibleRegion().isEmpty())
+        viewport()->update();
 }
 
 /// Several changes in one turn of the event loop cost one fit; a hidden view is fitted when it is shown.
@@ -552,10 +556,10 @@ void VLTagListView::contextMenuEvent(QContextMenuEvent* event)
     emit signPopMenu(tag.id, tag.name);
 }
 
-/// There is nothing to scroll: all chips are shown.
+/// There is nothing to scroll: all chips are shown. The base class would start a timer to ask for more rows, which for
+/// thousands of sections is one long list of timers; this model has all its rows.
 void VLTagListView::updateGeometries()
 {
-    QAbstractItemView::updateGeometries();
     horizontalScrollBar()->setRange(0, 0);
     verticalScrollBar()->setRange(0, 0);
 }
