@@ -17,6 +17,7 @@ namespace {
 
 constexpr int repetitions = 9;             // of what can be repeated, at most
 constexpr double repetitionBudget = 2000;  // milliseconds after which nothing is repeated any more
+constexpr int changes = 3;                 // of one tag each: the same number on both sides
 constexpr int narrowing = 37;              // pixels
 constexpr int scrollStep = 60;             // pixels: three lines of a mouse wheel
 constexpr int colorCount = 8;
@@ -49,7 +50,7 @@ public:
     {
         VLTagManagerSingleton::instance()->setTagColorProvider(m_host.palette());
         const bool mixed = task.names == bench::Names::Mixed;
-        QStringList names = mixed ? bench::tagNames(task.n + m_tenth + 2 * repetitions) : bench::sectionNames(task.n);
+        QStringList names = mixed ? bench::tagNames(task.n + m_tenth + 2 * changes) : bench::sectionNames(task.n);
         m_ids = m_host.addTags(tagSpecs(names.mid(0, task.n)));
         m_newNames = names.mid(task.n);
         std::shuffle(m_ids.begin(), m_ids.end(), std::mt19937(7));
@@ -66,6 +67,7 @@ private:
     [[nodiscard]] bool isAskedFor(const char* operation) const;
     [[nodiscard]] double once(const std::function<void()>& cause) const;
     void repeat(const char* operation, const std::function<void(int)>& cause) const;
+    void change(const char* operation, const std::function<void(int)>& cause) const;
     void type(const char* operation, const QString& text);
     void rename(qint64 id, const QString& name);
 
@@ -108,6 +110,16 @@ void Session::repeat(const char* operation, const std::function<void(int)>& caus
     report(operation, median(values));
 }
 
+void Session::change(const char* operation, const std::function<void(int)>& cause) const
+{
+    if (!isAskedFor(operation))
+        return;
+    QVector<double> values;
+    while (values.size() < changes)
+        values.append(once([&] { cause(values.size()); }));
+    report(operation, median(values));
+}
+
 void Session::open()
 {
     const bench::MemoryUsage before = bench::memoryUsage();
@@ -144,8 +156,8 @@ void Session::type(const char* operation, const QString& text)
 
 void Session::changeTags()
 {
-    repeat("add", [this](int) { m_host.addTag(m_newNames.takeFirst(), 1, 1); });
-    repeat("rename", [this](int turn) { rename(m_ids.at(turn), m_newNames.takeFirst()); });
+    change("add", [this](int) { m_host.addTag(m_newNames.takeFirst(), 1, 1); });
+    change("rename", [this](int turn) { rename(m_ids.at(turn), m_newNames.takeFirst()); });
     const auto update = [this] {
         for (const qint64 id : m_ids.mid(0, m_tenth)) {
             m_host.setFileCount(id, m_host.tag(id)->fileCount(1) + 1000);
@@ -163,7 +175,7 @@ void Session::changeTags()
 
 void Session::followSignal()
 {
-    repeat("signal", [this](int turn) { rename(m_ids.at(turn), QStringLiteral("zz") + QString::number(turn)); });
+    change("signal", [this](int turn) { rename(m_ids.at(turn), QStringLiteral("zz") + QString::number(turn)); });
 }
 
 void Session::rename(qint64 id, const QString& name)
