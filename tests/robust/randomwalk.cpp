@@ -211,6 +211,10 @@ void RandomWalk::tagStep(const WalkStep& step)
         }
         break;
     case WalkStep::CreateTag:
+        // A tag that the page does not show closes the dialog by the answer alone, and an answer from inside the
+        // request comes before anybody waits for it.
+        if (m_model.page == WindowUser::Categories && m_model.selectedGroup != 0 && m_answersAtOnce)
+            break;
         if (m_model.page != WindowUser::Favorites && m_model.tags.size() < tagLimit) {
             m_user.clickCreateTag();
             m_model.search({});
@@ -278,8 +282,10 @@ void RandomWalk::enter(const QString& name, bool isTaken, const std::function<vo
 
 void RandomWalk::groupStep(const WalkStep& step)
 {
-    if (step.kind == WalkStep::AnswerLater)
-        m_host.setAnswers(step.a % 2 == 0 ? MemoryHost::Answers::Later : MemoryHost::Answers::AtOnce);
+    if (step.kind == WalkStep::AnswerLater) {
+        m_answersAtOnce = step.a % 2 != 0;
+        m_host.setAnswers(m_answersAtOnce ? MemoryHost::Answers::AtOnce : MemoryHost::Answers::Later);
+    }
     if (m_model.page != WindowUser::Categories)
         return;
     if (step.kind == WalkStep::DropChip)

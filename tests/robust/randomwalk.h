@@ -34,6 +34,7 @@ private:
     WindowUser m_user;
     WalkModel m_model;
     QString m_problem;
+    bool m_answersAtOnce = false;
     QVector<qint64> m_filesOfTags;
     QVector<qint64> m_filesOfGroups;
 };

@@ -103,6 +103,8 @@ void TestRandomWalk::failuresShrink()
 int main(int argc, char* argv[])
 {
     QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+    // Long walks, and the shrinking of what they find, take longer than test functions usually may; in milliseconds.
+    qputenv("QTEST_FUNCTION_TIMEOUT", "1500000");
     // The offscreen platform knows no drags.
     qputenv("QT_QPA_PLATFORM", "minimal");
     QApplication application(argc, argv);

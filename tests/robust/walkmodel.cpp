@@ -90,6 +90,9 @@ void WalkModel::renameTag(qint64 id, const QString& name)
 
 void WalkModel::search(const QString& text)
 {
+    // A text that stays as it is is no new search.
+    if (searches.value(page) == text)
+        return;
     searches[page] = text;
     m_results[page].clear();
     for (const qint64 id : page == favoritesPage ? favorites.values() : tags.keys())
