@@ -190,7 +190,7 @@ void VLTagGroupListView::load(const QString& filter)
         return;
     const QPointer<VLTagGroupListView> self(this);
     TagProviders providers;
-    if (provider->tags(&providers) == 0)
+    if (provider->tags(&providers) == 0 || !self)
         return;
     const QVector<TagItem> items = readTags(providers);
     // From inside the reading the host may have made the list show something else, or closed the window.
@@ -299,6 +299,8 @@ void VLTagGroupListView::showAdded(const QVector<qint64>& tag_ids)
     const auto provider = m_provider;
     TagProviders providers;
     provider->tagsByIds(tag_ids, &providers);
+    if (!self)
+        return;
     const QVector<TagItem> items = readTags(providers);
     if (self && m_provider == provider)
         showTags(items);
@@ -329,6 +331,8 @@ void VLTagGroupListView::slotTagUpdateNoMatch(QVector<qint64> tag_ids)
     const QPointer<VLTagGroupListView> self(this);
     TagProviders providers;
     provider->tagsByIds(tag_ids, &providers);
+    if (!self)
+        return;
     const QVector<TagItem> items = readTags(providers);
     if (!self || m_provider != provider)
         return;

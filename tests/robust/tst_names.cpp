@@ -119,7 +119,7 @@ void TestNames::cleanup()
     m_log.reset();
     // Not every machine has fonts for every script.
     const auto aboutFonts = [](const QString& text) {
-        return text.startsWith(QLatin1String("OpenType support missing"));
+        return text.contains(QLatin1String("OpenType support missing"));
     };
     problems.erase(std::remove_if(problems.begin(), problems.end(), aboutFonts), problems.end());
     QCOMPARE(problems, QStringList());
