@@ -118,7 +118,7 @@ QString typedNameAsRichText(const QString& name)
     QString shown = name;
     shown.replace(QChar(kFrameBegin), QChar(QChar::ReplacementCharacter));
     shown.replace(QChar(kFrameEnd), QChar(QChar::ReplacementCharacter));
-    const QString html = isolated(shown).toHtmlEscaped();
+    QString html = isolated(shown).toHtmlEscaped();
     if (!losesWhiteSpace(shown))
         return html;
     return QLatin1String("<span style='white-space:pre-wrap'>") + withLineBreaks(html) + QLatin1String("</span>");

@@ -194,7 +194,7 @@ void CTagGroupShowWidgt::selectOnly(CTagGroupItemWidget* tile)
         other->setSelected(other == tile);
 }
 
-void CTagGroupShowWidgt::placeByName(GroupPointer provider)
+void CTagGroupShowWidgt::placeByName(GroupPointer provider)  // NOLINT(performance-unnecessary-value-param): kept alive
 {
     const QPointer<CTagGroupShowWidgt> self(this);
     const QString name = provider->groupName();

@@ -65,7 +65,7 @@ ChipMetrics::ChipMetrics(const QFont& font)
     : m_font(font)
     , m_metrics(font)
     , m_exactMetrics(font)
-    , m_latinPairs(latinCount * latinCount, unknown)
+    , m_latinPairs(static_cast<size_t>(latinCount) * latinCount, unknown)
     , m_latinAdvances(latinCount, unknown)
     , m_wideAdvances(lastHangul - firstHan + 1, unknown)
 {

@@ -10,10 +10,10 @@ QString initialLetter(const QString& name)
     const QChar first = name.at(0);
     const ushort unit = first.unicode();
     if (unit >= 'a' && unit <= 'z')
-        return QString(QChar(unit - 'a' + 'A'));
+        return {QChar(unit - 'a' + 'A')};
     const QString& initials = mandarinInitials();
     const int offset = unit - firstMandarinCodePoint;
     if (offset >= 0 && offset < initials.size())
-        return QString(initials.at(offset));
-    return QString(first);
+        return {initials.at(offset)};
+    return {first};
 }

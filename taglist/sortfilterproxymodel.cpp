@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/sortfilterproxymodel.h"
 
-#include "taglist/tagrow.h"
+#include "taglist/taglistrow.h"
 
 #include <QStandardItemModel>
 
@@ -10,7 +10,7 @@ namespace {
 const QString& nameAt(const QModelIndex& index)
 {
     const auto* model = static_cast<const QStandardItemModel*>(index.model());
-    return static_cast<const TagRow*>(model->itemFromIndex(index))->tag().name;
+    return static_cast<const TagListRow*>(model->itemFromIndex(index))->tag().name;
 }
 
 }  // namespace

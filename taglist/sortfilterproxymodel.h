@@ -8,7 +8,7 @@
 ///
 /// Names are compared by UTF-16 code unit. With sort-by-search, the name that equals the search text comes first, then
 /// the names that start with it, then all others. The others keep no defined order for the person who searches; they
-/// are ordered by name here as well, because sorting needs a strict order. The source model must hold TagRow items
+/// are ordered by name here as well, because sorting needs a strict order. The source model must hold TagListRow items
 /// only.
 class SortFilterProxyModel : public QSortFilterProxyModel
 {

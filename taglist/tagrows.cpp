@@ -2,7 +2,7 @@
 #include "taglist/tagrows.h"
 
 #include "taglist/sortfilterproxymodel.h"
-#include "taglist/tagrow.h"
+#include "taglist/taglistrow.h"
 
 #include <QStandardItemModel>
 
@@ -31,12 +31,12 @@ int TagRows::count() const
     return m_model->rowCount();
 }
 
-TagRow* TagRows::rowAt(const QModelIndex& index) const
+TagListRow* TagRows::rowAt(const QModelIndex& index) const
 {
-    return static_cast<TagRow*>(m_model->itemFromIndex(m_proxy->mapToSource(index)));
+    return static_cast<TagListRow*>(m_model->itemFromIndex(m_proxy->mapToSource(index)));
 }
 
-QModelIndex TagRows::indexOf(const TagRow* row) const
+QModelIndex TagRows::indexOf(const TagListRow* row) const
 {
     return m_proxy->mapFromSource(m_model->indexFromItem(row));
 }
@@ -50,20 +50,20 @@ void TagRows::setTrailingRow(bool kept)
 
 void TagRows::add(const QVector<TagItem>& items)
 {
-    QVector<TagRow*> added = makeRows(items);
+    QVector<TagListRow*> added = makeRows(items);
     if (added.isEmpty())
         return;
     if (!isLargeBatch(added.size())) {
-        for (TagRow* row : qAsConst(added))
+        for (TagListRow* row : qAsConst(added))
             m_model->insertRow(std::max(count() - (m_trailingRow ? 1 : 0), 0), row);
         return;
     }
-    const auto comesBefore = [this](const TagRow* left, const TagRow* right) {
+    const auto comesBefore = [this](const TagListRow* left, const TagListRow* right) {
         return m_proxy->comesBefore(left->tag().name, right->tag().name);
     };
     std::stable_sort(added.begin(), added.end(), comesBefore);
-    const QVector<TagRow*> present = takeRowsInOrder();
-    QVector<TagRow*> merged;
+    const QVector<TagListRow*> present = takeRowsInOrder();
+    QVector<TagListRow*> merged;
     merged.reserve(present.size() + added.size());
     std::merge(present.begin(), present.end(), added.begin(), added.end(), std::back_inserter(merged), comesBefore);
     putRowsInOrder(merged);
@@ -80,7 +80,7 @@ void TagRows::remove(const QVector<qint64>& tag_ids)
 void TagRows::clear()
 {
     if (m_trailingRow && count() > 0) {
-        const TagRow* last = rowAt(m_proxy->index(m_proxy->rowCount() - 1, 0));
+        const TagListRow* last = rowAt(m_proxy->index(m_proxy->rowCount() - 1, 0));
         const int lastRow = last->row();
         m_model->removeRows(lastRow + 1, count() - lastRow - 1);
         m_model->removeRows(0, lastRow);
@@ -90,7 +90,7 @@ void TagRows::clear()
     m_rowOfTag.clear();
 }
 
-void TagRows::update(TagRow* row, const TagItem& item)
+void TagRows::update(TagListRow* row, const TagItem& item)
 {
     if (row->tag().name != item.name) {
         row->setTag(item);
@@ -107,24 +107,24 @@ bool TagRows::isLargeBatch(int size) const
     return size > smallBatch && size > count() / smallBatchDivisor;
 }
 
-QVector<TagRow*> TagRows::makeRows(const QVector<TagItem>& items)
+QVector<TagListRow*> TagRows::makeRows(const QVector<TagItem>& items)
 {
-    QVector<TagRow*> rows;
+    QVector<TagListRow*> rows;
     rows.reserve(items.size());
     m_rowOfTag.reserve(m_rowOfTag.size() + items.size());
     for (const TagItem& item : items) {
-        TagRow*& row = m_rowOfTag[item.id];
+        TagListRow*& row = m_rowOfTag[item.id];
         if (row)
             continue;
-        row = new TagRow(item, m_follow(item));
+        row = new TagListRow(item, m_follow(item));
         rows.append(row);
     }
     return rows;
 }
 
-QVector<TagRow*> TagRows::takeRowsInOrder()
+QVector<TagListRow*> TagRows::takeRowsInOrder()
 {
-    QVector<TagRow*> rows;
+    QVector<TagListRow*> rows;
     rows.reserve(count());
     for (int row = 0; row < m_proxy->rowCount(); ++row)
         rows.append(rowAt(m_proxy->index(row, 0)));
@@ -134,7 +134,7 @@ QVector<TagRow*> TagRows::takeRowsInOrder()
     return rows;
 }
 
-void TagRows::putRowsInOrder(const QVector<TagRow*>& rows)
+void TagRows::putRowsInOrder(const QVector<TagListRow*>& rows)
 {
     QList<QStandardItem*> items;
     items.reserve(rows.size());
@@ -146,22 +146,22 @@ void TagRows::putRowsInOrder(const QVector<TagRow*>& rows)
 void TagRows::removeRowByRow(const QVector<qint64>& tag_ids)
 {
     for (const qint64 id : tag_ids) {
-        if (const TagRow* row = m_rowOfTag.take(id))
+        if (const TagListRow* row = m_rowOfTag.take(id))
             m_model->removeRow(row->row());
     }
 }
 
 void TagRows::removeAtOnce(const QVector<qint64>& tag_ids)
 {
-    QVector<TagRow*> gone;
+    QVector<TagListRow*> gone;
     for (const qint64 id : tag_ids) {
-        if (TagRow* row = m_rowOfTag.take(id))
+        if (TagListRow* row = m_rowOfTag.take(id))
             gone.append(row);
     }
     if (gone.isEmpty())
         return;
-    QVector<TagRow*> rows = takeRowsInOrder();
-    const auto isGone = [this](const TagRow* row) { return !m_rowOfTag.contains(row->tag().id); };
+    QVector<TagListRow*> rows = takeRowsInOrder();
+    const auto isGone = [this](const TagListRow* row) { return !m_rowOfTag.contains(row->tag().id); };
     rows.erase(std::remove_if(rows.begin(), rows.end(), isGone), rows.end());
     putRowsInOrder(rows);
     qDeleteAll(gone);

@@ -13,7 +13,7 @@
 class QObject;
 class QStandardItemModel;
 class SortFilterProxyModel;
-class TagRow;
+class TagListRow;
 
 /// The rows of one tag list: a standard item model seen through a sorting proxy, and the map from tag ids to rows.
 ///
@@ -33,11 +33,11 @@ public:
     [[nodiscard]] int count() const;
     [[nodiscard]] bool contains(qint64 tag_id) const { return m_rowOfTag.contains(tag_id); }
     /// Null for a tag that has no row.
-    [[nodiscard]] TagRow* rowOfTag(qint64 tag_id) const { return m_rowOfTag.value(tag_id); }
+    [[nodiscard]] TagListRow* rowOfTag(qint64 tag_id) const { return m_rowOfTag.value(tag_id); }
     /// The row behind a valid index of the proxy.
-    [[nodiscard]] TagRow* rowAt(const QModelIndex& index) const;
+    [[nodiscard]] TagListRow* rowAt(const QModelIndex& index) const;
     /// The proxy's index of a row.
-    [[nodiscard]] QModelIndex indexOf(const TagRow* row) const;
+    [[nodiscard]] QModelIndex indexOf(const TagListRow* row) const;
 
     /// A row that stays last in the source model while others are added before it.
     void setTrailingRow(bool kept);
@@ -49,13 +49,13 @@ public:
     /// Removes everything but a trailing row.
     void clear();
     /// Replaces the record of a row and keeps the order.
-    void update(TagRow* row, const TagItem& item);
+    void update(TagListRow* row, const TagItem& item);
 
 private:
     [[nodiscard]] bool isLargeBatch(int size) const;
-    [[nodiscard]] QVector<TagRow*> makeRows(const QVector<TagItem>& items);
-    [[nodiscard]] QVector<TagRow*> takeRowsInOrder();
-    void putRowsInOrder(const QVector<TagRow*>& rows);
+    [[nodiscard]] QVector<TagListRow*> makeRows(const QVector<TagItem>& items);
+    [[nodiscard]] QVector<TagListRow*> takeRowsInOrder();
+    void putRowsInOrder(const QVector<TagListRow*>& rows);
     void removeRowByRow(const QVector<qint64>& tag_ids);
     void removeAtOnce(const QVector<qint64>& tag_ids);
     void removeNamelessRows();
@@ -63,6 +63,6 @@ private:
     Follow m_follow;
     QStandardItemModel* m_model;
     SortFilterProxyModel* m_proxy;
-    QHash<qint64, TagRow*> m_rowOfTag;  ///< The rows are owned by the model.
+    QHash<qint64, TagListRow*> m_rowOfTag;  ///< The rows are owned by the model.
     bool m_trailingRow = false;
 };

@@ -66,6 +66,6 @@ void VLTagColorWidget::paintEvent(QPaintEvent* event)
         circle.adjust(kInset, kInset, -kInset, -kInset);
     }
     painter.setBrush(m_color);
-    const qreal radius = circle.width() / 2;
+    const int radius = circle.width() / 2;
     painter.drawRoundedRect(circle, radius, radius);
 }

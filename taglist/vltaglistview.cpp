@@ -5,7 +5,7 @@
 #include "taglist/initialletter.h"
 #include "taglist/sortfilterproxymodel.h"
 #include "taglist/tagdrag.h"
-#include "taglist/tagrow.h"
+#include "taglist/taglistrow.h"
 
 #include <itagdataprovider.h>
 #include <itaggroupdataprovider.h>
@@ -288,12 +288,12 @@ void VLTagListView::removeAllRows()
 void VLTagListView::refreshTag(qint64 tag_id)
 {
     const BusyScope busy(this);
-    const TagRow* shown = m_rows.rowOfTag(tag_id);
+    const TagListRow* shown = m_rows.rowOfTag(tag_id);
     const std::optional<TagItem> item = shown ? readTagItem(shown->tag().provider) : std::nullopt;
     if (!item || busy.viewIsGone())
         return;
     // The host may have taken the tag away from inside the reading.
-    TagRow* row = m_rows.rowOfTag(tag_id);
+    TagListRow* row = m_rows.rowOfTag(tag_id);
     if (!row)
         return;
     if (!m_rows.proxy()->isSortedBySearch() && initialLetter(item->name) != letter()) {
@@ -343,7 +343,8 @@ void VLTagListView::scrollTo(const QModelIndex& index, ScrollHint)
 
 void VLTagListView::doItemsLayout()
 {
-    QAbstractItemView::doItemsLayout();
+    // QListView would measure and place every row.
+    QAbstractItemView::doItemsLayout();  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void VLTagListView::slotUpdateLayout()

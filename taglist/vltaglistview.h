@@ -19,10 +19,10 @@ class QLabel;
 
 /// The tags of one letter section (or of one search) as a wrapping flow of chips. GUI thread only.
 ///
-/// The view is exactly as tall as its chips need and never scrolls. Each tag is a TagRow of a QStandardItemModel, seen
-/// through a SortFilterProxyModel. Where a chip stands is known to the ChipFlow alone: the rectangles are those that
-/// QListView would give, but a change costs time linear in this list's rows, a look-up is a binary search, and only
-/// what is exposed is painted. Adding and removing in bulk costs one merge for the whole batch.
+/// The view is exactly as tall as its chips need and never scrolls. Each tag is a TagListRow of a QStandardItemModel,
+/// seen through a SortFilterProxyModel. Where a chip stands is known to the ChipFlow alone: the rectangles are those
+/// that QListView would give, but a change costs time linear in this list's rows, a look-up is a binary search, and
+/// only what is exposed is painted. Adding and removing in bulk costs one merge for the whole batch.
 ///
 /// What the view shows changes when tags are added to it, removed from it or refreshed from their providers, whose
 /// signalUpdated() it follows. It only reports what a person does.

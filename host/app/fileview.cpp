@@ -88,7 +88,7 @@ void FileView::hideEvent(QHideEvent* event)
 void FileView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles)
 {
     // QListView would lay out all rows again, although all tiles keep their size.
-    QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+    QAbstractItemView::dataChanged(topLeft, bottomRight, roles);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void FileView::updateGeometries()

@@ -136,8 +136,8 @@ void FrameWindow::beginResize(Qt::Edges edges)
 
 void FrameWindow::updateFrame()
 {
-    const int margin = hasEdges() ? borderWidth : 0;
-    layout()->setContentsMargins(margin, margin, margin, margin);
+    const int inset = hasEdges() ? borderWidth : 0;
+    layout()->setContentsMargins(inset, inset, inset, inset);
     unsetCursor();
     update();
 }

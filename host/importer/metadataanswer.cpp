@@ -25,7 +25,8 @@ std::optional<MetadataAnswer> MetadataAnswer::fromLine(const QByteArray& line)
         return {};
     MetadataAnswer answer;
     answer.error = object.value(errorKey).toString();
-    for (const QJsonValue& keyword : object.value(keywordsKey).toArray())
+    const QJsonArray keywords = object.value(keywordsKey).toArray();
+    for (const auto& keyword : keywords)
         answer.keywords.append(keyword.toString());
     return answer;
 }

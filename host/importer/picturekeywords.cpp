@@ -71,7 +71,9 @@ void addIptcKeywords(const Exiv2::IptcData& data, KeywordList& keywords)
 QStringList readWithExiv2(const QByteArray& path)
 {
     // Opened as a file by us: a name alone could be taken for an address on the network.
-    auto image = Exiv2::ImageFactory::open(Exiv2::BasicIo::AutoPtr(new Exiv2::FileIo(path.toStdString())));
+    using Owner =
+        Exiv2::BasicIo::AutoPtr;  // NOLINT(clang-diagnostic-deprecated-declarations): the library takes no other
+    auto image = Exiv2::ImageFactory::open(Owner(new Exiv2::FileIo(path.toStdString())));
     if (!image.get() && PictureFormats::mayBeUnknown(path))
         return {};
     if (!image.get())

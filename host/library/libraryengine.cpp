@@ -105,9 +105,9 @@ void LibraryEngine::bringNextIntoMemory()
 void LibraryEngine::queueNews(const LibraryNews& news)
 {
     if (!news.groupsAdded.isEmpty())
-        m_tellings.push_back([this, ids = news.groupsAdded] { emit m_manager->signalAddTagGroups(ids); });
+        m_tellings.emplace_back([this, ids = news.groupsAdded] { emit m_manager->signalAddTagGroups(ids); });
     for (const auto& tag : news.tagsUpdated) {
-        m_tellings.push_back([tag] {
+        m_tellings.emplace_back([tag] {
             if (const auto provider = tag->provider.toStrongRef())
                 emit provider->signalUpdated();
         });
@@ -115,15 +115,15 @@ void LibraryEngine::queueNews(const LibraryNews& news)
     for (const GroupNews& group : news.groups)
         queueGroupNews(group);
     if (!news.groupsRemoved.isEmpty())
-        m_tellings.push_back([this, ids = news.groupsRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
+        m_tellings.emplace_back([this, ids = news.groupsRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
     if (news.filesChanged)
-        m_tellings.push_back([this] { emit filesChanged(); });
+        m_tellings.emplace_back([this] { emit filesChanged(); });
 }
 
 void LibraryEngine::queueGroupNews(const GroupNews& news)
 {
     // Nobody can be connected to a provider that does not exist when its turn comes.
-    m_tellings.push_back([news] {
+    m_tellings.emplace_back([news] {
         const auto provider = news.group->provider.toStrongRef();
         if (provider && !news.tagsRemoved.isEmpty())
             emit provider->signalRemoveTags(news.tagsRemoved);

@@ -32,7 +32,7 @@ bool parseObject(const QString& path, QJsonObject* object, QString* error)
     QByteArray content;
     if (!readFile(path, &content, error))
         return false;
-    QJsonParseError parseError;
+    QJsonParseError parseError{};
     const QJsonDocument document = QJsonDocument::fromJson(content, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
         const int line = content.left(parseError.offset).count('\n') + 1;

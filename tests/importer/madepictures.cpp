@@ -25,7 +25,7 @@ QByteArray little(Number number)
 /// Zeros; a plain char would be taken for a number of bytes.
 QByteArray zeros(int count)
 {
-    return QByteArray(count, '\0');
+    return {count, '\0'};
 }
 
 QByteArray xmpPacket()
@@ -45,7 +45,8 @@ QByteArray created(int imageType)
     image->writeMetadata();
     image->io().open();
     const Exiv2::DataBuf bytes = image->io().read(long(image->io().size()));
-    return QByteArray(reinterpret_cast<const char*>(bytes.pData_), int(bytes.size_));
+    // Exiv2 hands its bytes out as unsigned ones.
+    return {reinterpret_cast<const char*>(bytes.pData_), int(bytes.size_)};  // NOLINT(*-reinterpret-cast)
 }
 
 /// TIFF 6.0 with one directory after \a extension; raw formats replace the \a mark.
@@ -62,7 +63,7 @@ QByteArray tiff(const QByteArray& mark = QByteArray("II*\0", 4), const QByteArra
 
 QByteArray exifHeader()
 {
-    return QByteArray("Exif\0\0", 6);
+    return {"Exif\0\0", 6};
 }
 
 /// A box of ISO/IEC 14496-12.

@@ -158,7 +158,7 @@ void TestPictureKeywords::agreesWithExiftool()
 {
     const QString exiftool = QStandardPaths::findExecutable(QStringLiteral("exiftool"));
     if (exiftool.isEmpty())
-        QSKIP("exiftool is not installed");
+        QSKIP("exiftool is not installed");  // NOLINT(clang-diagnostic-gnu-zero-variadic-macro-arguments)
     QProcess process;
     process.start(exiftool, {QStringLiteral("-r"), QStringLiteral("-j"), QStringLiteral("-struct"),
                              QStringLiteral("-XMP-dc:Subject"), QStringLiteral("-IPTC:Keywords"),
@@ -170,7 +170,8 @@ void TestPictureKeywords::agreesWithExiftool()
         KeywordList expected;
         for (const QLatin1String key : {QLatin1String("Subject"), QLatin1String("Keywords")}) {
             const QJsonValue value = file.toObject().value(key);
-            for (const QJsonValue& item : value.isArray() ? value.toArray() : QJsonArray{value})
+            const QJsonArray items = value.isArray() ? value.toArray() : QJsonArray{value};
+            for (const auto& item : items)
                 expected.add(item.toVariant().toString());
         }
         const QString name = file.toObject().value(QLatin1String("SourceFile")).toString();

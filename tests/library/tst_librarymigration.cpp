@@ -97,7 +97,7 @@ void TstLibraryMigration::version1IsOpened()
     QVERIFY(makeVersion1(path));
     LibraryFixture f(path);
     QVERIFY(f.isOpen());
-    const QStringList expected = {"tag 1 \"sea\" color 3 files 2",
+    const QStringList expected = {R"(tag 1 "sea" color 3 files 2)",
                                   QStringLiteral("tag 2 \"cafe\u0301\" color 0 files 0"),
                                   QStringLiteral("tag 4 \"\u6c34\u58a8\u753b\" color 7 files 0"),
                                   QString(QStringLiteral("tag 5 \"a") + QChar(0xd800) + "\" color 1 files 1"),

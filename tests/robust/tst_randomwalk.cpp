@@ -27,7 +27,7 @@ QString problemOf(const QVector<WalkStep>& steps, QVector<WalkStep>* walked = nu
 {
     RandomWalk walk;
     for (int i = 0; i < steps.size(); ++i) {
-        const QString problem = walk.walk(steps.at(i));
+        QString problem = walk.walk(steps.at(i));
         if (problem.isEmpty())
             continue;
         if (walked)

@@ -103,7 +103,7 @@ int HostileGroup::tagCount(int flag) const
 
 QString HostileGroup::groupName() const
 {
-    const QString name = m_truth->groupName();
+    QString name = m_truth->groupName();
     m_mind->enter("groupName");
     return name;
 }

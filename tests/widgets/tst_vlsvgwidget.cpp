@@ -30,7 +30,7 @@ void TestSvgWidget::cleanup()
 
 QString TestSvgWidget::write(const QByteArray& svg)
 {
-    const QString path = m_directory.filePath(QStringLiteral("image.svg"));
+    QString path = m_directory.filePath(QStringLiteral("image.svg"));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(svg) != svg.size())
         return {};

@@ -10,12 +10,12 @@
 ///
 /// Seen from outside it is an item whose Qt::UserRole holds the whole TagItem, and which can be dragged; it has no
 /// other role. Costs fewer allocations per tag, and the view reads records without copying them.
-class TagRow : public QStandardItem
+class TagListRow : public QStandardItem
 {
 public:
     /// \a updates, the connection that brings the tag's changes to the row, is cut with the row's life.
-    explicit TagRow(TagItem item, QMetaObject::Connection updates = {});
-    ~TagRow() override;
+    explicit TagListRow(TagItem item, QMetaObject::Connection updates = {});
+    ~TagListRow() override;
 
     [[nodiscard]] const TagItem& tag() const { return m_tag; }
     /// Replaces the record and reports the change as the model's dataChanged().

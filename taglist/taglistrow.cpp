@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "taglist/tagrow.h"
+#include "taglist/taglistrow.h"
 
 #include <QObject>
 
@@ -13,29 +13,29 @@ constexpr Qt::ItemFlags rowFlags =
 
 }  // namespace
 
-TagRow::TagRow(TagItem item, QMetaObject::Connection updates)
+TagListRow::TagListRow(TagItem item, QMetaObject::Connection updates)
     : m_tag(std::move(item))
     , m_updates(std::move(updates))
 {
 }
 
-TagRow::~TagRow()
+TagListRow::~TagListRow()
 {
     QObject::disconnect(m_updates);
 }
 
-void TagRow::setTag(TagItem item)
+void TagListRow::setTag(TagItem item)
 {
     m_tag = std::move(item);
     emitDataChanged();
 }
 
-void TagRow::replaceTag(TagItem item)
+void TagListRow::replaceTag(TagItem item)
 {
     m_tag = std::move(item);
 }
 
-QVariant TagRow::data(int role) const
+QVariant TagListRow::data(int role) const
 {
     if (role == Qt::UserRole)
         return QVariant::fromValue(m_tag);
@@ -44,7 +44,7 @@ QVariant TagRow::data(int role) const
     return {};
 }
 
-void TagRow::setData(const QVariant& value, int role)
+void TagListRow::setData(const QVariant& value, int role)
 {
     if (role == Qt::UserRole && value.canConvert<TagItem>())
         setTag(value.value<TagItem>());
