@@ -107,9 +107,13 @@ void VLGroupListMenu::pick(QListWidgetItem* item)
 {
     const qint64 id = item->data(Qt::UserRole).toInt();
     const QPointer<VLGroupListMenu> self(this);
+    m_picking = true;
     VlEventTrack::GetInstance()->SendBClickLabelMenu(tr("Add to Category"), item->text());
+    // This list may have been taken from its window in the meantime, and is then deleted from the event loop.
     if (self)
         emit signClicked(id);
+    if (self)
+        m_picking = false;
 }
 
 void VLGroupListMenu::highlightFirst()

@@ -18,6 +18,8 @@ public:
 
     /// The category ids in row order.
     [[nodiscard]] QVector<qint64> ids() const { return m_ids; }
+    /// True while a pick is reported, when the list must not be deleted at once.
+    [[nodiscard]] bool isPicking() const { return m_picking; }
     /// The menu around the list cuts so many logical pixels off its bottom; the last rows scroll into what is left.
     void setHiddenBottom(int pixels);
 
@@ -44,5 +46,6 @@ private:
     [[nodiscard]] bool hasHighlight() const;
 
     QVector<qint64> m_ids;
+    bool m_picking = false;
     QSet<qint64> m_knownIds;  ///< The same ids, so that filling the list stays linear.
 };

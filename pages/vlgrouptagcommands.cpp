@@ -31,11 +31,23 @@ void VLGroupTagWidget::makeMenu()
     m_menu->setWindowFlags(m_menu->windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     VLSkinSetting::GetInstance()->SetWidgetStyleSheetWithQssName(m_menu, QStringLiteral("menu"));
 
-    m_viewFilesAction = m_menu->addAction(tr("View Related Files"), this, &VLGroupTagWidget::viewFiles);
+    m_viewFilesAction =
+        m_menu->addAction(tr("View Related Files"), this, [this] { carryOut([this] { viewFiles(); }); });
     m_menu->addSeparator();
     m_renameAction =
         m_menu->addAction(tr("Rename Category"), this, [this] { slotRenameGroup(m_menuGroupId, m_menuGroupName); });
-    m_deleteAction = m_menu->addAction(tr("Delete Category"), this, [this] { slotDelGroup(m_menuGroupId); });
+    m_deleteAction =
+        m_menu->addAction(tr("Delete Category"), this, [this] { carryOut([this] { slotDelGroup(m_menuGroupId); }); });
+}
+
+/// The host may delete the page from inside what an entry of the menu does.
+void VLGroupTagWidget::carryOut(const std::function<void()>& choice)
+{
+    const QPointer<VLGroupTagWidget> self(this);
+    ++m_choicesUnderWay;
+    choice();
+    if (self)
+        --m_choicesUnderWay;
 }
 
 void VLGroupTagWidget::slotPopMenu(qint64 g_id, const QString& g_name)

@@ -5,6 +5,7 @@
 #include "pages/ctaggroupshowwidgt.h"
 #include "plugin/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
+#include "widgets/menupopup.h"
 #include "widgets/vlsvgwidget.h"
 #include "widgets/vltallboxlayout.h"
 
@@ -56,7 +57,11 @@ VLGroupTagWidget::VLGroupTagWidget(int type, QWidget* parent)
     m_iconWidget->setFixedSize(16, 16);
 }
 
-VLGroupTagWidget::~VLGroupTagWidget() = default;
+VLGroupTagWidget::~VLGroupTagWidget()
+{
+    if (m_choicesUnderWay > 0)
+        deleteMenuSoon(m_menu);
+}
 
 void VLGroupTagWidget::initialise(const QSharedPointer<ITagGroupDataProvider>& root,
                                   const QVector<QSharedPointer<ITagGroupDataProvider>>& groups)

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QVector>
 
+#include <functional>
+
 class CTagGroupItemWidget;
 class CTagGroupShowWidgt;
 class ITagAction;
@@ -64,6 +66,7 @@ private:
     static constexpr qint64 rootGroupId = 0;
 
     void makeMenu();
+    void carryOut(const std::function<void()>& choice);
     void adjustFrame();
     QLayout* makeCategoryHalf();
     QLayout* makeTagHalf();
@@ -88,6 +91,7 @@ private:
     QLabel* m_selectedCountLabel = nullptr;
     CTagGroupShowWidgt* m_groupList = nullptr;
     QMenu* m_menu = nullptr;
+    int m_choicesUnderWay = 0;  ///< Entries of the menu that are being carried out.
     QAction* m_viewFilesAction = nullptr;
     QAction* m_renameAction = nullptr;
     QAction* m_deleteAction = nullptr;

@@ -11,6 +11,7 @@
 #include <vlskinsetting.h>
 
 #include <QMenu>
+#include <QPointer>
 #include <QWidgetAction>
 
 #include <algorithm>
@@ -47,11 +48,30 @@ TagContextMenu::TagContextMenu(QWidget* owner)
     createColorRow(owner);
 }
 
+TagContextMenu::~TagContextMenu()
+{
+    if (m_choicesUnderWay == 0 && !m_groupList->isPicking())
+        return;
+    // It owns the row of colours, which may be what is at work.
+    m_colorRowAction->setParent(m_menu);
+    deleteMenuSoon(m_menu);
+    deleteMenuSoon(m_groupMenu);
+}
+
+void TagContextMenu::carryOut(const std::function<void()>& choice)
+{
+    const QPointer<TagContextMenu> self(this);
+    ++m_choicesUnderWay;
+    choice();
+    if (self)
+        --m_choicesUnderWay;
+}
+
 void TagContextMenu::createActions()
 {
     const auto makeAction = [this](const QString& text, void (TagContextMenu::*chosen)()) {
         auto* action = new QAction(text, this);
-        connect(action, &QAction::triggered, this, chosen);
+        connect(action, &QAction::triggered, this, [this, chosen] { carryOut([&] { emit(this->*chosen)(); }); });
         return action;
     };
     m_viewFiles = makeAction(VLTagGroupListView::tr("View Related Files"), &TagContextMenu::viewFilesChosen);
@@ -80,7 +100,7 @@ void TagContextMenu::createGroupMenu(QWidget* owner)
     m_groupMenu->addAction(listAction);
     connect(m_groupList, &VLGroupListMenu::signClicked, this, [this](qint64 g_id) {
         close();
-        emit groupChosen(g_id);
+        carryOut([&] { emit groupChosen(g_id); });
     });
 }
 
@@ -90,7 +110,8 @@ void TagContextMenu::createColorRow(QWidget* owner)
     m_colorRow->setFixedSize(menuWidth, colorRowHeight);
     m_colorRowAction = new QWidgetAction(this);
     m_colorRowAction->setDefaultWidget(m_colorRow);
-    connect(m_colorRow, &VLTagColorAction::signalColorClicked, this, &TagContextMenu::colorChosen);
+    connect(m_colorRow, &VLTagColorAction::signalColorClicked, this,
+            [this](int index) { carryOut([&] { emit colorChosen(index); }); });
 }
 
 void TagContextMenu::arrange(bool inCategory)

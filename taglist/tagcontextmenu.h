@@ -3,6 +3,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QAction;
 class QMenu;
 class QWidget;
@@ -18,6 +20,8 @@ class TagContextMenu : public QObject
 public:
     /// The menus belong to \a owner, which must outlive this object; the category list starts with every category.
     explicit TagContextMenu(QWidget* owner);
+    /// The host may delete the window from inside what an entry does; the menus then outlive it for a moment.
+    ~TagContextMenu() override;
 
     /// Puts the entries in their order. \a inCategory: the tags shown can be removed from their category.
     void arrange(bool inCategory);
@@ -36,6 +40,7 @@ signals:
     void groupChosen(qint64 g_id);
 
 private:
+    void carryOut(const std::function<void()>& choice);
     void createActions();
     void createGroupMenu(QWidget* owner);
     void createColorRow(QWidget* owner);
@@ -51,4 +56,5 @@ private:
     QWidgetAction* m_colorRowAction = nullptr;
     VLTagColorAction* m_colorRow = nullptr;
     VLGroupListMenu* m_groupList = nullptr;
+    int m_choicesUnderWay = 0;
 };

@@ -74,3 +74,10 @@ void popUpMenuAtCursor(QMenu* menu)
     menu->popup(QCursor::pos());
     menu->raise();
 }
+
+void deleteMenuSoon(QMenu* menu)
+{
+    menu->hide();
+    menu->setParent(nullptr);
+    menu->deleteLater();
+}

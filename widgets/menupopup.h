@@ -7,3 +7,7 @@ class QMenu;
 /// placement at the edges of the screen is left to QMenu. Entries that are too wide for a menu of fixed width get a
 /// narrower face. Does not block.
 void popUpMenuAtCursor(QMenu* menu);
+
+/// For owners that go while an entry of their menu is being carried out: Qt still uses the menu when the entry has
+/// returned. Takes \a menu from its parent and deletes it from the event loop.
+void deleteMenuSoon(QMenu* menu);

@@ -218,10 +218,14 @@ QStringList WindowUser::groupChoices() const
 bool WindowUser::chooseGroup(const QString& groupName)
 {
     auto* choices = list() ? list()->findChild<VLGroupListMenu*>() : nullptr;
-    const auto found = choices ? choices->findItems(groupName, Qt::MatchExactly) : QList<QListWidgetItem*>();
+    const auto found = choices ? choices->findItems(groupName, Qt::MatchFixedString | Qt::MatchCaseSensitive)
+                               : QList<QListWidgetItem*>();
     if (found.isEmpty())
         return false;
-    emit choices->itemClicked(found.first());
+    if (auto* menu = list()->findChild<QMenu*>(QStringLiteral("tag_manager_menu")))
+        menu->popup(QPoint());
+    choices->scrollToItem(found.first());
+    QTest::mouseClick(choices->viewport(), Qt::LeftButton, {}, choices->visualItemRect(found.first()).center());
     return true;
 }
 
