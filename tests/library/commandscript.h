@@ -1,69 +1,77 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QMap>
-#include <QRandomGenerator>
-#include <QSet>
-#include <QStringList>
+#include "host/library/library.h"
+#include "host/library/tagpalette.h"
 
-/// A long series of requests that follows from its seed alone, and what a library holds after any number of them: the
-/// program that is killed and the one that looks at what it left run the same series.
-///
-/// Each request succeeds when those before it did, and each changes the library.
-class CommandScript
+#include <ilibrarydataprovider.h>
+#include <itagaction.h>
+#include <itaggroupaction.h>
+
+#include <QRandomGenerator>
+
+/// A long series of requests that follows from its seed alone: two libraries that carried out as many of them hold the
+/// same. Some are refused, for what they are about may be gone.
+class CommandScript : public QObject
 {
 public:
-    enum class Kind
+    /// Asks \a library; \a answered is called after each answer.
+    CommandScript(Library* library, quint32 seed, const std::function<void()>& answered)
+        : m_library(library)
+        , m_random(seed)
+        , m_answered(answered)
     {
-        CreateTag,
-        RenameTag,
-        RecolorTag,
-        DeleteTag,
-        AddCategory,
-        RenameCategory,
-        RemoveCategory,
-        Join,
-        Leave,
-        Import
-    };
-    struct Command
+        connect(tags(), &ITagAction::signalTagResult, this, answered);
+        connect(categories(), &ITagGroupAction::signalTagGroupResult, this, answered);
+    }
+
+    void next()
     {
-        Kind kind = Kind::CreateTag;
-        qint64 tag = 0;
-        qint64 category = 0;
-        int color = 0;
-        QString name;
-    };
-
-    explicit CommandScript(quint32 seed);
-
-    /// The next request; what contents() says has it carried out.
-    Command next();
-    /// In the form of LibraryFixture::storedIn().
-    [[nodiscard]] QStringList contents() const;
+        ++m_step;
+        const QString name = QStringLiteral("name %1 \u6c34").arg(m_step);
+        const qint64 tag = m_random.bounded(1, 2 + m_step / 5);
+        const qint64 category = m_random.bounded(1, 3 + m_step / 10);
+        const int color = m_random.bounded(int(TagPalette::Size));
+        switch (m_random.bounded(10)) {
+        case 0:
+            tags()->createTags({{name, 0, color}});
+            break;
+        case 1:
+            tags()->renameTag(tag, name);
+            break;
+        case 2:
+            tags()->setTagColor(tag, color);
+            break;
+        case 3:
+            tags()->deleteTags({tag});
+            break;
+        case 4:
+            tags()->addTagsToGroups({category}, {tag});
+            break;
+        case 5:
+            tags()->removeTagsFromGroups({category}, {tag});
+            break;
+        case 6:
+            categories()->addTagGroup(name);
+            break;
+        case 7:
+            categories()->renameTagGroup(category, name);
+            break;
+        case 8:
+            categories()->removeTagGroup(category);
+            break;
+        default:
+            m_library->requestImport({{"/" + name.toUtf8(), {}, {{name}}}}, this,
+                                     [this](const ImportOutcome&) { m_answered(); });
+        }
+    }
 
 private:
-    struct Tag
-    {
-        QString name;
-        int color = 0;
-        int files = 0;
-    };
-    struct Category
-    {
-        QString name;
-        QSet<qint64> tags;
-    };
+    ITagAction* tags() const { return m_library->dataProvider()->tagAction().data(); }
+    ITagGroupAction* categories() const { return m_library->dataProvider()->tagGroupAction().data(); }
 
-    bool attempt(Command& command);
-    bool attemptOnTag(Command& command);
-    bool attemptOnCategory(Command& command);
-    void createTag(const QString& name, int color, int files);
-
+    Library* m_library;
     QRandomGenerator m_random;
+    std::function<void()> m_answered;
     int m_step = 0;
-    qint64 m_lastTag = 0;
-    qint64 m_lastCategory = 1;
-    QMap<qint64, Tag> m_tags;
-    QMap<qint64, Category> m_categories;
 };

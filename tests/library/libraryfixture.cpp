@@ -4,11 +4,6 @@
 #include "host/library/libraryreader.h"
 
 #include <ilibrarydataprovider.h>
-#include <itagaction.h>
-#include <itagdataprovider.h>
-#include <itaggroupaction.h>
-#include <itaggroupdataprovider.h>
-#include <itagmanagerdataprovider.h>
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -182,6 +177,12 @@ void LibraryFixture::followTags(const QSharedPointer<ITagGroupDataProvider>& gro
 QStringList LibraryFixture::takeLog()
 {
     return std::exchange(m_log, {});
+}
+
+QStringList LibraryFixture::told(qint64 requestId)
+{
+    answerTo(requestId);
+    return takeLog();
 }
 
 QStringList LibraryFixture::shown() const

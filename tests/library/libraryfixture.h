@@ -4,17 +4,16 @@
 #include "host/library/library.h"
 
 #include <iresponseinfo.h>
+#include <itagaction.h>
+#include <itagdataprovider.h>
+#include <itaggroupaction.h>
+#include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
 
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <memory>
-
-class ITagAction;
-class ITagDataProvider;
-class ITagGroupAction;
-class ITagGroupDataProvider;
-class ITagManagerDataProvider;
 
 /// A library in a folder of its own that is removed with the fixture, and what tests do with it: requests that wait for
 /// their answer, a log of everything the library tells, and its content as text.
@@ -44,8 +43,6 @@ public:
     /// The status of that answer, or -1 without one.
     int statusOf(qint64 requestId) { return statusOf(answerTo(requestId)); }
     static int statusOf(const QSharedPointer<const IResponseInfo>& response);
-    /// How many answers to the request came so far.
-    [[nodiscard]] int answerCount(qint64 requestId) const { return m_answers.count(requestId); }
 
     /// Creates tags with the colour 0; their ids go up from 1 in a new library. True on success.
     bool createTags(const QStringList& names);
@@ -56,6 +53,8 @@ public:
     void follow(const QVector<qint64>& groupIds);
     /// The log so far, cleared by reading it.
     QStringList takeLog();
+    /// Waits for the answer to the request; the log until then, cleared by reading it.
+    QStringList told(qint64 requestId);
 
     /// Opens the library file and closes it again; false when that fails.
     static bool openOnce(const QString& path);

@@ -3,13 +3,7 @@
 #include "tests/library/diskfault.h"
 #include "tests/library/libraryfixture.h"
 
-#include <itagaction.h>
-#include <itagdataprovider.h>
-#include <itaggroupaction.h>
-#include <itaggroupdataprovider.h>
-
 #include <QFile>
-#include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
@@ -66,14 +60,10 @@ private slots:
 
     void unknownAndReservedIdsAreRejected();
     void listsFailAsAWhole();
-    void colourOutsideOfThePalette();
     void lockedByAnotherProgram();
-    void lockReleasedInTime();
-    void failingDisk_data();
     void failingDisk();
     void failingDiskDuringAnImport();
     void diskThatFillsUp();
-    void failingReads_data();
     void failingReads();
     void lostWritesLeaveAnEarlierState();
     void readOnlyLibrary();
@@ -134,21 +124,14 @@ void TstLibraryFailures::unknownAndReservedIdsAreRejected()
 
 void TstLibraryFailures::listsFailAsAWhole()
 {
-    QVERIFY(f->statusOf(f->tags()->addTagsToGroups({1, 2}, {1, 99, 2})) > 0);
-    QVERIFY(f->statusOf(f->tags()->createTags({{"four", 0, 0}, {"one", 0, 0}})) > 0);
-    QVERIFY(f->statusOf(f->tags()->createTags({{"four", 0, 0}, {"", 0, 0}})) > 0);
-    QCOMPARE(f->takeLog().filter("answer").size(), 3);
-    QCOMPARE(f->group(-1)->tagCount(1), 3);
-    QCOMPARE(f->group(1)->tagCount(1), 0);
-}
-
-void TstLibraryFailures::colourOutsideOfThePalette()
-{
-    const int invalid = int(LibraryStatus::InvalidArgument);
-    QCOMPARE(f->statusOf(f->tags()->setTagColor(1, 8)), invalid);
-    QCOMPARE(f->statusOf(f->tags()->setTagColor(1, -1)), invalid);
-    QCOMPARE(f->statusOf(f->tags()->createTags({{"four", 0, 8}})), invalid);
-    QCOMPARE(f->statusOf(f->tags()->createTags({{"four", 7, 0}})), invalid);
+    const QStringList before = f->shown();
+    for (const qint64 request :
+         {f->tags()->addTagsToGroups({1, 2}, {1, 99, 2}), f->tags()->createTags({{"four", 0, 0}, {"one", 0, 0}}),
+          f->tags()->createTags({{"four", 0, 0}, {"", 0, 0}}), f->tags()->createTags({{"four", 0, 0}, {"five", 0, 8}}),
+          f->tags()->createTags({{"four", 7, 0}}), f->tags()->setTagColor(1, 8), f->tags()->setTagColor(1, -1)})
+        QVERIFY(f->statusOf(request) > 0);
+    QCOMPARE(f->takeLog().size(), 7);
+    QCOMPARE(f->shown(), before);
 }
 
 void TstLibraryFailures::lockedByAnotherProgram()
@@ -163,55 +146,38 @@ void TstLibraryFailures::lockedByAnotherProgram()
     QCOMPARE(f->tag(1)->name(), QStringLiteral("one"));
 }
 
-void TstLibraryFailures::lockReleasedInTime()
-{
-    qint64 request = 0;
-    {
-        const Lock lock(f->path());
-        request = f->tags()->renameTag(1, "x");
-        QVERIFY(!f->answerTo(request, 300));
-    }
-    QCOMPARE(f->statusOf(request), 0);
-    QCOMPARE(f->tag(1)->name(), QStringLiteral("x"));
-}
-
-void TstLibraryFailures::failingDisk_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("status");
-    QTest::newRow("full") << int(DiskFault::Kind::Full) << int(LibraryStatus::DiskFull);
-    QTest::newRow("write error") << int(DiskFault::Kind::WriteError) << int(LibraryStatus::DiskError);
-    QTest::newRow("short write") << int(DiskFault::Kind::ShortWrite) << int(LibraryStatus::DiskFull);
-}
-
 /// The disk fails at the first call, at the second, and so on, until a request is carried out before it fails.
 void TstLibraryFailures::failingDisk()
 {
-    QFETCH(const int, kind);
-    QFETCH(const int, status);
-    bool failedEver = false;
-    bool done = false;
-    for (int after = 0; !done; ++after) {
-        const QStringList before = f->shown();
-        const QString name = QStringLiteral("new %1 ").arg(after) + QString(9000, QLatin1Char('x'));
-        f->takeLog();
-        m_fault->set(static_cast<DiskFault::Kind>(kind), after);
-        const auto answer = f->answerTo(f->tags()->createTags({{name, 0, 0}}));
-        done = !m_fault->struck();
-        m_fault->clear();
-        QVERIFY(answer);
-        if (answer->status() != 0) {
-            failedEver = true;
-            QCOMPARE(answer->status(), status);
-            QVERIFY(!answer->message().isEmpty());
-            QCOMPARE(f->takeLog().size(), 1);
-            QCOMPARE(f->shown(), before);
+    const QVector<QPair<DiskFault::Kind, LibraryStatus>> statusByKind = {
+        {DiskFault::Kind::Full, LibraryStatus::DiskFull},
+        {DiskFault::Kind::WriteError, LibraryStatus::DiskError},
+        {DiskFault::Kind::ShortWrite, LibraryStatus::DiskFull}};
+    for (const auto& [kind, status] : statusByKind) {
+        bool failedEver = false;
+        bool done = false;
+        for (int after = 0; !done; ++after) {
+            const QStringList before = f->shown();
+            const QString name = QStringLiteral("%1 %2 ").arg(int(kind)).arg(after) + QString(9000, QLatin1Char('x'));
+            f->takeLog();
+            m_fault->set(kind, after);
+            const auto answer = f->answerTo(f->tags()->createTags({{name, 0, 0}}));
+            done = !m_fault->struck();
+            m_fault->clear();
+            QVERIFY(answer);
+            if (answer->status() != 0) {
+                failedEver = true;
+                QCOMPARE(answer->status(), int(status));
+                QVERIFY(!answer->message().isEmpty());
+                QCOMPARE(f->takeLog().size(), 1);
+                QCOMPARE(f->shown(), before);
+            }
+            QCOMPARE(f->stored(), f->shown());
+            // The library goes on as soon as the disk does.
+            QCOMPARE(f->statusOf(f->tags()->setTagColor(1, after % 2 + 1)), 0);
         }
-        QCOMPARE(f->stored(), f->shown());
-        // The library goes on as soon as the disk does.
-        QCOMPARE(f->statusOf(f->tags()->setTagColor(1, after % 2 + 1)), 0);
+        QVERIFY(failedEver);
     }
-    QVERIFY(failedEver);
 }
 
 void TstLibraryFailures::failingDiskDuringAnImport()
@@ -249,46 +215,41 @@ void TstLibraryFailures::diskThatFillsUp()
     QVERIFY(f->createTags({"there is room again"}));
 }
 
-void TstLibraryFailures::failingReads_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::newRow("read error") << int(DiskFault::Kind::ReadError);
-    QTest::newRow("short read") << int(DiskFault::Kind::ShortRead);
-}
-
 /// A library that is opened, and asked for its files, while the disk fails at the first reading, at the second, and so
 /// on, says so or is right; the next time, it has everything.
 void TstLibraryFailures::failingReads()
 {
-    QFETCH(const int, kind);
     QVERIFY(f->library()->importAndWait(manyPictures()).succeeded);
     QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
     const QStringList whole = f->shown();
-    bool failedEver = false;
-    bool struck = true;
-    for (int after = 0; struck; ++after) {
-        f->close();
-        m_fault->set(static_cast<DiskFault::Kind>(kind), after);
-        QString error;
-        const auto library = Library::open(f->path(), &error);
-        QCOMPARE(error.isEmpty(), library != nullptr);
-        if (library) {
-            int files = -1;
-            library->queryFileIds(FileQuery::allFiles(), this, [&](const QVector<qint64>& ids, const QString& reason) {
-                files = ids.size();
-                error = reason;
-            });
-            QTRY_VERIFY(files >= 0);
-            QVERIFY(files == 300 || !error.isEmpty());
+    for (const auto kind : {DiskFault::Kind::ReadError, DiskFault::Kind::ShortRead}) {
+        bool failedEver = false;
+        bool struck = true;
+        for (int after = 0; struck; ++after) {
+            f->close();
+            m_fault->set(kind, after);
+            QString error;
+            const auto library = Library::open(f->path(), &error);
+            QCOMPARE(error.isEmpty(), library != nullptr);
+            if (library) {
+                int files = -1;
+                library->queryFileIds(FileQuery::allFiles(), this,
+                                      [&](const QVector<qint64>& ids, const QString& reason) {
+                                          files = ids.size();
+                                          error = reason;
+                                      });
+                QTRY_VERIFY(files >= 0);
+                QVERIFY(files == 300 || !error.isEmpty());
+            }
+            struck = m_fault->struck();
+            m_fault->clear();
+            QVERIFY(struck || error.isEmpty());
+            failedEver = failedEver || !error.isEmpty();
+            QVERIFY(f->reopen());
+            QCOMPARE(f->shown(), whole);
         }
-        struck = m_fault->struck();
-        m_fault->clear();
-        QVERIFY(struck || error.isEmpty());
-        failedEver = failedEver || !error.isEmpty();
-        QVERIFY(f->reopen());
-        QCOMPARE(f->shown(), whole);
+        QVERIFY(failedEver);
     }
-    QVERIFY(failedEver);
 }
 
 /// A disk that claims to have written cannot be seen through; what is found after the power is gone is what the library

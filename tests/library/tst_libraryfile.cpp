@@ -5,8 +5,6 @@
 #include "host/library/libraryschema.h"
 #include "tests/library/libraryfixture.h"
 
-#include <itaggroupdataprovider.h>
-
 #include <QDir>
 #include <QFile>
 #include <QSqlDatabase>
@@ -58,7 +56,6 @@ private slots:
     void newerVersionInTheLogIsRefused();
     void whereNoFileCanBe();
     void emptyFileBecomesALibrary();
-    void migrationsRunOnceAndInOrder();
     void failedMigrationLeavesTheOldVersion();
     void damagedLibraryIsReported();
 };
@@ -168,27 +165,6 @@ void TstLibraryFile::emptyFileBecomesALibrary()
     QVERIFY(LibraryFixture::openOnce(path));
     QVERIFY(bytesOf(path).size() > 0);
     QCOMPARE(LibraryFixture::storedIn(path).size(), 2);
-}
-
-void TstLibraryFile::migrationsRunOnceAndInOrder()
-{
-    LibraryFixture f;
-    QVERIFY(f.createTags({"one"}));
-    f.close();
-    QVector<libraryschema::Step> steps = libraryschema::steps();
-    const int version = steps.size();
-    steps.append(libraryschema::Step{"CREATE TABLE extra (value)", "INSERT INTO extra SELECT count(*) FROM tags"});
-    steps.append(libraryschema::Step{"UPDATE extra SET value = value + 10"});
-    LibraryDatabase database(f.path(), LibraryDatabase::Access::ReadWrite);
-    for (int round = 0; round < 2; ++round) {
-        libraryschema::migrate(database, steps);
-        QCOMPARE(database.number("PRAGMA user_version"), version + 2);
-        QCOMPARE(database.number("SELECT value FROM extra"), 11);
-    }
-    // And is too new from then on.
-    QString error;
-    QVERIFY(!Library::open(f.path(), &error));
-    QVERIFY(error.contains("newer"));
 }
 
 void TstLibraryFile::failedMigrationLeavesTheOldVersion()

@@ -3,11 +3,6 @@
 #include "host/library/tagpalette.h"
 #include "tests/library/libraryfixture.h"
 
-#include <itagaction.h>
-#include <itagdataprovider.h>
-#include <itaggroupaction.h>
-#include <itaggroupdataprovider.h>
-
 #include <QSignalSpy>
 #include <QTest>
 
@@ -33,13 +28,8 @@ private slots:
     void cleanup();
 
     void batchCreatesTagsFilesAndLinks();
-    void unchangedFilesWriteNothing();
-    void changedFileGetsItsKeywordsAgain();
     void touchedFileKeepsRenamedTags();
-    void sidecarIsPartOfTheState();
-    void forgottenFilesLeaveTheirTags();
     void deletedTagLeavesTheFiles();
-    void pathsAreBytes();
     void queriesForTheFileView();
     void largeBatchIsToldInBulk();
     void waitingWorksWithoutAnEventLoopAndFromAnyThread();
@@ -113,38 +103,6 @@ void TstLibraryImport::batchCreatesTagsFilesAndLinks()
     QCOMPARE(f->tag(2)->tagInfo()->colorIndex(), TagPalette::indexForName("sky"));
 }
 
-void TstLibraryImport::unchangedFilesWriteNothing()
-{
-    const QVector<ImportedFile> files = {picture("/p/a.jpg", {"sea"}), picture("/p/b.jpg", {"sky"}, 1, "hash")};
-    QVERIFY(import(files).succeeded);
-    f->close();
-    QFile file(f->path());
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray before = file.readAll();
-    QVERIFY(f->reopen());
-    QSignalSpy changed(f->library(), &Library::filesChanged);
-    const ImportOutcome outcome = import(files);
-    QCOMPARE(outcome.filesUnchanged, 2);
-    QCOMPARE(outcome.filesChanged, 0);
-    QCOMPARE(changed.count(), 0);
-    f->close();
-    file.seek(0);
-    QCOMPARE(file.readAll(), before);
-    QVERIFY(f->reopen());
-}
-
-void TstLibraryImport::changedFileGetsItsKeywordsAgain()
-{
-    QVERIFY(import({picture("/p/a.jpg", {"sea", "sky"})}).succeeded);
-    const ImportOutcome outcome = import({picture("/p/a.jpg", {"sky", "night"}, 2)});
-    QCOMPARE(outcome.filesChanged, 1);
-    QCOMPARE(outcome.linksAdded, 1);
-    QCOMPARE(outcome.linksRemoved, 1);
-    QCOMPARE(f->tag(1)->fileCount(1), 0);
-    QCOMPARE(f->tag(2)->fileCount(1), 1);
-    QCOMPARE(f->tag(3)->fileCount(1), 1);
-}
-
 void TstLibraryImport::touchedFileKeepsRenamedTags()
 {
     QVERIFY(import({picture("/p/a.jpg", {"sea"}, 1, "hash"), picture("/p/b.jpg", {"sea"}, 1, "hash")}).succeeded);
@@ -161,29 +119,6 @@ void TstLibraryImport::touchedFileKeepsRenamedTags()
     QCOMPARE(f->group(-1)->tagByName("sea")->fileCount(1), 1);
 }
 
-void TstLibraryImport::sidecarIsPartOfTheState()
-{
-    ImportedFile file = picture("/p/a.jpg", {"sea"}, 1, "hash");
-    QVERIFY(import({file}).succeeded);
-    file.state.sidecars = "a.xmp";
-    file.keywords = QVector<QString>{"sea", "sidecar"};
-    QCOMPARE(import({file}).linksAdded, 1);
-    const auto reader = LibraryReader::open(f->path());
-    QCOMPARE(reader->fileStates({"/p/a.jpg", "/p/none.jpg"}).size(), 1);
-    QVERIFY(reader->fileStates({"/p/a.jpg"}).value("/p/a.jpg") == file.state);
-}
-
-void TstLibraryImport::forgottenFilesLeaveTheirTags()
-{
-    QVERIFY(import({picture("/p/a.jpg", {"sea"}), picture("/p/b.jpg", {"sea"})}).succeeded);
-    const ImportOutcome outcome = f->library()->forgetAndWait({"/p/a.jpg", "/p/never.jpg"});
-    QVERIFY(outcome.succeeded);
-    QCOMPARE(outcome.filesRemoved, 1);
-    QCOMPARE(outcome.linksRemoved, 1);
-    QTRY_COMPARE(f->tag(1)->fileCount(1), 1);
-    QCOMPARE(pathsOf(FileQuery::allFiles()), QByteArrayList{"/p/b.jpg"});
-}
-
 void TstLibraryImport::deletedTagLeavesTheFiles()
 {
     QVERIFY(import({picture("/p/a.jpg", {"sea", "sky"})}).succeeded);
@@ -195,18 +130,6 @@ void TstLibraryImport::deletedTagLeavesTheFiles()
     // Its keyword does not come back with a file that did not change.
     QVERIFY(import({picture("/p/a.jpg", {"sea", "sky"})}).succeeded);
     QVERIFY(!f->group(-1)->tagByName("sea"));
-}
-
-void TstLibraryImport::pathsAreBytes()
-{
-    const QByteArray latin1("/p/caf\xe9.jpg");
-    const QByteArray control("/p/a\nb\x01.jpg");
-    const QByteArray utf8("/p/caf\xc3\xa9.jpg");
-    QVERIFY(import({picture(latin1, {"x"}), picture(control, {"x"}), picture(utf8, {"x"})}).succeeded);
-    QVERIFY(f->reopen());
-    QCOMPARE(pathsOf(FileQuery::ofTags({1})), (QByteArrayList{control, utf8, latin1}));
-    const auto reader = LibraryReader::open(f->path());
-    QCOMPARE(reader->fileStates({latin1}).size(), 1);
 }
 
 void TstLibraryImport::queriesForTheFileView()

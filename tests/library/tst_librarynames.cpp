@@ -1,13 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/librarystatus.h"
-#include "host/library/tagname.h"
 #include "tests/library/libraryfixture.h"
-
-#include <itagaction.h>
-#include <itagdataprovider.h>
-#include <itaggroupaction.h>
-#include <itaggroupdataprovider.h>
-#include <itagmanagerdataprovider.h>
 
 #include <QTest>
 
@@ -21,14 +14,9 @@ private slots:
 
     void anyNameSurvives_data();
     void anyNameSurvives();
-    void spelling();
-    void sameNames_data();
     void sameNames();
     void differentNames();
-    void emptyNames_data();
-    void emptyNames();
-    void reservedCategoryNamesAreTaken();
-    void aTagMayBeCalledAsACategory();
+    void refusedNames();
 
 private:
     std::unique_ptr<LibraryFixture> f;
@@ -85,89 +73,59 @@ void TstLibraryNames::anyNameSurvives()
     QCOMPARE(f->tag(1)->name(), name);
 }
 
-void TstLibraryNames::spelling()
-{
-    // The same name typed another way is a change of its spelling.
-    QVERIFY(f->createTags({QStringLiteral("caf\u00e9")}));
-    QCOMPARE(f->statusOf(f->tags()->renameTag(1, QStringLiteral("cafe\u0301"))), 0);
-    QVERIFY(f->reopen());
-    QCOMPARE(f->tag(1)->name(), QStringLiteral("cafe\u0301"));
-    QCOMPARE(f->statusOf(f->tags()->renameTag(1, QStringLiteral("caf\u00e9"))), 0);
-    QVERIFY(f->reopen());
-    QCOMPARE(f->tag(1)->name(), QStringLiteral("caf\u00e9"));
-}
-
-void TstLibraryNames::sameNames_data()
-{
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-    QTest::newRow("equal") << "red"
-                           << "red";
-    QTest::newRow("white space at the ends") << "red"
-                                             << "\t red\u3000\n";
-    QTest::newRow("composed and decomposed") << QStringLiteral("\u00e9t\u00e9") << QStringLiteral("e\u0301te\u0301");
-    QTest::newRow("Hangul syllable and letters") << QStringLiteral("\uac00") << QStringLiteral("\u1100\u1161");
-    QTest::newRow("both spoiled by text") << QString(QChar(0xd800)) << " " + QString(QChar(0xd800));
-}
-
 void TstLibraryNames::sameNames()
 {
-    QFETCH(const QString, first);
-    QFETCH(const QString, second);
-    QVERIFY(f->createTags({first, "other"}));
-    QVERIFY(f->createCategories({first, "other"}));
-    const int taken = int(LibraryStatus::NameTaken);
-    QCOMPARE(f->statusOf(f->tags()->createTags({{"fresh", 0, 0}, {second, 0, 0}})), taken);
-    QCOMPARE(f->statusOf(f->tags()->createTags({{"x", 0, 0}, {"x ", 0, 0}})), taken);
-    QCOMPARE(f->statusOf(f->tags()->renameTag(2, second)), taken);
-    QCOMPARE(f->statusOf(f->categories()->addTagGroup(second)), taken);
-    QCOMPARE(f->statusOf(f->categories()->renameTagGroup(3, second)), taken);
-    QCOMPARE(f->group(-1)->tagByName(second), f->tag(1));
-    QCOMPARE(f->manager()->tagGroupByName(second), f->group(2));
-    QCOMPARE(f->group(-1)->tagCount(1), 2);
-    QCOMPARE(f->shown(), f->stored());
+    const QVector<QStringList> pairs = {
+        {"red", "red"},
+        {"with white space", "\t with white space\u3000\n"},
+        {"composed and decomposed \u00e9t\u00e9", "composed and decomposed e\u0301te\u0301"},
+        {"Hangul syllable and letters \uac00", "Hangul syllable and letters \u1100\u1161"},
+        {"spoiled by text " + QString(QChar(0xd800)), " spoiled by text " + QString(QChar(0xd800))}};
+    QVERIFY(f->createTags({"other"}));
+    QVERIFY(f->createCategories({"other"}));
+    qint64 id = 1;
+    for (const QStringList& names : pairs) {
+        ++id;
+        QVERIFY(f->createTags({names.first()}));
+        QVERIFY(f->createCategories({names.first()}));
+        const QStringList before = f->shown();
+        for (const qint64 request :
+             {f->tags()->createTags({{"fresh", 0, 0}, {names.last(), 0, 0}}), f->tags()->renameTag(1, names.last()),
+              f->categories()->addTagGroup(names.last()), f->categories()->renameTagGroup(2, names.last())})
+            QVERIFY2(f->statusOf(request) == int(LibraryStatus::NameTaken), qPrintable(names.first()));
+        QCOMPARE(f->group(-1)->tagByName(names.last()), f->tag(id));
+        QCOMPARE(f->manager()->tagGroupByName(names.last()), f->group(id + 1));
+        QCOMPARE(f->shown(), before);
+        // Its own name typed another way is a change of its spelling.
+        QCOMPARE(f->statusOf(f->tags()->renameTag(id, names.last())), 0);
+        QVERIFY(f->reopen());
+        QCOMPARE(f->tag(id)->name(), names.last().trimmed());
+        QCOMPARE(f->shown(), f->stored());
+    }
+    QCOMPARE(f->statusOf(f->tags()->createTags({{"x", 0, 0}, {"x ", 0, 0}})), int(LibraryStatus::NameTaken));
 }
 
 void TstLibraryNames::differentNames()
 {
-    QVERIFY(f->createTags({"Red", "red",
-                           QStringLiteral("r\u200b"
-                                          "ed"),
-                           QStringLiteral("\uff52\uff45\uff44")}));
-    QCOMPARE(f->group(-1)->tagCount(1), 4);
+    // A tag may be called as a category.
+    const QStringList names = {"Red", "red", "r\u200bed", "\uff52\uff45\uff44", "Uncategorized"};
+    QVERIFY(f->createCategories(names.mid(0, 4)));
+    QVERIFY(f->createTags(names));
+    QCOMPARE(f->group(-1)->tagCount(1), 5);
 }
 
-void TstLibraryNames::emptyNames_data()
+void TstLibraryNames::refusedNames()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("null") << QString();
-    QTest::newRow("empty") << "";
-    QTest::newRow("white space") << " \t\n\u00a0\u3000";
-}
-
-void TstLibraryNames::emptyNames()
-{
-    QFETCH(const QString, name);
     QVERIFY(f->createTags({"one"}));
     QVERIFY(f->createCategories({"left"}));
-    const int empty = int(LibraryStatus::NameEmpty);
-    QCOMPARE(f->statusOf(f->tags()->createTags({{name, 0, 0}})), empty);
-    QCOMPARE(f->statusOf(f->tags()->renameTag(1, name)), empty);
-    QCOMPARE(f->statusOf(f->categories()->addTagGroup(name)), empty);
-    QCOMPARE(f->statusOf(f->categories()->renameTagGroup(2, name)), empty);
-}
-
-void TstLibraryNames::reservedCategoryNamesAreTaken()
-{
+    for (const QString& name : {QString(), QString(""), QString(" \t\n\u00a0\u3000")}) {
+        for (const qint64 request : {f->tags()->createTags({{name, 0, 0}}), f->tags()->renameTag(1, name),
+                                     f->categories()->addTagGroup(name), f->categories()->renameTagGroup(2, name)})
+            QCOMPARE(f->statusOf(request), int(LibraryStatus::NameEmpty));
+    }
     for (const char* name : {"Favorite Tags", " Uncategorized", "All Tags"})
         QCOMPARE(f->statusOf(f->categories()->addTagGroup(name)), int(LibraryStatus::NameTaken));
     QCOMPARE(f->manager()->tagGroupByName("Favorite Tags"), f->group(1));
-}
-
-void TstLibraryNames::aTagMayBeCalledAsACategory()
-{
-    QVERIFY(f->createCategories({"same"}));
-    QVERIFY(f->createTags({"same", "Uncategorized"}));
 }
 
 QTEST_GUILESS_MAIN(TstLibraryNames)

@@ -8,9 +8,6 @@
 #include "tests/support/gestures.h"
 #include "window/vltagmanagerwidget.h"
 
-#include <itagaction.h>
-#include <itaggroupdataprovider.h>
-
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
