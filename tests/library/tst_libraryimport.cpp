@@ -113,10 +113,13 @@ void TstLibraryImport::touchedFileKeepsRenamedTags()
     QVERIFY(import({touched}).succeeded);
     QCOMPARE(f->tag(1)->fileCount(1), 2);
     QCOMPARE(f->group(-1)->tagCount(1), 1);
-    // A file with other content is filed by its keywords, whatever the tags were renamed to.
+    // A file with other content or another sidecar is filed by its keywords, whatever the tags were renamed to.
     QVERIFY(import({picture("/p/a.jpg", {"sea"}, 3, "other")}).succeeded);
     QCOMPARE(f->tag(1)->fileCount(1), 1);
     QCOMPARE(f->group(-1)->tagByName("sea")->fileCount(1), 1);
+    ImportedFile withSidecar = picture("/p/a.jpg", {"sea", "new"}, 3, "other");
+    withSidecar.state.sidecars = "a.xmp";
+    QCOMPARE(import({withSidecar}).linksAdded, 1);
 }
 
 void TstLibraryImport::deletedTagLeavesTheFiles()
