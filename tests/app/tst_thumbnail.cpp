@@ -16,7 +16,6 @@ class TestThumbnail : public QObject
     Q_OBJECT
 
 private slots:
-    void picturesAreTurnedUpright_data();
     void picturesAreTurnedUpright();
     void sizesAndWhatIsNoPicture();
     void namesMayBeAnyBytes();
@@ -27,33 +26,25 @@ private:
     PictureFolder m_folder;
 };
 
-void TestThumbnail::picturesAreTurnedUpright_data()
-{
-    QTest::addColumn<int>("orientation");
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QPoint>("red");
-    QTest::addColumn<QPoint>("blue");
-
-    QTest::newRow("as stored") << 1 << QSize(64, 32) << QPoint(8, 16) << QPoint(56, 16);
-    QTest::newRow("upside down") << 3 << QSize(64, 32) << QPoint(56, 16) << QPoint(8, 16);
-    QTest::newRow("turned right") << 6 << QSize(32, 64) << QPoint(16, 8) << QPoint(16, 56);
-}
-
 void TestThumbnail::picturesAreTurnedUpright()
 {
-    QFETCH(int, orientation);
-    QFETCH(QSize, size);
-    QFETCH(QPoint, red);
-    QFETCH(QPoint, blue);
-
-    const QByteArray path = m_folder.write("turned.jpg", PictureFolder::jpeg(QSize(640, 320), orientation));
-    ThumbnailCache cache(1'000'000);
-    const Thumbnail thumbnail = cache.thumbnail(path, 64);
-
-    QCOMPARE(thumbnail.state, Thumbnail::Loaded);
-    QCOMPARE(thumbnail.image.size(), size);
-    QVERIFY(thumbnail.image.pixelColor(red).red() > 200);
-    QVERIFY(thumbnail.image.pixelColor(blue).blue() > 200);
+    struct Case
+    {
+        int orientation;
+        QSize size;
+        QPoint red;
+        QPoint blue;
+    };
+    for (const auto& [orientation, size, red, blue] :
+         {Case{1, {64, 32}, {8, 16}, {56, 16}}, Case{3, {64, 32}, {56, 16}, {8, 16}},
+          Case{6, {32, 64}, {16, 8}, {16, 56}}}) {
+        const QByteArray path = m_folder.write("turned.jpg", PictureFolder::jpeg(QSize(640, 320), orientation));
+        const Thumbnail thumbnail = ThumbnailCache(1'000'000).thumbnail(path, 64);
+        QCOMPARE(thumbnail.state, Thumbnail::Loaded);
+        QCOMPARE(thumbnail.image.size(), size);
+        QVERIFY(thumbnail.image.pixelColor(red).red() > 200);
+        QVERIFY(thumbnail.image.pixelColor(blue).blue() > 200);
+    }
 }
 
 void TestThumbnail::sizesAndWhatIsNoPicture()

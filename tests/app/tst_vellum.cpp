@@ -28,7 +28,6 @@ private slots:
     void screenshotFollowsItsOptions();
     void misuseIsRefused_data();
     void misuseIsRefused();
-    void foreignFilesAreLeftAlone();
 
 private:
     [[nodiscard]] Outcome run(const QStringList& arguments) const;
@@ -117,6 +116,10 @@ void TestVellum::misuseIsRefused_data()
     row("no such folder", "/nowhere/at/all", 2, "There is no folder /nowhere/at/all");
     row("no display", "FOLDER", 1, "There is no display");
     row("no such library", "--library HOME/none.vellum", 2, "There is no library");
+    row("list of no library", "--list tags --library HOME/none.vellum", 2, "There is no library");
+    row("list of a picture", "--list tags --library FOLDER/a.png", 1, "The file is no library");
+    row("a picture for a library", "--library FOLDER/a.png --screenshot HOME/x.png", 1, "library cannot be opened");
+    row("import of no folder", "--import /nowhere --library HOME/none.vellum", 2, "/nowhere");
     row("unknown page", "FOLDER --screenshot HOME/x.png --page none", 2, "--page takes");
     row("bad size", "FOLDER --screenshot HOME/x.png --size 10", 2, "--size takes");
     row("unknown option", "--colour", 2, "colour");
@@ -145,20 +148,8 @@ void TestVellum::misuseIsRefused()
     const Outcome outcome = run(arguments);
     QVERIFY2(outcome.status == status, qPrintable(outcome.errors));
     QVERIFY2(outcome.errors.contains(complaint), qPrintable(outcome.errors));
-    QVERIFY(!QFile::exists(home("x.png")));
-}
-
-void TestVellum::foreignFilesAreLeftAlone()
-{
-    const QByteArray content = "No database, but somebody's notes.";
-    m_home->write("notes.vellum", content);
-    const Outcome outcome =
-        run({QStringLiteral("--library"), home("notes.vellum"), QStringLiteral("--screenshot"), home("x.png")});
-    QCOMPARE(outcome.status, 1);
-    QVERIFY2(outcome.errors.contains(QLatin1String("The library cannot be opened")), qPrintable(outcome.errors));
-    QFile notes(home("notes.vellum"));
-    QVERIFY(notes.open(QIODevice::ReadOnly));
-    QCOMPARE(notes.readAll(), content);
+    QVERIFY(!QFile::exists(home("x.png")) && !QFile::exists(home("none.vellum")));
+    QVERIFY(!QImage(QFile::decodeName(m_pictures->path("a.png"))).isNull());
 }
 
 QTEST_GUILESS_MAIN(TestVellum)

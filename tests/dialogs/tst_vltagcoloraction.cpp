@@ -37,7 +37,6 @@ class TestVLTagColorAction : public QObject
 private slots:
     void init();
     void cleanup();
-    void laysOutThePalette();
     void paintsItsThreeStates();
     void isWorkedByKeyboardInsideItsMenu();
 
@@ -53,23 +52,6 @@ void TestVLTagColorAction::init()
 void TestVLTagColorAction::cleanup()
 {
     VLTagManagerSingleton::instance()->setTagColorProvider(nullptr);
-}
-
-void TestVLTagColorAction::laysOutThePalette()
-{
-    VLTagColorAction row;
-    const int n = m_palette.entries.size();
-    row.adjustSize();
-    QCOMPARE(row.width(), 40 + 21 * n + 4 * (n - 1));
-    row.setFixedWidth(row.width() + 50);
-    row.show();
-    const auto swatches = row.findChildren<VLTagColorWidget*>();
-    QCOMPARE(swatches.size(), n);
-    for (int i = 0; i < n; ++i) {
-        QCOMPARE(swatches.at(i)->size(), QSize(21, 21));
-        QCOMPARE(swatches.at(i)->x(), 20 + 25 * i);
-        QCOMPARE(pixelAt(swatches.at(i), 10), QColor(m_palette.entries.at(i).color));
-    }
 }
 
 void TestVLTagColorAction::paintsItsThreeStates()

@@ -3,7 +3,6 @@
 #include "plugin/vltagmanagersingleton.h"
 #include "tests/support/memoryhost.h"
 
-#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -22,9 +21,7 @@ class TestVLTagModifyWidget : public QObject
 private slots:
     void init();
     void cleanup();
-    void looksAsItsModeSays_data();
     void looksAsItsModeSays();
-    void checksNames_data();
     void checksNames();
     void enterConfirmsAgainAndEscapeDoesNothing();
     void survivesItsOwnerGoingFromInsideTheSignal();
@@ -62,89 +59,68 @@ void TestVLTagModifyWidget::cleanup()
     m_host.reset();
 }
 
-void TestVLTagModifyWidget::looksAsItsModeSays_data()
-{
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("button");
-    QTest::newRow("rename tag") << 0 << "Modify Tags"
-                                << "Modify";
-    QTest::newRow("create tag") << 1 << "Create Tags"
-                                << "Create";
-    QTest::newRow("rename category") << 2 << "Modify Tag Categories"
-                                     << "Modify";
-    QTest::newRow("create category") << 3 << "Create Tag Categories"
-                                     << "Create";
-}
-
 void TestVLTagModifyWidget::looksAsItsModeSays()
 {
-    QFETCH(int, mode);
-    QFETCH(QString, title);
-    QFETCH(QString, button);
-    QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(mode, nullptr);
-    dialog->showPopup();
-    QVERIFY(dialog->isModal() && dialog->windowFlags().testFlag(Qt::FramelessWindowHint));
-    QCOMPARE(dialog->size(), QSize(304, 186));
-    QCOMPARE(dialog->findChild<QWidget*>(QStringLiteral("wid_main"))->geometry(), dialog->rect());
-    QCOMPARE(confirmButton(*dialog)->text(), button);
-    QCOMPARE(confirmButton(*dialog)->geometry(), QRect(99, 128, 106, 28));
-    QCOMPARE(dialog->lineEdit()->geometry(), QRect(30, 76, 244, 22));
-    auto* label = dialog->findChild<QLabel*>(QStringLiteral("tag_popup_ttile"));
-    QFont font;
-    font.setPixelSize(16);
-    const int width = QFontMetrics(font).boundingRect(title).width();
-    QCOMPARE(label->text(), title);
-    QCOMPARE(label->geometry(), QRect((304 - width) / 2, 30, width, 16));
-    QVERIFY(!tip(*dialog)->isVisible());
-    QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("title_bar_close_btn")), Qt::LeftButton);
-    QTRY_VERIFY(!dialog);
-}
-
-void TestVLTagModifyWidget::checksNames_data()
-{
-    QTest::addColumn<bool>("group");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expectedTip");
-    const QString empty = QStringLiteral("Please insert a name");
-    const QString taken = QStringLiteral("Name already exists");
-    const QString tooLong = QStringLiteral("20 characters maximum");
-    const QString full(20, QLatin1Char('x'));
-    QTest::newRow("tag: blanks") << false << "  \t " << empty;
-    QTest::newRow("tag: taken") << false << " Zebra " << taken;
-    QTest::newRow("tag: too long") << false << QString(full + QLatin1Char('x')) << tooLong;
-    QTest::newRow("tag: taken comes before too long") << false << kLongTag << taken;
-    QTest::newRow("tag: name of a category") << false << "Animals" << QString();
-    QTest::newRow("tag: full length between blanks")
-        << false << QString(QLatin1Char(' ') + full + QLatin1Char(' ')) << QString();
-    QTest::newRow("category: blanks") << true << "   " << empty;
-    QTest::newRow("category: too long comes before taken") << true << kLongGroup << tooLong;
-    QTest::newRow("category: name of a tag") << true << "Zebra" << QString();
-    QTest::newRow("category: eleven pairs of surrogates")
-        << true << QString::fromUtf8("\U0001F600").repeated(11) << tooLong;
+    const QVector<QPair<QString, QString>> textsByMode = {
+        {QStringLiteral("Modify Tags"), QStringLiteral("Modify")},
+        {QStringLiteral("Create Tags"), QStringLiteral("Create")},
+        {QStringLiteral("Modify Tag Categories"), QStringLiteral("Modify")},
+        {QStringLiteral("Create Tag Categories"), QStringLiteral("Create")}};
+    for (int mode = 0; mode < textsByMode.size(); ++mode) {
+        QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(mode, nullptr);
+        dialog->showPopup();
+        QVERIFY(dialog->isModal());
+        const auto* title = dialog->findChild<QLabel*>(QStringLiteral("tag_popup_ttile"));
+        QCOMPARE(title->text(), textsByMode.at(mode).first);
+        QVERIFY2(qAbs(title->geometry().center().x() - dialog->rect().center().x()) <= 1, "in the middle");
+        QCOMPARE(confirmButton(*dialog)->text(), textsByMode.at(mode).second);
+        QVERIFY(!tip(*dialog)->isVisible());
+        QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("title_bar_close_btn")), Qt::LeftButton);
+        QTRY_VERIFY(!dialog);
+    }
 }
 
 void TestVLTagModifyWidget::checksNames()
 {
-    QFETCH(bool, group);
-    QFETCH(QString, text);
-    QFETCH(QString, expectedTip);
-    const char* const tagSignals[] = {SIGNAL(signRenameTag(QString)), SIGNAL(signCreateTag(QString))};
-    const char* const groupSignals[] = {SIGNAL(signalRenameGroup(QString)), SIGNAL(signcreateGroup(QString))};
-    for (int create = 0; create < 2; ++create) {
-        auto* dialog = new VLTagModifyWidget(group ? 2 + create : create, nullptr);
-        QSignalSpy spy(dialog, group ? groupSignals[create] : tagSignals[create]);
-        dialog->showPopup();
-        dialog->lineEdit()->setText(text);
-        QTest::mouseClick(confirmButton(*dialog), Qt::LeftButton);
-        QCOMPARE(tip(*dialog)->isVisible(), !expectedTip.isEmpty());
-        QCOMPARE(tip(*dialog)->text(), expectedTip);
-        QCOMPARE(spy.count(), expectedTip.isEmpty() ? 1 : 0);
-        if (expectedTip.isEmpty())
-            QCOMPARE(spy.first().first().toString(), text.trimmed());
-        QCOMPARE(confirmButton(*dialog)->isEnabled(), !expectedTip.isEmpty());
-        QVERIFY(dialog->isVisible());
-        dialog->close();
+    const QString empty = QStringLiteral("Please insert a name");
+    const QString taken = QStringLiteral("Name already exists");
+    const QString tooLong = QStringLiteral("20 characters maximum");
+    const QString full(20, QLatin1Char('x'));
+    struct Case
+    {
+        bool isGroup;
+        QString text;
+        QString tip;
+    };
+    const QVector<Case> cases = {{false, QStringLiteral("  \t "), empty},
+                                 {false, QStringLiteral(" Zebra "), taken},
+                                 {false, full + QLatin1Char('x'), tooLong},
+                                 {false, kLongTag, taken},
+                                 {false, QStringLiteral("Animals"), {}},
+                                 {false, QLatin1Char(' ') + full + QLatin1Char(' '), {}},
+                                 {true, QStringLiteral("   "), empty},
+                                 {true, QStringLiteral("Animals"), taken},
+                                 {true, kLongGroup, tooLong},
+                                 {true, QStringLiteral("Zebra"), {}},
+                                 {true, QStringLiteral("\U0001F600").repeated(11), tooLong}};
+    const char* const signalsByMode[] = {SIGNAL(signRenameTag(QString)), SIGNAL(signCreateTag(QString)),
+                                         SIGNAL(signalRenameGroup(QString)), SIGNAL(signcreateGroup(QString))};
+    for (const Case& each : cases) {
+        for (const int mode : {each.isGroup ? 2 : 0, each.isGroup ? 3 : 1}) {
+            auto* dialog = new VLTagModifyWidget(mode, nullptr);
+            QSignalSpy spy(dialog, signalsByMode[mode]);
+            dialog->showPopup();
+            dialog->lineEdit()->setText(each.text);
+            QTest::mouseClick(confirmButton(*dialog), Qt::LeftButton);
+            QVERIFY2(tip(*dialog)->text() == each.tip, qPrintable(each.text));
+            QCOMPARE(tip(*dialog)->isVisible(), !each.tip.isEmpty());
+            QCOMPARE(spy.count(), each.tip.isEmpty() ? 1 : 0);
+            if (each.tip.isEmpty())
+                QCOMPARE(spy.first().first().toString(), each.text.trimmed());
+            QCOMPARE(confirmButton(*dialog)->isEnabled(), !each.tip.isEmpty());
+            QVERIFY(dialog->isVisible());
+            dialog->close();
+        }
     }
 }
 

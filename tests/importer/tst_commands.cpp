@@ -28,14 +28,10 @@ private slots:
     void initTestCase();
     void cleanup() { qunsetenv(harmfulReaderVariable); }
     void importPrintsTotals();
-    void importNamesBadFiles();
-    void importIsInterruptedWithoutHarm_data();
     void importIsInterruptedWithoutHarm();
     void importSurvivesBeingKilled();
     void listsTagsAndFiles();
     void listsAsJson();
-    void misuseIsRefused_data();
-    void misuseIsRefused();
     void defaultLibraryIsThePersonsOwn();
 
 private:
@@ -46,7 +42,12 @@ private:
         QByteArray errors;
     };
 
+    static void start(QProcess& process, const QStringList& arguments);
     static Result run(const QStringList& arguments);
+    [[nodiscard]] Result import(const QByteArray& folder, const QByteArray& library) const
+    {
+        return run({QStringLiteral("--import"), file(folder), QStringLiteral("--library"), file(library)});
+    }
     [[nodiscard]] QByteArray path(const QByteArray& name) const { return m_folder.file(name); }
     [[nodiscard]] QString file(const QByteArray& name) const { return QFile::decodeName(path(name)); }
     Result list(const char* what, const QStringList& more = {}) const
@@ -59,10 +60,15 @@ private:
     TestFolder m_folder;
 };
 
+void TestCommands::start(QProcess& process, const QStringList& arguments)
+{
+    process.start(QCoreApplication::applicationFilePath(), QStringList{QLatin1String(commandArgument)} + arguments);
+}
+
 TestCommands::Result TestCommands::run(const QStringList& arguments)
 {
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), QStringList{QLatin1String(commandArgument)} + arguments);
+    start(process, arguments);
     process.waitForFinished(60000);
     if (process.exitStatus() != QProcess::NormalExit)
         return {};
@@ -80,53 +86,40 @@ void TestCommands::initTestCase()
 void TestCommands::importPrintsTotals()
 {
     for (int i = 0; i < 2; ++i) {
-        const Result result =
-            run({QStringLiteral("--import"), file("pictures"), QStringLiteral("--library"), file("a.db")});
+        const Result result = import("pictures", "a.db");
         QCOMPARE(result.errors, QByteArray());
         QCOMPARE(result.output, QByteArray("files: 2, tags: 3, links: 4, skipped: 0\n"));
         QCOMPARE(result.status, 0);
     }
-}
-
-void TestCommands::importNamesBadFiles()
-{
     QVERIFY(QDir().mkpath(file("bad")));
     writeFile(path("bad/\033[31m.jpg"), "no picture");
-    const Result result = run({QStringLiteral("--import"), file("bad"), QStringLiteral("--library"), file("bad.db")});
+    const Result result = import("bad", "bad.db");
     QVERIFY2(result.errors.contains("/bad/\\x1b[31m.jpg: "), result.errors);
     QCOMPARE(result.output, QByteArray("files: 0, tags: 0, links: 0, skipped: 1\n"));
     QCOMPARE(result.status, 0);
 }
 
-void TestCommands::importIsInterruptedWithoutHarm_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::newRow("interrupt key") << SIGINT;
-    QTest::newRow("terminate") << SIGTERM;
-}
-
 void TestCommands::importIsInterruptedWithoutHarm()
 {
-    QFETCH(int, signal);
-    qputenv(harmfulReaderVariable, "1");
-    const QString library = file("interrupted" + QByteArray::number(signal) + ".db");
     QVERIFY(QDir().mkpath(file("long")));
     writePicture(path("long/a.jpg"), {QStringLiteral("tag")});
     writeFile(path("long/b.jpg"), "no picture");
     writePicture(path("long/c hang.jpg"), {QStringLiteral("tag")});
-    QProcess process;
-    process.start(QCoreApplication::applicationFilePath(), {QLatin1String(commandArgument), QStringLiteral("--import"),
-                                                            file("long"), QStringLiteral("--library"), library});
-    // The bad file is named once the files before it are read; the next one is never answered.
-    process.setReadChannel(QProcess::StandardError);
-    QTRY_VERIFY_WITH_TIMEOUT(process.canReadLine(), 30000);
-    kill(pid_t(process.processId()), signal);
-    QVERIFY(process.waitForFinished(30000));
-    QCOMPARE(process.exitCode(), 130);
-    QCOMPARE(process.readAllStandardOutput(), QByteArray("files: 1, tags: 1, links: 1, skipped: 1\n"));
-    qunsetenv(harmfulReaderVariable);
-    const Result result = run({QStringLiteral("--import"), file("long"), QStringLiteral("--library"), library});
-    QCOMPARE(result.output, QByteArray("files: 2, tags: 1, links: 2, skipped: 1\n"));
+    for (const int signal : {SIGINT, SIGTERM}) {
+        const QByteArray library = "interrupted" + QByteArray::number(signal) + ".db";
+        qputenv(harmfulReaderVariable, "1");
+        QProcess process;
+        start(process, {QStringLiteral("--import"), file("long"), QStringLiteral("--library"), file(library)});
+        // The bad file is named once the files before it are read; the next one is never answered.
+        process.setReadChannel(QProcess::StandardError);
+        QTRY_VERIFY_WITH_TIMEOUT(process.canReadLine(), 30000);
+        kill(pid_t(process.processId()), signal);
+        QVERIFY(process.waitForFinished(30000));
+        QCOMPARE(process.exitCode(), 130);
+        QCOMPARE(process.readAllStandardOutput(), QByteArray("files: 1, tags: 1, links: 1, skipped: 1\n"));
+        qunsetenv(harmfulReaderVariable);
+        QCOMPARE(import("long", library).output, QByteArray("files: 2, tags: 1, links: 2, skipped: 1\n"));
+    }
 }
 
 void TestCommands::importSurvivesBeingKilled()
@@ -136,17 +129,15 @@ void TestCommands::importSurvivesBeingKilled()
         writeSidecar(path("many/" + QByteArray::number(i) + ".xmp"), {QString::number(i % 90), QString::number(i)});
     for (int i = 0; i < 700; ++i)
         writeFile(path("many/" + QByteArray::number(i) + ".svg"), "<svg/>");
-    const QStringList arguments = {QStringLiteral("--import"), file("many"), QStringLiteral("--library"),
-                                   file("killed.db")};
     QRandomGenerator random(7);
     for (int round = 0; round < 8; ++round) {
         QProcess process;
-        process.start(QCoreApplication::applicationFilePath(), QStringList{QLatin1String(commandArgument)} + arguments);
+        start(process, {QStringLiteral("--import"), file("many"), QStringLiteral("--library"), file("killed.db")});
         process.waitForFinished(random.bounded(20, 250));
         process.kill();
         process.waitForFinished();
     }
-    QCOMPARE(run(arguments).output, QByteArray("files: 700, tags: 700, links: 1310, skipped: 0\n"));
+    QCOMPARE(import("many", "killed.db").output, QByteArray("files: 700, tags: 700, links: 1310, skipped: 0\n"));
     QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
     database.setDatabaseName(file("killed.db"));
     QVERIFY(database.open());
@@ -191,28 +182,6 @@ void TestCommands::listsAsJson()
     const QString exact = files.last().toObject().value(QLatin1String("pathBase64")).toString();
     QVERIFY(QByteArray::fromBase64(exact.toLatin1()).endsWith("b\xff.jpg"));
     QVERIFY(QJsonDocument::fromJson(list("categories", json).output).isArray());
-}
-
-void TestCommands::misuseIsRefused_data()
-{
-    QTest::addColumn<QStringList>("command");
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<int>("status");
-    const QStringList listTags = {QStringLiteral("--list"), QStringLiteral("tags")};
-    QTest::newRow("no such folder") << QStringList{QStringLiteral("--import"), file("nowhere")} << file("none.db") << 2;
-    QTest::newRow("no such library") << listTags << file("none.db") << 2;
-    QTest::newRow("no library") << listTags << file("text.db") << 1;
-}
-
-void TestCommands::misuseIsRefused()
-{
-    QFETCH(QStringList, command);
-    QFETCH(QString, library);
-    writeFile(path("text.db"), "this is no library, but some text that is long enough to be one");
-    const Result result = run(command + QStringList{QStringLiteral("--library"), library});
-    QTEST(result.status, "status");
-    QVERIFY(!result.errors.isEmpty() && result.output.isEmpty());
-    QVERIFY(!QFile::exists(file("none.db")));
 }
 
 void TestCommands::defaultLibraryIsThePersonsOwn()

@@ -38,16 +38,6 @@ QString shownNames(const CTagGroupShowWidgt& list)
     return names.join(QLatin1Char(' '));
 }
 
-QString selectedNames(const CTagGroupShowWidgt& list)
-{
-    QStringList names;
-    for (int row = 0; row < list.count(); ++row) {
-        if (tileAt(list, row)->isSelected())
-            names << shownText(tileAt(list, row), QStringLiteral("tag_group_name_label"));
-    }
-    return names.join(QLatin1Char(' '));
-}
-
 }  // namespace
 
 class TestTagGroup : public QObject
@@ -59,7 +49,6 @@ private slots:
     void cleanup();
 
     void fillingInBulkLooksLikeFillingOneByOne();
-    void renamedTileMoves();
     void removedTileIsSilentAtOnce();
     void removalFromInsideTheTilesOwnSignals();
     void namesWrapToTwoLines();
@@ -125,27 +114,6 @@ void TestTagGroup::fillingInBulkLooksLikeFillingOneByOne()
     QCOMPARE(single.grab().toImage(), bulk.grab().toImage());
     for (int row = 0; row + 1 < bulk.count(); ++row)
         QCOMPARE(tileAt(single, row)->groupId(), tileAt(bulk, row)->groupId());
-}
-
-void TestTagGroup::renamedTileMoves()
-{
-    QTest::mouseClick(tile(QStringLiteral("b")), Qt::LeftButton);
-    QSignalSpy closed(m_list.get(), &CTagGroupShowWidgt::signalClosePopup);
-    QSignalSpy news(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
-    m_host->renameGroup(2, QStringLiteral("0"));
-    QCOMPARE(shownNames(*m_list), QStringLiteral("0 A a +"));
-    QCOMPARE(selectedNames(*m_list), QStringLiteral("0"));
-    QCOMPARE(closed.count(), 1);
-    QCOMPARE(news.count(), 1);
-    QCOMPARE(news.at(0).at(0).toLongLong(), 2LL);
-    QCOMPARE(tileAt(*m_list, 0)->size(), QSize(78, 78));
-    m_host->renameGroup(2, QStringLiteral("z"));
-    QCOMPARE(shownNames(*m_list), QStringLiteral("A a z +"));
-    m_host->renameGroup(4, QStringLiteral("A"));
-    QCOMPARE(shownNames(*m_list), QStringLiteral("A A z +"));
-    QTRY_COMPARE(m_list->visualItemRect(m_list->item(2)).topLeft(), tile(QStringLiteral("z"))->pos());
-    QVERIFY(m_list->removeGroup(2));
-    QCOMPARE(shownNames(*m_list), QStringLiteral("A A +"));
 }
 
 void TestTagGroup::removedTileIsSilentAtOnce()

@@ -30,15 +30,12 @@ private slots:
     void init();
     void cleanup();
 
-    void clickedCategoryIsShown();
-    void headerFollowsTheSelectedCategory();
-    void menuEntriesFitTheCategory();
+    void filesOfACategory();
     void categoryIsCreated();
     void categoryIsRenamed();
     void categoryIsDeletedAfterConfirmation();
     void tagIsFiledIntoACategory();
     void newsIsSpreadOnce();
-    void hostRemovesTheSelectedCategory();
     void longNamesDoNotWidenTheWindow();
     void createButtonOpensTheTagDialog();
 
@@ -87,45 +84,8 @@ bool TestVLGroupTagWidget::isLogged(const QString& line)
     return m_lines.contains(line);
 }
 
-void TestVLGroupTagWidget::clickedCategoryIsShown()
+void TestVLGroupTagWidget::filesOfACategory()
 {
-    const QStringList rest{QStringLiteral("B: banana")};
-    QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0"));
-    QCOMPARE(header(), QStringLiteral("Uncategorized(1)"));
-    QCOMPARE(gestures::shownChips(m_page), rest);
-    m_user->clickTile(m_user->tile(QStringLiteral("Art")));
-    QCOMPARE(tiles(), QStringLiteral("Uncategorized 1 [Art 1] Books 0"));
-    QCOMPARE(header(), QStringLiteral("Art(1)"));
-    QCOMPARE(gestures::shownChips(m_page), QStringList{QStringLiteral("A: apple")});
-    m_user->clickTile(m_user->tile({}));
-    QCOMPARE(gestures::shownChips(m_page), rest);
-}
-
-void TestVLGroupTagWidget::headerFollowsTheSelectedCategory()
-{
-    m_host->addTag(QStringLiteral("cherry"));
-    QCOMPARE(header(), QStringLiteral("Uncategorized(2)"));
-    m_host->renameGroup(2, QStringLiteral("Crafts"));
-    QCOMPARE(header(), QStringLiteral("Uncategorized(2)"));
-    m_user->clickTile(m_user->tile(QStringLiteral("Crafts")));
-    m_host->renameGroup(2, QStringLiteral("A & <i>B</i>"));
-    QCOMPARE(header(), QStringLiteral("A & <i>B</i>(1)"));
-    m_host->removeTags({1});
-    QCOMPARE(header(), QStringLiteral("A & <i>B</i>(0)"));
-}
-
-void TestVLGroupTagWidget::menuEntriesFitTheCategory()
-{
-    const QVector<QPair<QString, QString>> entriesByName = {
-        {QString(), QStringLiteral("View Related Files|-|(Rename Category)|(Delete Category)")},
-        {QStringLiteral("Books"), QStringLiteral("(View Related Files)|-|Rename Category|Delete Category")},
-        {QStringLiteral("Art"), QStringLiteral("View Related Files|-|Rename Category|Delete Category")}};
-    for (const auto& [name, entries] : entriesByName) {
-        QMenu* menu = m_user->openGroupMenu(name);
-        QVERIFY(menu);
-        QCOMPARE(WindowUser::entries(menu), entries);
-        QTest::keyClick(menu, Qt::Key_Escape);
-    }
     QSignalSpy files(m_user->window(), &IVLTagManagerWidget::signalCheckoutGroupFile);
     choose(QStringLiteral("Art"), QStringLiteral("View Related Files"));
     QCOMPARE(files.count(), 1);
@@ -216,25 +176,14 @@ void TestVLGroupTagWidget::newsIsSpreadOnce()
     m_page->addGroups({4, 4, 999, -1000, 5});
     QCOMPARE(added.count(), 2);
     QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0 x 0 y 0"));
+    QSignalSpy updated(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
+    m_host->renameGroup(4, QStringLiteral("z"));
+    QCOMPARE(updated.count(), 1);
+    QCOMPARE(updated.at(0).at(0).toLongLong(), 4LL);
     m_host->removeGroups({4, 5});
     QCOMPARE(removed.count(), 2);
     m_page->removeGroups({4, 999});
     QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0"));
-}
-
-void TestVLGroupTagWidget::hostRemovesTheSelectedCategory()
-{
-    QMenu* menu = m_user->openGroupMenu(QStringLiteral("Art"));
-    m_host->removeGroup(2);
-    QCOMPARE(tiles(), QStringLiteral("[Uncategorized 2] Books 0"));
-    QCOMPARE(header(), QStringLiteral("Uncategorized(2)"));
-    QCOMPARE(gestures::shownChips(m_page), (QStringList{QStringLiteral("A: apple"), QStringLiteral("B: banana")}));
-    WindowUser::choose(menu, QStringLiteral("Delete Category"));
-    QVERIFY(!m_user->box());
-
-    m_user->clickTile(m_user->tile({}));
-    m_host->removeGroup(3);
-    QCOMPARE(tiles(), QStringLiteral("[Uncategorized 2]"));
 }
 
 void TestVLGroupTagWidget::longNamesDoNotWidenTheWindow()

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "tests/support/contrast.h"
+
 #include <vlskinsetting.h>
 
 #include <QDir>
@@ -8,8 +10,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <cmath>
-
 namespace {
 
 const QString builtInFolder = QStringLiteral(":/vellum/skin");
@@ -17,24 +17,6 @@ const QString builtInFolder = QStringLiteral(":/vellum/skin");
 VLSkinSetting* skin()
 {
     return VLSkinSetting::GetInstance();
-}
-
-double linear(double channel)
-{
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-// Relative luminance and contrast as WCAG 2.1 defines them.
-double luminance(const QColor& color)
-{
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b)
-{
-    const double la = luminance(a);
-    const double lb = luminance(b);
-    return (qMax(la, lb) + 0.05) / (qMin(la, lb) + 0.05);
 }
 
 bool writeFile(const QString& path, const QByteArray& content)
@@ -91,7 +73,6 @@ class TestSkin : public QObject
 private slots:
     void cleanup();
     void textIsReadable();
-    void imagesRender_data();
     void imagesRender();
     void styleSheetsParse();
     void unknownNamesChangeNothing();
@@ -127,32 +108,26 @@ void TestSkin::textIsReadable()
     QVERIFY(contrast(skin()->GetTreeScrollHandleColor(), window) >= 3.0);
 }
 
-void TestSkin::imagesRender_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("search_icon_normel.svg") << QSize(12, 12);
-    QTest::newRow("list_labeling_select.svg") << QSize(16, 20);
-    QTest::newRow("label_usually_icon.svg") << QSize(16, 20);
-    QTest::newRow("label_sort_icon.svg") << QSize(16, 16);
-    QTest::newRow("mainbody_close.svg") << QSize(16, 16);
-    QTest::newRow("nav_logo.svg") << QSize(16, 16);
-    QTest::newRow("vellum.svg") << QSize(64, 64);
-    for (const char* state : {"normal", "hover"}) {
-        // The minimise button leaves four pixels between its paddings.
-        QTest::addRow("title_window_minisize_%s.svg", state) << QSize(14, 4);
-        QTest::addRow("title_window_maxsize_%s.svg", state) << QSize(14, 14);
-        QTest::addRow("title_window_restore_%s.svg", state) << QSize(14, 14);
-        QTest::addRow("title_window_close_%s.svg", state) << QSize(14, 14);
-    }
-}
-
 void TestSkin::imagesRender()
 {
-    QFETCH(QSize, size);
-    const QString name = QString::fromLatin1(QTest::currentDataTag());
-    QImageReader reader(skin()->GetResourceAbsolutePath(name));
-    QCOMPARE(reader.size(), size);
-    QVERIFY(paintedColors(skin()->GetResourcePath(name)) > 1);
+    QMap<QString, QSize> sizes = {{"search_icon_normel.svg", {12, 12}},
+                                  {"list_labeling_select.svg", {16, 20}},
+                                  {"label_usually_icon.svg", {16, 20}},
+                                  {"label_sort_icon.svg", {16, 16}},
+                                  {"mainbody_close.svg", {16, 16}},
+                                  {"nav_logo.svg", {16, 16}},
+                                  {"vellum.svg", {64, 64}}};
+    for (const char* const state : {"normal", "hover"}) {
+        for (const char* const button : {"minisize", "maxsize", "restore", "close"})
+            sizes.insert(QStringLiteral("title_window_%1_%2.svg").arg(button, state), {14, 14});
+        // Its button leaves four pixels between its paddings.
+        sizes[QStringLiteral("title_window_minisize_%1.svg").arg(state)] = {14, 4};
+    }
+    for (auto image = sizes.cbegin(); image != sizes.cend(); ++image) {
+        QVERIFY2(QImageReader(skin()->GetResourceAbsolutePath(image.key())).size() == image.value(),
+                 qPrintable(image.key()));
+        QVERIFY2(paintedColors(skin()->GetResourcePath(image.key())) > 1, qPrintable(image.key()));
+    }
 }
 
 void TestSkin::styleSheetsParse()

@@ -15,22 +15,16 @@ QString argb(const QColor& color)
 }
 
 /// Written out whole: programs outside compare these texts.
-QString restingStyle(const QString& alignment)
+QString style(const QString& alignment, bool isFocused)
 {
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
-    return QStringLiteral("font-size:12px;font-family:\"Microsoft YaHei\";border-radius:4px;"
-                          "background-color:rgba(42,44,56,255);border:1px;solid;border-color:") +
-           argb(skin->GetPopupWinBorderColor()) + QStringLiteral(";qproperty-alignment:") + alignment +
-           QStringLiteral(";color:") + argb(skin->GetTextColor(1)) + QStringLiteral(";");
-}
-
-QString focusedStyle(const QString& alignment)
-{
-    return QStringLiteral("font-size:12px;font-family:\"Microsoft YaHei\";border-radius:4px;"
-                          "background-color:rgba(31,32,45,255);border:1px solid;"
-                          "border-color:rgba(172, 178, 198,255);qproperty-alignment:") +
-           alignment + QStringLiteral(";color:") + argb(VLSkinSetting::GetInstance()->GetTextColor(1)) +
-           QStringLiteral(";");
+    const QString state = isFocused
+                              ? QStringLiteral("31,32,45,255);border:1px solid;border-color:rgba(172, 178, 198,255)")
+                              : QString(QStringLiteral("42,44,56,255);border:1px;solid;border-color:") +
+                                        argb(skin->GetPopupWinBorderColor()));
+    return QStringLiteral("font-size:12px;font-family:\"Microsoft YaHei\";border-radius:4px;background-color:rgba(") +
+           state + QStringLiteral(";qproperty-alignment:") + alignment + QStringLiteral(";color:") +
+           argb(skin->GetTextColor(1)) + QStringLiteral(";");
 }
 
 }  // namespace
@@ -55,16 +49,16 @@ void TestLineEdit::restylesWithTheFocus()
     const QString padding = QStringLiteral("padding-left: 28px;");
     const QString center = QStringLiteral("AlignHCenter");
     const QString left = QStringLiteral("AlignLeft");
-    QCOMPARE(plain->styleSheet(), restingStyle(center));
-    QCOMPARE(search->styleSheet(), padding + restingStyle(left));
+    QCOMPARE(plain->styleSheet(), style(center, false));
+    QCOMPARE(search->styleSheet(), padding + style(left, false));
 
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
     QTest::mouseClick(search, Qt::LeftButton);
-    QCOMPARE(search->styleSheet(), padding + focusedStyle(left));
+    QCOMPARE(search->styleSheet(), padding + style(left, true));
     QTest::mouseClick(plain, Qt::LeftButton);
-    QCOMPARE(search->styleSheet(), padding + restingStyle(left));
-    QCOMPARE(plain->styleSheet(), focusedStyle(center));
+    QCOMPARE(search->styleSheet(), padding + style(left, false));
+    QCOMPARE(plain->styleSheet(), style(center, true));
     QCOMPARE(plain->alignment(), Qt::AlignHCenter);
     QCOMPARE(search->alignment(), Qt::AlignLeft);
     QCOMPARE(plain->contextMenuPolicy(), Qt::NoContextMenu);

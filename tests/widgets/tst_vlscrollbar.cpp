@@ -53,7 +53,6 @@ private slots:
     void fadesInAndOut();
     void widensUnderThePointer();
     void survivesTheArea();
-    void diesInTheMiddleOfAnimations();
 };
 
 void TestScrollBar::barAndAreaMoveEachOther()
@@ -126,19 +125,6 @@ void TestScrollBar::survivesTheArea()
     bar->place();
     QTRY_COMPARE(qobject_cast<QGraphicsOpacityEffect*>(bar->graphicsEffect())->opacity(), 0.6);
     QCOMPARE(bar->maximum(), 60);
-}
-
-void TestScrollBar::diesInTheMiddleOfAnimations()
-{
-    OverlaidArea overlaid(1000);
-    QTRY_COMPARE(overlaid.bar->maximum(), 800);
-    send(&overlaid.area, QEvent::Enter);
-    send(overlaid.bar, QEvent::Enter);
-    send(&overlaid.area, QEvent::Leave);
-    delete overlaid.bar;
-    overlaid.area.verticalScrollBar()->setValue(10);
-    send(&overlaid.area, QEvent::Enter);
-    QVERIFY(!overlaid.bar);
 }
 
 QTEST_MAIN(TestScrollBar)
