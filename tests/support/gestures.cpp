@@ -64,14 +64,6 @@ QStringList gestures::shownChips(const QWidget* root)
     return lines;
 }
 
-bool gestures::clickChip(const QWidget* root, const QString& name)
-{
-    const ChipPlace chip = findChip(root, name);
-    if (chip.view)
-        QTest::mouseClick(chip.view->viewport(), Qt::LeftButton, Qt::NoModifier, reach(chip));
-    return chip.view;
-}
-
 bool gestures::rightClickChip(const QWidget* root, const QString& name)
 {
     const ChipPlace chip = findChip(root, name);

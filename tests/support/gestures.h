@@ -25,7 +25,6 @@ ChipPlace findChip(const QWidget* root, const QString& name);
 QStringList shownChips(const QWidget* root);
 
 /// Each scrolls to the chip and acts on its centre; false when there is no such chip.
-bool clickChip(const QWidget* root, const QString& name);
 bool rightClickChip(const QWidget* root, const QString& name);
 bool doubleClickChip(const QWidget* root, const QString& name);
 

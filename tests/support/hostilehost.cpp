@@ -30,11 +30,7 @@ public:
     }
 
 private:
-    qint64 sent(qint64 requestId)
-    {
-        m_mind->enter("tag request");
-        return requestId;
-    }
+    qint64 sent(qint64 requestId) { return m_mind->tell("tag request", requestId); }
 
     HostileMindPointer m_mind;
     QSharedPointer<ITagAction> m_truth;
@@ -58,11 +54,7 @@ public:
     }
 
 private:
-    qint64 sent(qint64 requestId)
-    {
-        m_mind->enter("group request");
-        return requestId;
-    }
+    qint64 sent(qint64 requestId) { return m_mind->tell("group request", requestId); }
 
     HostileMindPointer m_mind;
     QSharedPointer<ITagGroupAction> m_truth;
@@ -81,20 +73,17 @@ public:
 
     QSharedPointer<ITagAction> tagAction() const override
     {
-        m_mind->enter("tagAction");
-        return m_mind->lie == HostLie::NullActions ? nullptr : m_tagAction;
+        return m_mind->tellUnless(HostLie::NullActions, "tagAction", m_tagAction);
     }
 
     QSharedPointer<ITagGroupAction> tagGroupAction() const override
     {
-        m_mind->enter("tagGroupAction");
-        return m_mind->lie == HostLie::NullActions ? nullptr : m_groupAction;
+        return m_mind->tellUnless(HostLie::NullActions, "tagGroupAction", m_groupAction);
     }
 
     QSharedPointer<ITagManagerDataProvider> tagManagerDataProvider() const override
     {
-        m_mind->enter("tagManagerDataProvider");
-        return m_mind->lie == HostLie::NullManager ? nullptr : m_manager;
+        return m_mind->tellUnless(HostLie::NullManager, "tagManagerDataProvider", m_manager);
     }
 
 private:

@@ -24,13 +24,6 @@ QSharedPointer<Provider> wrapped(QHash<const QObject*, QWeakPointer<Hostile>>& k
 
 }  // namespace
 
-void HostileMind::enter(const char* operation)
-{
-    ++calls;
-    if (inside)
-        inside(operation);
-}
-
 int HostileMind::count(int truth) const
 {
     switch (lie) {
@@ -58,27 +51,6 @@ QSharedPointer<ITagDataProvider> HostileTag::of(const HostileMindPointer& mind,
     return wrapped(mind->tags, mind, truth);
 }
 
-int HostileTag::fileCount(int flag) const
-{
-    const int count = m_mind->count(m_truth->fileCount(flag));
-    m_mind->enter("fileCount");
-    return count;
-}
-
-QString HostileTag::name() const
-{
-    const QString name = m_truth->name();
-    m_mind->enter("name");
-    return m_mind->lie == HostLie::NamesAtOdds ? QStringLiteral("zz ") + name : name;
-}
-
-QSharedPointer<const ITagInfo> HostileTag::tagInfo() const
-{
-    const auto info = m_truth->tagInfo();
-    m_mind->enter("tagInfo");
-    return m_mind->lie == HostLie::NullRecords ? nullptr : info;
-}
-
 HostileGroup::HostileGroup(HostileMindPointer mind, QSharedPointer<ITagGroupDataProvider> truth)
     : m_mind(std::move(mind))
     , m_truth(std::move(truth))
@@ -94,41 +66,11 @@ QSharedPointer<ITagGroupDataProvider> HostileGroup::of(const HostileMindPointer&
     return wrapped(mind->groups, mind, truth);
 }
 
-int HostileGroup::tagCount(int flag) const
-{
-    const int count = m_mind->count(m_truth->tagCount(flag));
-    m_mind->enter("tagCount");
-    return count;
-}
-
-QString HostileGroup::groupName() const
-{
-    QString name = m_truth->groupName();
-    m_mind->enter("groupName");
-    return name;
-}
-
-QSharedPointer<const ITagGroupInfo> HostileGroup::groupInfo() const
-{
-    const auto info = m_truth->groupInfo();
-    m_mind->enter("groupInfo");
-    return m_mind->lie == HostLie::NullRecords ? nullptr : info;
-}
-
-qint64 HostileGroup::groupId() const
-{
-    const qint64 id = m_truth->groupId();
-    m_mind->enter("groupId");
-    return id;
-}
-
 int HostileGroup::tags(TagHash* out) const
 {
     TagHash truth;
     m_truth->tags(&truth);
-    const int count = tell(truth, out);
-    m_mind->enter("tags");
-    return count;
+    return m_mind->tell("tags", tell(truth, out));
 }
 
 int HostileGroup::tagsByIds(const QVector<qint64>& ids, TagHash* out) const
@@ -138,16 +80,7 @@ int HostileGroup::tagsByIds(const QVector<qint64>& ids, TagHash* out) const
         m_truth->tags(&truth);
     else if (m_mind->lie != HostLie::NullLookUps)
         m_truth->tagsByIds(ids, &truth);
-    const int count = tell(truth, out);
-    m_mind->enter("tagsByIds");
-    return count;
-}
-
-QSharedPointer<ITagDataProvider> HostileGroup::tagByName(const QString& name) const
-{
-    const auto tag = HostileTag::of(m_mind, m_truth->tagByName(name));
-    m_mind->enter("tagByName");
-    return m_mind->lie == HostLie::NullLookUps ? nullptr : tag;
+    return m_mind->tell("tagsByIds", tell(truth, out));
 }
 
 int HostileGroup::tell(const TagHash& truth, TagHash* out) const
@@ -179,20 +112,6 @@ HostileManager::HostileManager(HostileMindPointer mind, QSharedPointer<ITagManag
             &ITagManagerDataProvider::signalRemoveTagGroups);
 }
 
-QSharedPointer<ITagGroupDataProvider> HostileManager::tagGroup(qint64 g_id) const
-{
-    const auto group = HostileGroup::of(m_mind, m_truth->tagGroup(g_id));
-    m_mind->enter("tagGroup");
-    return m_mind->lie == HostLie::NullLookUps ? nullptr : group;
-}
-
-QSharedPointer<ITagGroupDataProvider> HostileManager::tagGroupByName(const QString& name) const
-{
-    const auto group = HostileGroup::of(m_mind, m_truth->tagGroupByName(name));
-    m_mind->enter("tagGroupByName");
-    return m_mind->lie == HostLie::NullLookUps ? nullptr : group;
-}
-
 int HostileManager::tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out) const
 {
     QVector<QSharedPointer<ITagGroupDataProvider>> truth;
@@ -201,6 +120,5 @@ int HostileManager::tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& ou
         out.append(HostileGroup::of(m_mind, group));
     if (m_mind->lie == HostLie::NullsInLists)
         out.insert(0, nullptr);
-    m_mind->enter("tagGroups");
-    return m_mind->count(out.size());
+    return m_mind->tell("tagGroups", m_mind->count(out.size()));
 }

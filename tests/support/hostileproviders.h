@@ -37,11 +37,23 @@ struct HostileMind
 {
     InsideCall inside;
     HostLie lie = HostLie::None;
-    int calls = 0;
     QHash<const QObject*, QWeakPointer<HostileTag>> tags;
     QHash<const QObject*, QWeakPointer<HostileGroup>> groups;
 
-    void enter(const char* operation);
+    /// Lets the test at work and answers \a told, whose maker may be gone by then.
+    template <typename Told>
+    Told tell(const char* operation, Told told) const
+    {
+        if (inside)
+            inside(operation);
+        return told;
+    }
+    /// The pointer, or null when the lie is \a lieAboutIt.
+    template <typename Told>
+    Told tellUnless(HostLie lieAboutIt, const char* operation, Told told) const
+    {
+        return tell(operation, lie == lieAboutIt ? Told() : told);
+    }
     int count(int truth) const;
 };
 
@@ -56,9 +68,18 @@ public:
     static QSharedPointer<ITagDataProvider> of(const HostileMindPointer& mind,
                                                const QSharedPointer<ITagDataProvider>& truth);
 
-    int fileCount(int flag) const override;
-    QString name() const override;
-    QSharedPointer<const ITagInfo> tagInfo() const override;
+    int fileCount(int flag) const override
+    {
+        return m_mind->tell("fileCount", m_mind->count(m_truth->fileCount(flag)));
+    }
+    QString name() const override
+    {
+        return m_mind->tell<QString>("name", (m_mind->lie == HostLie::NamesAtOdds ? "zz " : "") + m_truth->name());
+    }
+    QSharedPointer<const ITagInfo> tagInfo() const override
+    {
+        return m_mind->tellUnless(HostLie::NullRecords, "tagInfo", m_truth->tagInfo());
+    }
 
 private:
     HostileMindPointer m_mind;
@@ -73,13 +94,19 @@ public:
     static QSharedPointer<ITagGroupDataProvider> of(const HostileMindPointer& mind,
                                                     const QSharedPointer<ITagGroupDataProvider>& truth);
 
-    int tagCount(int flag) const override;
-    QString groupName() const override;
-    QSharedPointer<const ITagGroupInfo> groupInfo() const override;
-    qint64 groupId() const override;
+    int tagCount(int flag) const override { return m_mind->tell("tagCount", m_mind->count(m_truth->tagCount(flag))); }
+    QString groupName() const override { return m_mind->tell("groupName", m_truth->groupName()); }
+    QSharedPointer<const ITagGroupInfo> groupInfo() const override
+    {
+        return m_mind->tellUnless(HostLie::NullRecords, "groupInfo", m_truth->groupInfo());
+    }
+    qint64 groupId() const override { return m_mind->tell("groupId", m_truth->groupId()); }
     int tags(TagHash* out) const override;
     int tagsByIds(const QVector<qint64>& ids, TagHash* out) const override;
-    QSharedPointer<ITagDataProvider> tagByName(const QString& name) const override;
+    QSharedPointer<ITagDataProvider> tagByName(const QString& name) const override
+    {
+        return m_mind->tellUnless(HostLie::NullLookUps, "tagByName", HostileTag::of(m_mind, m_truth->tagByName(name)));
+    }
 
 private:
     int tell(const TagHash& truth, TagHash* out) const;
@@ -94,8 +121,15 @@ class HostileManager final : public ITagManagerDataProvider
 public:
     HostileManager(HostileMindPointer mind, QSharedPointer<ITagManagerDataProvider> truth);
 
-    QSharedPointer<ITagGroupDataProvider> tagGroup(qint64 g_id) const override;
-    QSharedPointer<ITagGroupDataProvider> tagGroupByName(const QString& name) const override;
+    QSharedPointer<ITagGroupDataProvider> tagGroup(qint64 g_id) const override
+    {
+        return m_mind->tellUnless(HostLie::NullLookUps, "tagGroup", HostileGroup::of(m_mind, m_truth->tagGroup(g_id)));
+    }
+    QSharedPointer<ITagGroupDataProvider> tagGroupByName(const QString& name) const override
+    {
+        return m_mind->tellUnless(HostLie::NullLookUps, "tagGroupByName",
+                                  HostileGroup::of(m_mind, m_truth->tagGroupByName(name)));
+    }
     int tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out) const override;
 
 private:

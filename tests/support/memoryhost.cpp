@@ -37,36 +37,6 @@ MemoryHost::MemoryHost(const QStringList& tagNames)
 
 MemoryHost::~MemoryHost() = default;
 
-QSharedPointer<ILibraryDataProvider> MemoryHost::library() const
-{
-    return m_library;
-}
-
-MemoryLibrary* MemoryHost::memoryLibrary() const
-{
-    return m_library.data();
-}
-
-MemoryManager* MemoryHost::manager() const
-{
-    return m_library->manager.data();
-}
-
-MemoryPalette* MemoryHost::palette()
-{
-    return &m_palette;
-}
-
-QSharedPointer<MemoryGroup> MemoryHost::group(qint64 groupId) const
-{
-    return manager()->groups.value(groupId);
-}
-
-QSharedPointer<MemoryTag> MemoryHost::tag(qint64 tagId) const
-{
-    return m_tags.value(tagId);
-}
-
 qint64 MemoryHost::tagId(const QString& name) const
 {
     const auto found =
@@ -152,11 +122,6 @@ void MemoryHost::setFavorite(qint64 tagId, bool favorite)
         group(Favorites)->leave({tagId});
 }
 
-qint64 MemoryHost::addGroup(const QString& name)
-{
-    return addGroups({name}).first();
-}
-
 QVector<qint64> MemoryHost::addGroups(const QStringList& names)
 {
     QVector<qint64> ids;
@@ -172,11 +137,6 @@ void MemoryHost::renameGroup(qint64 groupId, const QString& name)
 {
     if (const auto renamed = group(groupId))
         renamed->setName(name);
-}
-
-void MemoryHost::removeGroup(qint64 groupId)
-{
-    removeGroups({groupId});
 }
 
 void MemoryHost::removeGroups(const QVector<qint64>& groupIds)

@@ -47,15 +47,15 @@ public:
     explicit MemoryHost(const QStringList& tagNames);
     ~MemoryHost() override;
 
-    QSharedPointer<ILibraryDataProvider> library() const;
+    QSharedPointer<ILibraryDataProvider> library() const { return m_library; }
     /// For tests that take parts of the library away.
-    MemoryLibrary* memoryLibrary() const;
-    MemoryManager* manager() const;
-    MemoryPalette* palette();
+    MemoryLibrary* memoryLibrary() const { return m_library.data(); }
+    MemoryManager* manager() const { return m_library->manager.data(); }
+    MemoryPalette* palette() { return &m_palette; }
     /// Null for an unknown id.
-    QSharedPointer<MemoryGroup> group(qint64 groupId) const;
+    QSharedPointer<MemoryGroup> group(qint64 groupId) const { return manager()->groups.value(groupId); }
     /// Null for an unknown id.
-    QSharedPointer<MemoryTag> tag(qint64 tagId) const;
+    QSharedPointer<MemoryTag> tag(qint64 tagId) const { return m_tags.value(tagId); }
     /// 0 when there is none.
     qint64 tagId(const QString& name) const;
     QVector<qint64> groupsOf(qint64 tagId) const;
@@ -69,20 +69,20 @@ public:
     void removeTags(const QVector<qint64>& tagIds);
     void setFavorite(qint64 tagId, bool favorite);
 
-    qint64 addGroup(const QString& name);
+    qint64 addGroup(const QString& name) { return addGroups({name}).first(); }
     QVector<qint64> addGroups(const QStringList& names);
     void renameGroup(qint64 groupId, const QString& name);
-    void removeGroup(qint64 groupId);
+    void removeGroup(qint64 groupId) { removeGroups({groupId}); }
     void removeGroups(const QVector<qint64>& groupIds);
     void addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds);
     void removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds);
 
-    void setAnswers(Answers answers);
+    void setAnswers(Answers answers) { m_answers = answers; }
     /// Later requests change nothing and get an answer with this status and message; status 0 ends that.
     void refuseWith(int status, const QString& message);
-    const QVector<MemoryRequest>& requests() const;
+    const QVector<MemoryRequest>& requests() const { return m_requests; }
     QStringList requestTexts() const;
-    void clearRequests();
+    void clearRequests() { m_requests.clear(); }
     /// Changes the library as the request asks, with the data signals, without an answer.
     void carryOut(const MemoryRequest& request);
     /// Sends an answer from the action object of \a request; null is an answer, too. May be sent repeatedly.

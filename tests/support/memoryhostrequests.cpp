@@ -3,19 +3,9 @@
 
 #include <algorithm>
 
-void MemoryHost::setAnswers(Answers answers)
-{
-    m_answers = answers;
-}
-
 void MemoryHost::refuseWith(int status, const QString& message)
 {
     m_refusal = status != 0 ? response(status, message) : nullptr;
-}
-
-const QVector<MemoryRequest>& MemoryHost::requests() const
-{
-    return m_requests;
 }
 
 QStringList MemoryHost::requestTexts() const
@@ -24,11 +14,6 @@ QStringList MemoryHost::requestTexts() const
     for (const MemoryRequest& request : m_requests)
         texts.append(request.text());
     return texts;
-}
-
-void MemoryHost::clearRequests()
-{
-    m_requests.clear();
 }
 
 QSharedPointer<MemoryResponse> MemoryHost::response(int status, const QString& message)

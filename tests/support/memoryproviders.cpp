@@ -11,21 +11,6 @@ MemoryTag::MemoryTag(qint64 id, const QString& name, int colorIndex, int fileCou
 {
 }
 
-int MemoryTag::fileCount(int) const
-{
-    return m_fileCount;
-}
-
-QString MemoryTag::name() const
-{
-    return m_info ? m_info->name() : QString();
-}
-
-QSharedPointer<const ITagInfo> MemoryTag::tagInfo() const
-{
-    return m_info;
-}
-
 void MemoryTag::setName(const QString& name)
 {
     if (m_info)
@@ -46,36 +31,11 @@ void MemoryTag::setFileCount(int fileCount)
     emit signalUpdated();
 }
 
-void MemoryTag::dropRecord()
-{
-    m_info.reset();
-}
-
 MemoryGroup::MemoryGroup(qint64 id, const QString& name)
     : m_id(id)
     , m_info(QSharedPointer<MemoryGroupInfo>::create(id, name))
     , m_name(name)
 {
-}
-
-int MemoryGroup::tagCount(int) const
-{
-    return m_tags.size();
-}
-
-QString MemoryGroup::groupName() const
-{
-    return m_name;
-}
-
-QSharedPointer<const ITagGroupInfo> MemoryGroup::groupInfo() const
-{
-    return m_info;
-}
-
-qint64 MemoryGroup::groupId() const
-{
-    return m_id;
 }
 
 int MemoryGroup::tags(TagHash* out) const
@@ -100,11 +60,6 @@ QSharedPointer<ITagDataProvider> MemoryGroup::tagByName(const QString& name) con
     const auto found =
         std::find_if(m_tags.cbegin(), m_tags.cend(), [&](const auto& tag) { return tag->name() == name; });
     return found == m_tags.cend() ? nullptr : *found;
-}
-
-bool MemoryGroup::contains(qint64 tagId) const
-{
-    return m_tags.contains(tagId);
 }
 
 QVector<qint64> MemoryGroup::tagIds() const
@@ -151,21 +106,6 @@ void MemoryGroup::setName(const QString& name)
     emit signalUpdated();
 }
 
-void MemoryGroup::dropRecord()
-{
-    m_info.reset();
-}
-
-int MemoryGroup::reads() const
-{
-    return m_reads;
-}
-
-QSharedPointer<ITagGroupDataProvider> MemoryManager::tagGroup(qint64 g_id) const
-{
-    return groups.value(g_id);
-}
-
 QSharedPointer<ITagGroupDataProvider> MemoryManager::tagGroupByName(const QString& name) const
 {
     const auto found =
@@ -177,19 +117,4 @@ int MemoryManager::tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out
 {
     std::copy(groups.upperBound(1), groups.cend(), std::back_inserter(out));
     return out.size();
-}
-
-QSharedPointer<ITagAction> MemoryLibrary::tagAction() const
-{
-    return tagActionObject;
-}
-
-QSharedPointer<ITagGroupAction> MemoryLibrary::tagGroupAction() const
-{
-    return groupActionObject;
-}
-
-QSharedPointer<ITagManagerDataProvider> MemoryLibrary::tagManagerDataProvider() const
-{
-    return manager;
 }

@@ -20,16 +20,16 @@ class MemoryTag final : public ITagDataProvider
 public:
     MemoryTag(qint64 id, const QString& name, int colorIndex, int fileCount);
 
-    int fileCount(int flag) const override;
-    QString name() const override;
+    int fileCount(int /*flag*/) const override { return m_fileCount; }
+    QString name() const override { return m_info ? m_info->name() : QString(); }
     /// Null once the tag was removed.
-    QSharedPointer<const ITagInfo> tagInfo() const override;
+    QSharedPointer<const ITagInfo> tagInfo() const override { return m_info; }
 
     void setName(const QString& name);
     void setColorIndex(int colorIndex);
     void setFileCount(int fileCount);
     /// The record becomes null, without a signal.
-    void dropRecord();
+    void dropRecord() { m_info.reset(); }
 
 private:
     QSharedPointer<const ITagInfo> m_info;
@@ -42,25 +42,25 @@ class MemoryGroup final : public ITagGroupDataProvider
 public:
     MemoryGroup(qint64 id, const QString& name);
 
-    int tagCount(int flag) const override;
-    QString groupName() const override;
+    int tagCount(int /*flag*/) const override { return m_tags.size(); }
+    QString groupName() const override { return m_name; }
     /// Null once the category was removed.
-    QSharedPointer<const ITagGroupInfo> groupInfo() const override;
-    qint64 groupId() const override;
+    QSharedPointer<const ITagGroupInfo> groupInfo() const override { return m_info; }
+    qint64 groupId() const override { return m_id; }
     int tags(TagHash* out) const override;
     int tagsByIds(const QVector<qint64>& ids, TagHash* out) const override;
     QSharedPointer<ITagDataProvider> tagByName(const QString& name) const override;
 
-    bool contains(qint64 tagId) const;
+    bool contains(qint64 tagId) const { return m_tags.contains(tagId); }
     QVector<qint64> tagIds() const;
     /// Tags that are held already are left out; nothing new sends nothing.
     void join(const TagHash& tags);
     /// Ids that are not held are left out; nothing gone sends nothing.
     void leave(const QVector<qint64>& tagIds);
     void setName(const QString& name);
-    void dropRecord();
+    void dropRecord() { m_info.reset(); }
     /// How often tags() was asked, to tell a reload from an update.
-    int reads() const;
+    int reads() const { return m_reads; }
 
 private:
     qint64 m_id;
@@ -74,7 +74,7 @@ private:
 class MemoryManager final : public ITagManagerDataProvider
 {
 public:
-    QSharedPointer<ITagGroupDataProvider> tagGroup(qint64 g_id) const override;
+    QSharedPointer<ITagGroupDataProvider> tagGroup(qint64 g_id) const override { return groups.value(g_id); }
     QSharedPointer<ITagGroupDataProvider> tagGroupByName(const QString& name) const override;
     int tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out) const override;
 
@@ -85,9 +85,9 @@ public:
 class MemoryLibrary final : public ILibraryDataProvider
 {
 public:
-    QSharedPointer<ITagAction> tagAction() const override;
-    QSharedPointer<ITagGroupAction> tagGroupAction() const override;
-    QSharedPointer<ITagManagerDataProvider> tagManagerDataProvider() const override;
+    QSharedPointer<ITagAction> tagAction() const override { return tagActionObject; }
+    QSharedPointer<ITagGroupAction> tagGroupAction() const override { return groupActionObject; }
+    QSharedPointer<ITagManagerDataProvider> tagManagerDataProvider() const override { return manager; }
 
     QSharedPointer<ITagAction> tagActionObject;
     QSharedPointer<ITagGroupAction> groupActionObject;
