@@ -36,11 +36,13 @@ class Session:
     def __init__(self, display, program, home):
         self.display, self.program = display, program
         self.library, self.pictures = home / "library.vellum", home / "pictures"
+        self.home = home
+        self.vellum = None
         self.expected = None  # The picture that the screen was last compared with.
-        self.open("--size", "1100x700")
 
     def open(self, *options):
-        self.vellum = Vellum(self.display, self.program, self.library, self.pictures, *options)
+        self.vellum = Vellum(self.display, self.program, self.library, "--library", self.library, self.pictures,
+                             *options)
         self.vellum.corner()
 
     # Helpers
@@ -75,7 +77,24 @@ class Session:
 
     # Steps, in the order in which the person takes them
 
+    def is_asked_for_a_folder(self):
+        self.vellum = Vellum(self.display, self.program, None)
+        self.display.key("Escape")
+        log = self.vellum.process.communicate(timeout=30)[1]
+        assert self.vellum.process.returncode == 2 and "Name a folder of pictures" in log, log
+
+        self.vellum = vellum = Vellum(self.display, self.program, None)
+        question = vellum.window
+        self.display.write(str(self.pictures))
+        self.display.key("Return")
+        wait_until(lambda: vellum.windows() not in ([], [question]), "the window after the question")
+        vellum.window = next(window for window in vellum.windows() if window != question)
+        vellum.library = min((self.home / "data" / "vellum" / "libraries").iterdir())
+        wait_until(lambda: vellum.listed("tags"), "the import of the folder")
+        vellum.close_and_wait()
+
     def opens_on_all_tags(self):
+        self.open("--size", "1100x700")
         wait_until(lambda: len(self.vellum.listed("tags")) > 100, "the import of the samples")
         wait_until(lambda: self.vellum.first_chip(self.vellum.area(*LIST)), "chips on the page")
         page, _ = self.vellum.shown_page()
@@ -282,9 +301,9 @@ class Session:
         for word in ("QObject::connect", "QSqlDatabase", "QPainter", "Negative sizes", "failed"):
             assert word not in log, f"the log complains:\n{log}"
 
-    STEPS = (opens_on_all_tags, searches, looks_at_files, renames, recolours, makes_a_favourite, creates_a_category,
-             drags_a_tag_into_it, files_a_tag_by_menu, deletes_after_a_second_thought, walks_through_the_pages, resizes,
-             maximises_and_restores, minimises_and_returns, closes_and_reopens, leaves)
+    STEPS = (is_asked_for_a_folder, opens_on_all_tags, searches, looks_at_files, renames, recolours, makes_a_favourite,
+             creates_a_category, drags_a_tag_into_it, files_a_tag_by_menu, deletes_after_a_second_thought,
+             walks_through_the_pages, resizes, maximises_and_restores, minimises_and_returns, closes_and_reopens, leaves)
 
 
 def main():
@@ -306,7 +325,7 @@ def main():
                 print(f"The screen is in {folder / 'failure.png'}", flush=True)
                 raise
             finally:
-                if session.vellum.process.poll() is None:
+                if session.vellum and session.vellum.process.poll() is None:
                     session.vellum.process.kill()
                     print(session.vellum.process.communicate()[1], flush=True)
 

@@ -16,12 +16,12 @@ PAGE_BUTTON_STEP = 116
 
 
 class Vellum:
-    """One run of the program, with a library file and a folder of pictures."""
+    """One run of the program on a library file."""
 
-    def __init__(self, display, program, library, folder, *options):
+    def __init__(self, display, program, library, *arguments):
         self.display, self.program, self.library = display, program, library
-        self.process = subprocess.Popen([program, "--library", library, folder, *options], env=display.environment,
-                                        stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True)
+        self.process = subprocess.Popen([program, *arguments], env=display.environment, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.PIPE, text=True)
         self.window = wait_until(lambda: next(iter(self.windows()), None), "the window to open")
 
     # What others see of the library.
