@@ -242,21 +242,27 @@ QStringList LibraryFixture::storedIn(const QString& path)
     return lines;
 }
 
-QString LibraryFixture::integrity(const QString& path)
+QStringList LibraryFixture::rowsOf(const QString& path, const QStringList& queries)
 {
-    const QString connection = QStringLiteral("integrity");
-    QString result = QStringLiteral("not opened");
+    const QString connection = QStringLiteral("rows");
+    QStringList lines;
     {
         QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connection);
         database.setDatabaseName(path);
-        if (database.open()) {
-            QSqlQuery query(QStringLiteral("PRAGMA integrity_check"), database);
-            result = query.next() ? query.value(0).toString() : QStringLiteral("no answer");
-            QSqlQuery foreignKeys(QStringLiteral("PRAGMA foreign_key_check"), database);
-            if (foreignKeys.next())
-                result += QStringLiteral(", foreign keys broken");
+        database.open();
+        for (const QString& sql : queries) {
+            QSqlQuery query(database);
+            if (!query.exec(sql))
+                lines.append("failed: " + sql);
+            while (query.next())
+                lines.append(query.value(0).toString());
         }
     }
     QSqlDatabase::removeDatabase(connection);
-    return result;
+    return lines;
+}
+
+QString LibraryFixture::integrity(const QString& path)
+{
+    return rowsOf(path, {"PRAGMA integrity_check", "PRAGMA foreign_key_check"}).join(QStringLiteral(", "));
 }

@@ -63,6 +63,8 @@ public:
     [[nodiscard]] QStringList shown() const;
     /// The same as it is stored, read past the library's memory.
     [[nodiscard]] QStringList stored() const;
+    /// What another program reads in a database: the first column, one line for each row of each query.
+    [[nodiscard]] static QStringList rowsOf(const QString& path, const QStringList& queries);
     /// Result of "PRAGMA integrity_check" and "PRAGMA foreign_key_check" in one line; "ok" when all is well.
     [[nodiscard]] static QString integrity(const QString& path);
     /// The content of a library file as text, in the form of shown().

@@ -1,37 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "host/library/librarydatabase.h"
 #include "host/library/librarystatus.h"
 #include "tests/library/diskfault.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QFile>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTest>
 
 namespace {
-
-/// Another program that holds the library locked while it lives.
-class Lock
-{
-public:
-    explicit Lock(const QString& path)
-        : m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("lock")))
-    {
-        m_database.setDatabaseName(path);
-        m_database.open();
-        m_database.exec(QStringLiteral("BEGIN IMMEDIATE"));
-    }
-    ~Lock()
-    {
-        m_database.exec(QStringLiteral("ROLLBACK"));
-        m_database = QSqlDatabase();
-        QSqlDatabase::removeDatabase(QStringLiteral("lock"));
-    }
-    Q_DISABLE_COPY(Lock)
-
-private:
-    QSqlDatabase m_database;
-};
 
 QVector<ImportedFile> manyPictures()
 {
@@ -136,7 +112,8 @@ void TstLibraryFailures::listsFailAsAWhole()
 
 void TstLibraryFailures::lockedByAnotherProgram()
 {
-    const Lock lock(f->path());
+    LibraryDatabase otherProgram(f->path(), LibraryDatabase::Access::ReadWrite);
+    otherProgram.execute("BEGIN IMMEDIATE");
     // The GUI thread stays free meanwhile.
     const qint64 request = f->tags()->renameTag(1, "x");
     const auto answer = f->answerTo(request);

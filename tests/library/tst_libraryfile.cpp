@@ -7,8 +7,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTest>
 
 #include <sys/stat.h>
@@ -25,20 +23,6 @@ bool write(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-/// Runs statements as another program would.
-void execute(const QString& path, const QStringList& statements)
-{
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "other");
-        database.setDatabaseName(path);
-        QVERIFY(database.open());
-        QSqlQuery query(database);
-        for (const QString& sql : statements)
-            QVERIFY2(query.exec(sql), qPrintable(sql));
-    }
-    QSqlDatabase::removeDatabase("other");
 }
 
 }  // namespace
@@ -111,7 +95,7 @@ void TstLibraryFile::refusedFilesStayAsTheyAre()
     const QTemporaryDir folder;
     const QString path = folder.filePath("file");
     QVERIFY(write(path, content));
-    execute(path, statements);
+    QCOMPARE(LibraryFixture::rowsOf(path, statements), QStringList());
     const QByteArray before = bytesOf(path);
     QString error;
     QVERIFY(!Library::open(path, &error));

@@ -9,31 +9,9 @@
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QTest>
 
 namespace {
-
-/// What another program reads in a database, one line for each row of each query.
-QStringList rowsOf(const QString& path, const QStringList& queries)
-{
-    QStringList lines;
-    {
-        QSqlDatabase database = QSqlDatabase::addDatabase("QSQLITE", "rows");
-        database.setDatabaseName(path);
-        database.open();
-        for (const QString& sql : queries) {
-            QSqlQuery query(database);
-            if (!query.exec(sql))
-                lines.append("failed: " + sql);
-            while (query.next())
-                lines.append(query.value(0).toString());
-        }
-    }
-    QSqlDatabase::removeDatabase("rows");
-    return lines;
-}
 
 bool execute(const QString& path, const QByteArray& script)
 {
@@ -41,7 +19,7 @@ bool execute(const QString& path, const QByteArray& script)
     lines.erase(std::remove_if(lines.begin(), lines.end(), [](const QByteArray& l) { return l.startsWith("--"); }),
                 lines.end());
     const QStringList statements = QString::fromUtf8(lines.join('\n')).split(";\n", Qt::SkipEmptyParts);
-    return rowsOf(path, statements).filter("failed: ").isEmpty();
+    return LibraryFixture::rowsOf(path, statements).filter("failed: ").isEmpty();
 }
 
 bool makeVersion1(const QString& path)
@@ -63,18 +41,18 @@ bool multiply(const QString& path)
 
 int versionOf(const QString& path)
 {
-    return rowsOf(path, {"PRAGMA user_version"}).value(0).toInt();
+    return LibraryFixture::rowsOf(path, {"PRAGMA user_version"}).value(0).toInt();
 }
 
 /// The rows that every version keeps.
 QByteArray contentOf(const QString& path)
 {
-    const QStringList rows =
-        rowsOf(path, {"SELECT id || hex(name) || ifnull(hex(spelling), '-') || color FROM tags ORDER BY id",
-                      "SELECT id || hex(name) || ifnull(hex(spelling), '-') FROM categories ORDER BY id",
-                      "SELECT category_id || '.' || tag_id FROM tag_categories ORDER BY category_id, tag_id",
-                      "SELECT id || hex(path) || size || modified || ifnull(hex(sidecars), '-') FROM files ORDER BY id",
-                      "SELECT tag_id || '.' || file_id FROM file_tags ORDER BY tag_id, file_id"});
+    const QStringList rows = LibraryFixture::rowsOf(
+        path, {"SELECT id || hex(name) || ifnull(hex(spelling), '-') || color FROM tags ORDER BY id",
+               "SELECT id || hex(name) || ifnull(hex(spelling), '-') FROM categories ORDER BY id",
+               "SELECT category_id || '.' || tag_id FROM tag_categories ORDER BY category_id, tag_id",
+               "SELECT id || hex(path) || size || modified || ifnull(hex(sidecars), '-') FROM files ORDER BY id",
+               "SELECT tag_id || '.' || file_id FROM file_tags ORDER BY tag_id, file_id"});
     return QCryptographicHash::hash(rows.join('\n').toUtf8(), QCryptographicHash::Sha1);
 }
 
@@ -114,7 +92,7 @@ void TstLibraryMigration::version1IsOpened()
     QVERIFY(f.createTags({"new"}));
     QVERIFY(f.tag(10));
     const QString schema = "SELECT sql FROM sqlite_master WHERE sql IS NOT NULL ORDER BY name";
-    QCOMPARE(rowsOf(path, {schema}), rowsOf(LibraryFixture().path(), {schema}));
+    QCOMPARE(LibraryFixture::rowsOf(path, {schema}), LibraryFixture::rowsOf(LibraryFixture().path(), {schema}));
 }
 
 void TstLibraryMigration::killedAtAnyMoment()
@@ -153,7 +131,7 @@ void TstLibraryMigration::killedAtAnyMoment()
         QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
         QCOMPARE(contentOf(path), content);
         const QString tags = " " + QString::number(5906);
-        QCOMPARE(rowsOf(path, {"SELECT version || ' ' || tags FROM history"}),
+        QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT version || ' ' || tags FROM history"}),
                  (QStringList{"2" + tags, "3" + tags, "4" + tags}));
         QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
     }
