@@ -30,7 +30,7 @@ void TestThumbnail::picturesAreTurnedUpright()
 {
     struct Case
     {
-        int orientation;
+        int orientation = 1;
         QSize size;
         QPoint red;
         QPoint blue;
