@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/installedhost.h"
+#include "tests/support/messagecatcher.h"
 #include "tests/support/windowuser.h"
 
 #include <QMenu>
+#include <QPixmap>
 #include <QTest>
 
 /// The life of windows from the first to the last, with something of everything in between: short enough for valgrind,
@@ -35,6 +37,12 @@ void useEveryPage(WindowUser& user, InstalledHost& host)
     user.enterName(QStringLiteral("Aardvark"));
     QTRY_VERIFY(host.tagId(QStringLiteral("Aardvark")) != 0);
     QTRY_VERIFY(!user.dialog());
+    user.clickCreateTag();
+    user.enterName(QStringLiteral("Yak"));
+    QTRY_VERIFY(!user.dialog());
+    QVERIFY(WindowUser::choose(user.openTagMenu(QStringLiteral("Yak")), QStringLiteral("Delete Tag")));
+    user.answerBox(true);
+    QTRY_VERIFY(host.tagId(QStringLiteral("Yak")) == 0);
 
     user.selectPage(WindowUser::Categories);
     user.clickTile(user.tile(QStringLiteral("Animals")));
@@ -44,12 +52,14 @@ void useEveryPage(WindowUser& user, InstalledHost& host)
     user.selectPage(WindowUser::Favorites);
     host.setFavorite(host.tagId(QStringLiteral("Aardvark")), true);
     QVERIFY(user.chips().join(QLatin1Char('\n')).startsWith(QLatin1String("A: Aardvark 0")));
+    QVERIFY(!user.window()->grab().isNull());
 }
 
 }  // namespace
 
 void TestLifecycle::windowsComeAndGo()
 {
+    const MessageCatcher log;
     InstalledHost host(manyNames());
     const qint64 group = host.addGroup(QStringLiteral("Animals"));
     const qint64 zebra = host.tagId(QStringLiteral("Zebra"));
@@ -66,6 +76,7 @@ void TestLifecycle::windowsComeAndGo()
         settle();
         QCOMPARE(second.counter(), QStringLiteral("(64)"));
     }
+    QCOMPARE(log.problems(), QStringList());
 }
 
 QTEST_MAIN(TestLifecycle)

@@ -84,7 +84,6 @@ private slots:
     void createTagOpensTheDialogAndEndsTheSearch();
     void overlayBarShowsOnlyWhatCanScroll();
     void rebuildKeepsContentAndPosition();
-    void emptyPageIsSafe();
     void emptyPageSaysWhatToDo();
 };
 
@@ -145,21 +144,6 @@ void TestAllTagWidget::rebuildKeepsContentAndPosition()
     QTRY_COMPARE(scroll->maximum(), range);
     QCOMPARE(scroll->value(), 250);
     QTRY_COMPARE(gestures::shownChips(open.page), shown);
-}
-
-void TestAllTagWidget::emptyPageIsSafe()
-{
-    for (const bool initialised : {false, true}) {
-        VLAllTagWidget page(0, nullptr);
-        if (initialised)
-            page.initialise({});
-        page.show();
-        page.findChild<QLineEdit*>()->setText(QStringLiteral("text"));
-        page.slotSetOriScrollValue(10);
-        page.rebuild();
-        QCoreApplication::sendPostedEvents(&page);
-        QCOMPARE(gestures::shownChips(&page), QStringList());
-    }
 }
 
 void TestAllTagWidget::emptyPageSaysWhatToDo()

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/support/hostilehost.h"
+#include "tests/support/messagecatcher.h"
 #include "tests/support/windowuser.h"
 
 #include <memory>
@@ -22,6 +23,7 @@ struct HostileSession
 
     static const QVector<NamedStep>& steps();
 
+    MessageCatcher log;
     HostileHost host;
     std::unique_ptr<WindowUser> user;
 };

@@ -4,7 +4,6 @@
 #include "taglist/vltaggrouplistview.h"
 #include "tests/robust/hostilesession.h"
 #include "tests/support/gestures.h"
-#include "tests/support/messagecatcher.h"
 
 #include <QMap>
 #include <QtTest>
@@ -167,20 +166,16 @@ class TestHostileCalls : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { m_log = std::make_unique<MessageCatcher>(); }
-    void cleanup() { m_log.reset(); }
     void initTestCase();
     void deedsInsideCalls_data();
     void deedsInsideCalls();
 
 private:
-    std::unique_ptr<MessageCatcher> m_log;
     QVector<int> m_calls;
 };
 
 void TestHostileCalls::initTestCase()
 {
-    const MessageCatcher log;
     m_calls = tellingCalls();
     QVERIFY(m_calls.size() > 50);
 }

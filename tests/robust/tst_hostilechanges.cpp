@@ -8,7 +8,6 @@
 #include "tests/robust/hostilesession.h"
 #include "tests/support/chipdrag.h"
 #include "tests/support/gestures.h"
-#include "tests/support/messagecatcher.h"
 
 #include <QMenu>
 #include <QPointer>
@@ -74,8 +73,6 @@ class TestHostileChanges : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { m_log = std::make_unique<MessageCatcher>(); }
-    void cleanup() { m_log.reset(); }
     void underATagMenu_data() { addChangeRows(); }
     void underATagMenu();
     void underACategoryMenu_data() { addChangeRows(); }
@@ -86,9 +83,6 @@ private slots:
     void underADrag();
     void underAnAnimation_data() { addChangeRows(); }
     void underAnAnimation();
-
-private:
-    std::unique_ptr<MessageCatcher> m_log;
 };
 
 void TestHostileChanges::underATagMenu()

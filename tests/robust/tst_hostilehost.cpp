@@ -4,7 +4,6 @@
 #include "taglist/vltaggrouplistview.h"
 #include "tests/robust/hostilesession.h"
 #include "tests/support/gestures.h"
-#include "tests/support/messagecatcher.h"
 
 #include <vleventtrack.h>
 
@@ -46,11 +45,8 @@ class TestHostileHost : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { m_log = std::make_unique<MessageCatcher>(); }
-    void cleanup() { m_log.reset(); }
     void crookedAnswers_data();
     void crookedAnswers();
-    void liesFromTheMiddleOn();
     void windowGoesInsideItsOwnSignals_data();
     void windowGoesInsideItsOwnSignals();
     void windowGoesInsideTracking();
@@ -59,54 +55,37 @@ private slots:
     void tagsWhoseProviderIsGone();
     void twoWindowsAndOneGoes();
     void rootObjectGoesFirst();
-
-private:
-    std::unique_ptr<MessageCatcher> m_log;
 };
 
 void TestHostileHost::crookedAnswers_data()
 {
     QTest::addColumn<HostLie>("lie");
-    QTest::newRow("counts of zero") << HostLie::CountsOfZero;
-    QTest::newRow("counts too high") << HostLie::CountsTooHigh;
-    QTest::newRow("counts below zero") << HostLie::CountsBelowZero;
-    QTest::newRow("nulls in lists") << HostLie::NullsInLists;
-    QTest::newRow("null records") << HostLie::NullRecords;
-    QTest::newRow("nothing found") << HostLie::NullLookUps;
-    QTest::newRow("no actions") << HostLie::NullActions;
-    QTest::newRow("no manager") << HostLie::NullManager;
-    QTest::newRow("wrong keys") << HostLie::WrongKeys;
-    QTest::newRow("everything always") << HostLie::EverythingAlways;
-    QTest::newRow("names at odds") << HostLie::NamesAtOdds;
+    for (int lie = int(HostLie::None) + 1; lie <= int(HostLie::NamesAtOdds); ++lie)
+        QTest::addRow("lie %d", lie) << HostLie(lie);
 }
 
 void TestHostileHost::crookedAnswers()
 {
     QFETCH(const HostLie, lie);
-    HostileSession session;
-    session.host.setLie(lie);
-    session.host.install();
-    playAll(session);
-    QVERIFY(session.user->window());
-    // Each tag stands in one place at most, whatever was said of it.
-    session.user->selectPage(WindowUser::AllTags);
-    QStringList names;
-    for (const QString& line : gestures::shownChips(session.user->list()))
-        names += line.mid(line.indexOf(QLatin1Char(':')) + 2).split(QStringLiteral(", "));
-    QCOMPARE(names.removeDuplicates(), 0);
-}
-
-void TestHostileHost::liesFromTheMiddleOn()
-{
-    for (int lie = 0; lie <= int(HostLie::NamesAtOdds); ++lie) {
+    for (const bool isAlwaysToldSo : {true, false}) {
         HostileSession session;
+        session.host.setLie(lie);
+        session.host.install();
         int step = 0;
         for (const auto& each : HostileSession::steps()) {
-            session.host.setLie(step++ % 2 == 0 ? HostLie::None : HostLie(lie));
+            session.host.setLie(isAlwaysToldSo || step++ % 2 != 0 ? lie : HostLie::None);
             each.run(session);
             settle();
         }
         QVERIFY(session.user->window());
+        if (!isAlwaysToldSo)
+            continue;
+        // Each tag stands in one place at most, whatever was said of it.
+        session.user->selectPage(WindowUser::AllTags);
+        QStringList names;
+        for (const QString& line : gestures::shownChips(session.user->list()))
+            names += line.mid(line.indexOf(QLatin1Char(':')) + 2).split(QStringLiteral(", "));
+        QCOMPARE(names.removeDuplicates(), 0);
     }
 }
 
@@ -176,7 +155,7 @@ void TestHostileHost::strangeResults()
         session.user->closeWindow();
     }
     QCOMPARE(shown.isEmpty(), false);
-    QVERIFY(m_log->take().join('\n').contains("failed. Message: \"no\""));
+    QVERIFY(session.log.take().join('\n').contains("failed. Message: \"no\""));
 }
 
 void TestHostileHost::resultsFromAnotherThread()

@@ -17,20 +17,10 @@ namespace {
 
 /// How many connections each signal of the host's objects has, which is what a window leaves behind if it leaves
 /// anything.
-class Connections : public MemoryHost
+class Connections : public InstalledHost
 {
 public:
-    explicit Connections(const QStringList& names)
-        : MemoryHost(names)
-    {
-        VLTagManagerSingleton::instance()->setDataProvider(library());
-        VLTagManagerSingleton::instance()->setTagColorProvider(palette());
-    }
-    ~Connections() override
-    {
-        VLTagManagerSingleton::instance()->clear();
-        VLTagManagerSingleton::instance()->setTagColorProvider(nullptr);
-    }
+    using InstalledHost::InstalledHost;
 
     /// To the signals of the data providers.
     int toData() const

@@ -5,7 +5,7 @@
 #include "tests/support/memoryhost.h"
 
 /// A host in memory that the shared state uses while this object lives.
-class InstalledHost final : public MemoryHost
+class InstalledHost : public MemoryHost
 {
 public:
     explicit InstalledHost(const QStringList& tagNames = {})
