@@ -133,6 +133,11 @@ void TstLibraryImport::deletedTagLeavesTheFiles()
     // Its keyword does not come back with a file that did not change.
     QVERIFY(import({picture("/p/a.jpg", {"sea", "sky"})}).succeeded);
     QVERIFY(!f->group(-1)->tagByName("sea"));
+    // The tags stay when the file is forgotten.
+    const ImportOutcome forgotten = f->library()->forgetAndWait({"/p/a.jpg", "/p/never.jpg"});
+    QCOMPARE(forgotten.filesRemoved, 1);
+    QCOMPARE(forgotten.linksRemoved, 1);
+    QTRY_COMPARE(f->tag(2)->fileCount(1), 0);
 }
 
 void TstLibraryImport::queriesForTheFileView()
