@@ -33,15 +33,15 @@ double exponent(double value, double smallerValue, int n, int smallerN)
 
 void bench::printTable(const QVector<Result>& results)
 {
-    std::printf("%-18s %8s %14s %14s %8s %8s\n", "operation", "n", "window", "baseline", "ratio", "growth");
+    std::printf("%-28s %8s %14s %14s %8s %8s\n", "operation", "n", "window", "baseline", "ratio", "growth");
     for (const Result& result : results) {
-        std::printf("%-18s %8d %14.3f %14.3f %8.3f", qPrintable(result.operation), result.n, result.plugin,
+        std::printf("%-28s %8d %14.3f %14.3f %8.3f", qPrintable(result.operation), result.n, result.plugin,
                     result.baseline, result.ratio());
         if (const Result* smaller = smallerResult(results, result))
             std::printf(" %8.2f", exponent(result.plugin, smaller->plugin, result.n, smaller->n));
         std::printf("\n");
     }
-    std::printf("Milliseconds; bytes per further tag for memory.\n");
+    std::printf("Milliseconds; bytes per further tag for memory, bytes for library_memory.\n");
 }
 
 bool bench::writeJson(const QVector<Result>& results, const QString& path)

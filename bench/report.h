@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "bench/runner.h"
+#include "bench/result.h"
 
 #include <QString>
 #include <QVector>
@@ -12,7 +12,8 @@ namespace bench {
 void printTable(const QVector<Result>& results);
 
 /// Writes an array of objects with operation, n, median_ms, baseline_ms, ratio (bytes instead of milliseconds for
-/// memory). False with a word on the standard error when the file cannot be written.
+/// memory; 0 for a baseline and a ratio that there are none of). False with a word on the standard error when the file
+/// cannot be written.
 bool writeJson(const QVector<Result>& results, const QString& path);
 
 }  // namespace bench

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "bench/scenario.h"
 
+#include "bench/measurements.h"
+#include "bench/median.h"
 #include "bench/memoryusage.h"
 #include "bench/names.h"
 #include "plugin/vltagmanagersingleton.h"
@@ -10,7 +12,6 @@
 #include <QWidget>
 
 #include <algorithm>
-#include <cstdio>
 #include <random>
 
 namespace {
@@ -23,12 +24,6 @@ constexpr int scrollStep = 60;             // pixels: three lines of a mouse whe
 constexpr int colorCount = 8;
 constexpr int fileCountCycle = 977;
 constexpr double bytesPerKib = 1024;
-
-double median(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.at(values.size() / 2);
-}
 
 QVector<MemoryTagSpec> tagSpecs(const QStringList& names)
 {
@@ -81,10 +76,8 @@ private:
 
 void Session::report(const char* operation, double value) const
 {
-    if (!isAskedFor(operation))
-        return;
-    std::printf("%s %.6f %d\n", operation, value, m_side->shownTags());
-    std::fflush(stdout);
+    if (isAskedFor(operation))
+        bench::reportLine(QLatin1String(operation), value, m_side->shownTags());
 }
 
 bool Session::isAskedFor(const char* operation) const
@@ -107,7 +100,7 @@ void Session::repeat(const char* operation, const std::function<void(int)>& caus
         values.append(once([&] { cause(values.size()); }));
         spent += values.last();
     }
-    report(operation, median(values));
+    report(operation, bench::median(values));
 }
 
 void Session::change(const char* operation, const std::function<void(int)>& cause) const
@@ -117,7 +110,7 @@ void Session::change(const char* operation, const std::function<void(int)>& caus
     QVector<double> values;
     while (values.size() < changes)
         values.append(once([&] { cause(values.size()); }));
-    report(operation, median(values));
+    report(operation, bench::median(values));
 }
 
 void Session::open()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <chrono>
+#include <ctime>
 #include <functional>
 
 namespace bench {
@@ -9,10 +9,12 @@ namespace bench {
 enum class Clock
 {
     Wall,      ///< What a person waits.
-    Processor  ///< What this process computes: for machines that have other work to do.
+    Processor  ///< What is computed: for machines that have other work to do.
 };
 
-/// Milliseconds since the process started, or of processor time.
+/// What a clock of the system shows, in milliseconds.
+double milliseconds(clockid_t clock);
+/// Milliseconds since some moment, or those that the processors spent on this process.
 double now(Clock clock);
 
 /// Runs the event loop until there is nothing left to do at once: layouts are settled, what was to be painted is

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "bench/library/librarycommands.h"
+
+#include "bench/library/librarycontent.h"
+#include "bench/library/sqliteprogram.h"
+#include "host/library/reservedcategory.h"
+#include "host/library/tagname.h"
+
+namespace {
+
+using bench::LibraryCommand;
+
+QByteArray literal(const QString& name)
+{
+    return bench::SqliteProgram::quoted(tagname::key(name));
+}
+
+QByteArray literal(qint64 number)
+{
+    return QByteArray::number(number);
+}
+
+LibraryCommand createTag(const QString& name)
+{
+    return {"library_create_tag",
+            [=](ITagAction& tags, ITagGroupAction&) {
+                return tags.createTags({{name, 0, 1}});
+            },
+            "INSERT INTO tags (name, color) VALUES (" + literal(name) + ", 1);"};
+}
+
+LibraryCommand renameTag(qint64 id, const QString& name)
+{
+    return {"library_rename_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.renameTag(id, name); },
+            "UPDATE tags SET name = " + literal(name) + ", spelling = NULL WHERE id = " + literal(id) + ';'};
+}
+
+LibraryCommand recolourTag(qint64 id)
+{
+    const int unlike = (id + 1) % 8;
+    return {"library_recolour_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.setTagColor(id, unlike); },
+            "UPDATE tags SET color = " + literal(unlike) + " WHERE id = " + literal(id) + ';'};
+}
+
+LibraryCommand addToCategory(const char* operation, qint64 category, qint64 id)
+{
+    return {operation, [=](ITagAction& tags, ITagGroupAction&) { return tags.addTagsToGroups({category}, {id}); },
+            "INSERT INTO tag_categories VALUES (" + literal(category) + ", " + literal(id) + ");"};
+}
+
+LibraryCommand removeFromCategory(qint64 category, qint64 id)
+{
+    return {"library_remove_from_category",
+            [=](ITagAction& tags, ITagGroupAction&) { return tags.removeTagsFromGroups({category}, {id}); },
+            "DELETE FROM tag_categories WHERE category_id = " + literal(category) + " AND tag_id = " + literal(id) +
+                ';'};
+}
+
+LibraryCommand createCategory(const QString& name)
+{
+    return {"library_create_category",
+            [=](ITagAction&, ITagGroupAction& categories) { return categories.addTagGroup(name); },
+            "INSERT INTO categories (name) VALUES (" + literal(name) + ");"};
+}
+
+LibraryCommand renameCategory(qint64 id, const QString& name)
+{
+    return {"library_rename_category",
+            [=](ITagAction&, ITagGroupAction& categories) { return categories.renameTagGroup(id, name); },
+            "UPDATE categories SET name = " + literal(name) + ", spelling = NULL WHERE id = " + literal(id) + ';'};
+}
+
+LibraryCommand deleteCategory(qint64 id)
+{
+    return {"library_delete_category",
+            [=](ITagAction&, ITagGroupAction& categories) { return categories.removeTagGroup(id); },
+            "DELETE FROM categories WHERE id = " + literal(id) + ';'};
+}
+
+LibraryCommand deleteTag(const char* operation, qint64 id)
+{
+    return {operation, [=](ITagAction& tags, ITagGroupAction&) { return tags.deleteTags({id}); },
+            "DELETE FROM tags WHERE id = " + literal(id) + ';'};
+}
+
+}  // namespace
+
+QVector<bench::LibraryCommand> bench::libraryCommands(const LibraryContent& content, int turn)
+{
+    const qint64 rare = content.tags() - 1 - 2 * turn;  // one before the next, so that it is in no favourites
+    const qint64 frequent = 1 + turn;
+    const qint64 category = reservedcategory::FirstUserId + turn;
+    const qint64 emptied = category + content.categories() / 2;
+    const qint64 created = category + content.categories();
+    return {createTag(content.freeName(turn)),
+            renameTag(rare, content.freeName(libraryTurns + turn)),
+            recolourTag(rare),
+            addToCategory("library_favourite_tag", reservedcategory::Favorites, rare),
+            createCategory(QStringLiteral("New category %1").arg(turn)),
+            addToCategory("library_add_to_category", created, rare),
+            removeFromCategory(created, rare),
+            renameCategory(category, QStringLiteral("Renamed category %1").arg(turn)),
+            deleteCategory(emptied),
+            deleteTag("library_delete_rare_tag", rare),
+            deleteTag("library_delete_frequent_tag", frequent)};
+}

@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "bench/library/libraryside.h"
+
+bench::LibrarySide::~LibrarySide() = default;
+
+QByteArray bench::importedPath(int file)
+{
+    return "/imported/" + QByteArray::number(file) + ".jpg";
+}
