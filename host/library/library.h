@@ -19,7 +19,7 @@ class ILibraryDataProvider;
 /// count per tag; not the files), which open() fills with a handful of queries: the cost is that of reading every tag
 /// and counting every link once. Requests and imports run in the order sent on a thread of the library's own, each in
 /// one transaction. For each of them, once it is committed, and on the thread that opened the library: memory is
-/// brought up to date, then the data signals of the providers are emitted, in bulk where a signal takes a list, then
+/// brought up to date, then the data signals of the providers are emitted, for up to 200 tags at once, then
 /// the request is answered, exactly once. A request that fails changes nothing and is answered with the reason. A
 /// library that another program holds locked is waited for up to 5 seconds, on that thread.
 ///

@@ -26,7 +26,7 @@ class LibraryWriter;
 ///
 /// Lives on the GUI thread. Results wait in one queue, brought into memory and told in order, also when a receiver runs
 /// an event loop of its own. That happens in slices of a few milliseconds, so that a large change does not hold up the
-/// window: a change of more than 5,000 rows is told in several signals.
+/// window: a change of more than 200 rows is told in several signals.
 class LibraryEngine : public QObject
 {
     Q_OBJECT
@@ -75,6 +75,7 @@ private:
     QSharedPointer<LibraryManager> m_manager;
     std::deque<Result> m_results;    ///< Not in memory yet.
     std::deque<Telling> m_tellings;  ///< Of what is in memory, told before the next change comes into it.
+    bool m_goesOn = false;           ///< The next slice of telling is on its way.
     QTimer m_outsideTimer;
     std::atomic<bool> m_looksOutside = false;
 };

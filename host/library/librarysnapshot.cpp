@@ -124,12 +124,6 @@ void LibrarySnapshot::applyLinks(const LibraryChange& change)
     }
     for (const TagLink& link : change.linksRemoved)
         links.remove(link);
-    if (change.tagsDeleted.isEmpty() && change.categoriesRemoved.isEmpty())
-        return;
-    for (auto link = links.begin(); link != links.end();) {
-        const bool stays = tags.contains(link->tagId) && categories.contains(link->categoryId);
-        link = stays ? std::next(link) : links.erase(link);
-    }
 }
 
 LibraryChange LibrarySnapshot::changeTo(const LibrarySnapshot& later) const

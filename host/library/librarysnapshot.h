@@ -13,7 +13,7 @@ struct LibrarySnapshot
 {
     QHash<qint64, TagRow> tags;             ///< By id.
     QHash<qint64, CategoryRow> categories;  ///< By id, the favourites included; the numbers of tags say nothing.
-    QSet<TagLink> links;
+    QSet<TagLink> links;  ///< After changes, also those of tags and categories that are gone; ids are never used twice.
 
     /// As it is stored. Reads every tag and counts every link between files and tags once. Throws a LibraryError.
     [[nodiscard]] static LibrarySnapshot read(LibraryDatabase& database);

@@ -3,6 +3,7 @@
 
 #include "host/library/libraryerror.h"
 #include "host/library/libraryfile.h"
+#include "host/library/librarystatement.h"
 
 #include <utility>
 
@@ -11,7 +12,8 @@ namespace {
 /// A number that changes when somebody else commits, and not with this connection's own commits.
 int dataVersion(LibraryDatabase& database)
 {
-    return database.number(QStringLiteral("PRAGMA data_version"));
+    LibraryStatement select(database, "PRAGMA data_version");
+    return select.run().next() ? static_cast<int>(select.integer(0)) : 0;
 }
 
 }  // namespace

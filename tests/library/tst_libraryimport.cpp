@@ -31,7 +31,7 @@ private slots:
     void touchedFileKeepsRenamedTags();
     void deletedTagLeavesTheFiles();
     void queriesForTheFileView();
-    void largeBatchIsToldInBulk();
+    void largeBatchIsToldInPieces();
     void waitingWorksWithoutAnEventLoopAndFromAnyThread();
     void failedBatchLeavesNothing();
 
@@ -167,7 +167,7 @@ void TstLibraryImport::queriesForTheFileView()
     QCOMPARE(listed, (QStringList{"/p/a.jpg 1", "/p/b.jpg 2"}));
 }
 
-void TstLibraryImport::largeBatchIsToldInBulk()
+void TstLibraryImport::largeBatchIsToldInPieces()
 {
     QVector<ImportedFile> files;
     for (int i = 0; i < 3000; ++i)
@@ -175,8 +175,15 @@ void TstLibraryImport::largeBatchIsToldInBulk()
     const auto all = f->group(-1);
     QSignalSpy added(all.data(), &ITagGroupDataProvider::signalAddTags);
     QCOMPARE(import(files).tagsCreated, 2501);
-    QCOMPARE(added.count(), 1);
-    QCOMPARE(added.first().first().value<QVector<qint64>>().size(), 2501);
+    // Few signals, and none so large that a window needs long to follow it.
+    QCOMPARE(added.count(), 13);
+    QSet<qint64> told;
+    for (const QList<QVariant>& signal : qAsConst(added)) {
+        const auto ids = signal.first().value<QVector<qint64>>();
+        QVERIFY(ids.size() <= 200);
+        told += QSet<qint64>(ids.cbegin(), ids.cend());
+    }
+    QCOMPARE(told.size(), 2501);
     QCOMPARE(all->tagByName("common")->fileCount(1), 3000);
     // So many tags are looked for in another way than a few.
     QCOMPARE(pathsOf(FileQuery::ofCategories({0})).size(), 3000);
