@@ -42,11 +42,13 @@ struct Options
                                      QStringLiteral("Count processor time: for a machine that is busy otherwise.")};
     QCommandLineOption measure{QStringLiteral("measure"), QStringLiteral("One run of one side, in this process."),
                                QStringLiteral("plugin|baseline")};
+    QCommandLineOption part{QStringLiteral("part"), QStringLiteral("What of the large library that run measures."),
+                            bench::LibraryRunner::partNames()};
 };
 
 bool isLibrary(const QCommandLineParser& parser, const Options& options)
 {
-    return parser.isSet(options.library) || parser.isSet(options.pauses);
+    return parser.isSet(options.library) || parser.isSet(options.pauses) || parser.isSet(options.part);
 }
 
 int librarySize(const QCommandLineParser& parser, const Options& options)
@@ -65,7 +67,7 @@ bool parse(QCommandLineParser* parser, const Options& options)
         QStringLiteral("Measures the tag manager window against one QListView over the same tags."));
     parser->addHelpOption();
     parser->addOptions({options.size, options.json, options.runs, options.operation, options.sections, options.library,
-                        options.pauses, options.folder, options.processorTime, options.measure});
+                        options.pauses, options.folder, options.processorTime, options.measure, options.part});
     parser->process(*QCoreApplication::instance());
     const auto isCount = [&](const QCommandLineOption& option, int least) {
         return !parser->isSet(option) || parser->value(option).toInt() >= least;
@@ -120,9 +122,9 @@ int measure(const QCommandLineParser& parser, const Options& options)
     task.n = parser.value(options.size).toInt();
     task.clock = clockOf(parser, options);
     task.operation = parser.value(options.operation);
-    if (isLibrary(parser, options)) {
+    if (parser.isSet(options.part)) {
         const bool measured =
-            bench::LibraryRunner::measure(task.side, parser.isSet(options.pauses), parser.value(options.folder),
+            bench::LibraryRunner::measure(task.side, parser.value(options.part), parser.value(options.folder),
                                           librarySize(parser, options), task.clock);
         return measured ? 0 : 1;
     }

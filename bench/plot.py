@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Puts what vl_bench wrote with --json into docs/performance.md: the table, and a plot of it as an SVG.
+"""Puts what vl_bench wrote with --json into docs/performance.md: the tables, and a plot of the first as an SVG.
+What the results say nothing of stays as it is.
 
 Usage: plot.py results.json [more.json ...]
 """
@@ -13,8 +14,9 @@ import sys
 DOCS = pathlib.Path(__file__).resolve().parent.parent / "docs"
 PICTURE = DOCS / "pictures" / "performance.svg"
 PAGE = DOCS / "performance.md"
-BEGIN, END = "<!-- table -->", "<!-- end of table -->"
+END = "<!-- end of table -->"
 MEMORY = ("memory", "memory_peak")
+LIBRARY, WINDOW, PAUSE = "library_", "window_", "pause_"
 
 PANEL_WIDTH, PANEL_HEIGHT = 240, 160
 PANELS_PER_ROW = 4
@@ -34,6 +36,10 @@ def number(value):
     return f"{value:.{max(0, 2 - math.floor(math.log10(value)))}f}"
 
 
+def comparison(entry):
+    return f"{number(entry['median_ms'])} / {number(entry['baseline_ms'])} = **{number(entry['ratio'])}**"
+
+
 def table(results):
     sizes = sorted({entry["n"] for entry in results})
     cells = {(entry["operation"], entry["n"]): entry for entry in results}
@@ -42,9 +48,33 @@ def table(results):
         row = []
         for size in sizes:
             entry = cells.get((operation, size))
-            row.append(f"{number(entry['median_ms'])} / {number(entry['baseline_ms'])} = **{number(entry['ratio'])}**"
-                       if entry else "")
+            row.append(comparison(entry) if entry else "")
         lines.append(f"| {operation} | " + " | ".join(row) + " |")
+    return "\n".join(lines)
+
+
+def library_cell(entry):
+    if entry is None:
+        return ""
+    if entry["operation"].startswith(WINDOW + "memory"):
+        return f"{entry['median_ms'] / 2 ** 20:.0f} MiB"
+    return comparison(entry) if entry["baseline_ms"] > 0 else number(entry["median_ms"])
+
+
+def library_table(results):
+    """Of one size: the host alone, and with its window."""
+    cells = {entry["operation"]: entry for entry in results}
+    operations = dict.fromkeys(name.split("_", 1)[1] for name in cells)
+    lines = ["| operation | library | with the window |", "|---|---|---|"]
+    for operation in operations:
+        row = [library_cell(cells.get(part + operation)) for part in (LIBRARY, WINDOW)]
+        lines.append(f"| {operation} | " + " | ".join(row) + " |")
+    return "\n".join(lines)
+
+
+def pause_table(results):
+    lines = ["| during | longest pause |", "|---|---|"]
+    lines += [f"| {entry['operation'][len(PAUSE):]} | {number(entry['median_ms'])} |" for entry in results]
     return "\n".join(lines)
 
 
@@ -111,14 +141,27 @@ def plot(results):
     return "\n".join(parts + ["</svg>"]) + "\n"
 
 
+def put(name, text):
+    """Replaces the table of that name in the page."""
+    before, rest = PAGE.read_text().split(f"<!-- {name} -->", 1)
+    PAGE.write_text(before + f"<!-- {name} -->\n\n" + text + "\n\n" + END + rest.split(END, 1)[1])
+
+
 def main(paths):
     if not paths:
         sys.exit(__doc__)
     results = read(paths)
-    PICTURE.parent.mkdir(parents=True, exist_ok=True)
-    PICTURE.write_text(plot(results))
-    before, rest = PAGE.read_text().split(BEGIN, 1)
-    PAGE.write_text(before + BEGIN + "\n\n" + table(results) + "\n\n" + END + rest.split(END, 1)[1])
+    pauses = [entry for entry in results if entry["operation"].startswith(PAUSE)]
+    library = [entry for entry in results if entry["operation"].startswith((LIBRARY, WINDOW))]
+    lists = [entry for entry in results if entry not in pauses and entry not in library]
+    if lists:
+        PICTURE.parent.mkdir(parents=True, exist_ok=True)
+        PICTURE.write_text(plot(lists))
+        put("table", table(lists))
+    if library:
+        put("library table", library_table(library))
+    if pauses:
+        put("pause table", pause_table(pauses))
 
 
 if __name__ == "__main__":

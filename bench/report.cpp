@@ -41,7 +41,7 @@ void bench::printTable(const QVector<Result>& results)
             std::printf(" %8.2f", exponent(result.plugin, smaller->plugin, result.n, smaller->n));
         std::printf("\n");
     }
-    std::printf("Milliseconds; bytes per further tag for memory, bytes for library_memory.\n");
+    std::printf("Milliseconds; bytes per further tag for memory, bytes for window_memory.\n");
 }
 
 bool bench::writeJson(const QVector<Result>& results, const QString& path)

@@ -59,9 +59,10 @@ void waitForAnswer(QEventLoop* loop, ILibraryDataProvider& provider, const std::
 
 }  // namespace
 
-bench::HostSide::HostSide(const QString& file, const QString& pictures, Clock clock)
+bench::HostSide::HostSide(const QString& file, const QString& pictures, bool hasWindow, Clock clock)
     : m_file(file)
     , m_pictures(pictures)
+    , m_hasWindow(hasWindow)
     , m_clock(clock)
 {
 }
@@ -74,10 +75,14 @@ bench::HostSide::~HostSide()
 
 double bench::HostSide::open()
 {
-    return timeToPaint(m_clock, [this] { openWindow(); });
+    return timeToPaint(m_clock, [this] {
+        openLibrary();
+        if (m_hasWindow)
+            openWindow();
+    });
 }
 
-void bench::HostSide::openWindow()
+void bench::HostSide::openLibrary()
 {
     LibraryChoice choice;
     choice.file = QFile::encodeName(m_file);
@@ -86,6 +91,10 @@ void bench::HostSide::openWindow()
     m_session = LibrarySession::open(choice, &error);
     if (!m_session)
         throw std::runtime_error(qPrintable(error));
+}
+
+void bench::HostSide::openWindow()
+{
     m_plugin = std::make_unique<VLTagMnagerPlugin>();
     m_plugin->setDataProvider(m_session->library().dataProvider());
     m_plugin->setTagColorProvider(TagPalette::instance());
@@ -134,7 +143,10 @@ double bench::HostSide::importFolder(const LibraryContent& content)
             outcome = summary;
             loop.quit();
         });
-        m_window->startImport();
+        if (m_hasWindow)
+            m_window->startImport();
+        else
+            m_session->startImport();
         loop.exec();
         waitUntilTold();
     });

@@ -15,12 +15,12 @@ class VLTagMnagerPlugin;
 
 namespace bench {
 
-/// The whole host on a library file: the library, the importer, and the window with the tag manager in it.
+/// The host on a library file: the library and the importer, and, if wanted, the window with the tag manager in it.
 class HostSide : public LibrarySide
 {
 public:
     /// \a pictures is the folder that importFolder() imports.
-    HostSide(const QString& file, const QString& pictures, Clock clock);
+    HostSide(const QString& file, const QString& pictures, bool hasWindow, Clock clock);
     ~HostSide() override;
 
     double open() override;
@@ -29,6 +29,7 @@ public:
     /// Finds the pictures, has their keywords read by processes, and writes them, as when a folder is opened.
     double importFolder(const LibraryContent& content);
 
+    /// Only where there is one.
     [[nodiscard]] HostWindow& window() const { return *m_window; }
     [[nodiscard]] LibrarySession& session() const { return *m_session; }
     [[nodiscard]] int tagCount() const;
@@ -37,10 +38,12 @@ public:
 
 private:
     [[nodiscard]] double elapsed(const std::function<void()>& action) const;
+    void openLibrary();
     void openWindow();
 
     QString m_file;
     QString m_pictures;
+    bool m_hasWindow;
     Clock m_clock;
     std::unique_ptr<LibrarySession> m_session;
     std::unique_ptr<VLTagMnagerPlugin> m_plugin;

@@ -22,7 +22,7 @@ QByteArray literal(qint64 number)
 
 LibraryCommand createTag(const QString& name)
 {
-    return {"library_create_tag",
+    return {"create_tag",
             [=](ITagAction& tags, ITagGroupAction&) {
                 return tags.createTags({{name, 0, 1}});
             },
@@ -31,14 +31,14 @@ LibraryCommand createTag(const QString& name)
 
 LibraryCommand renameTag(qint64 id, const QString& name)
 {
-    return {"library_rename_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.renameTag(id, name); },
+    return {"rename_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.renameTag(id, name); },
             "UPDATE tags SET name = " + literal(name) + ", spelling = NULL WHERE id = " + literal(id) + ';'};
 }
 
 LibraryCommand recolourTag(qint64 id)
 {
     const int unlike = (id + 1) % 8;
-    return {"library_recolour_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.setTagColor(id, unlike); },
+    return {"recolour_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.setTagColor(id, unlike); },
             "UPDATE tags SET color = " + literal(unlike) + " WHERE id = " + literal(id) + ';'};
 }
 
@@ -50,7 +50,7 @@ LibraryCommand addToCategory(const char* operation, qint64 category, qint64 id)
 
 LibraryCommand removeFromCategory(qint64 category, qint64 id)
 {
-    return {"library_remove_from_category",
+    return {"remove_from_category",
             [=](ITagAction& tags, ITagGroupAction&) { return tags.removeTagsFromGroups({category}, {id}); },
             "DELETE FROM tag_categories WHERE category_id = " + literal(category) + " AND tag_id = " + literal(id) +
                 ';'};
@@ -58,22 +58,20 @@ LibraryCommand removeFromCategory(qint64 category, qint64 id)
 
 LibraryCommand createCategory(const QString& name)
 {
-    return {"library_create_category",
-            [=](ITagAction&, ITagGroupAction& categories) { return categories.addTagGroup(name); },
+    return {"create_category", [=](ITagAction&, ITagGroupAction& categories) { return categories.addTagGroup(name); },
             "INSERT INTO categories (name) VALUES (" + literal(name) + ");"};
 }
 
 LibraryCommand renameCategory(qint64 id, const QString& name)
 {
-    return {"library_rename_category",
+    return {"rename_category",
             [=](ITagAction&, ITagGroupAction& categories) { return categories.renameTagGroup(id, name); },
             "UPDATE categories SET name = " + literal(name) + ", spelling = NULL WHERE id = " + literal(id) + ';'};
 }
 
 LibraryCommand deleteCategory(qint64 id)
 {
-    return {"library_delete_category",
-            [=](ITagAction&, ITagGroupAction& categories) { return categories.removeTagGroup(id); },
+    return {"delete_category", [=](ITagAction&, ITagGroupAction& categories) { return categories.removeTagGroup(id); },
             "DELETE FROM categories WHERE id = " + literal(id) + ';'};
 }
 
@@ -88,19 +86,20 @@ LibraryCommand deleteTag(const char* operation, qint64 id)
 QVector<bench::LibraryCommand> bench::libraryCommands(const LibraryContent& content, int turn)
 {
     const qint64 rare = content.tags() - 1 - 2 * turn;  // one before the next, so that it is in no favourites
-    const qint64 frequent = 1 + turn;
     const qint64 category = reservedcategory::FirstUserId + turn;
     const qint64 emptied = category + content.categories() / 2;
     const qint64 created = category + content.categories();
-    return {createTag(content.freeName(turn)),
-            renameTag(rare, content.freeName(libraryTurns + turn)),
-            recolourTag(rare),
-            addToCategory("library_favourite_tag", reservedcategory::Favorites, rare),
-            createCategory(QStringLiteral("New category %1").arg(turn)),
-            addToCategory("library_add_to_category", created, rare),
-            removeFromCategory(created, rare),
-            renameCategory(category, QStringLiteral("Renamed category %1").arg(turn)),
-            deleteCategory(emptied),
-            deleteTag("library_delete_rare_tag", rare),
-            deleteTag("library_delete_frequent_tag", frequent)};
+    QVector<LibraryCommand> commands{createTag(content.freeName(turn)),
+                                     renameTag(rare, content.freeName(libraryTurns + turn)),
+                                     recolourTag(rare),
+                                     addToCategory("favourite_tag", reservedcategory::Favorites, rare),
+                                     createCategory(QStringLiteral("New category %1").arg(turn)),
+                                     addToCategory("add_to_category", created, rare),
+                                     removeFromCategory(created, rare),
+                                     renameCategory(category, QStringLiteral("Renamed category %1").arg(turn)),
+                                     deleteCategory(emptied),
+                                     deleteTag("delete_rare_tag", rare)};
+    if (turn < LibraryContent::tagsOfFile)
+        commands.append(deleteTag("delete_frequent_tag", 1 + turn));
+    return commands;
 }

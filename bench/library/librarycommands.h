@@ -21,8 +21,9 @@ struct LibraryCommand
     QByteArray sql;
 };
 
-/// All commands once. They succeed in a library as it was built, for each \a turn from 0 to libraryTurns.
+/// All commands once, in turns from 0 to libraryTurns that are to be carried out one after the other. There are only
+/// tagsOfFile tags with very many files to be deleted.
 QVector<LibraryCommand> libraryCommands(const LibraryContent& content, int turn);
-constexpr int libraryTurns = 3;
+constexpr int libraryTurns = 9;
 
 }  // namespace bench

@@ -17,6 +17,10 @@
 namespace {
 
 constexpr double longestPause = 50;  // milliseconds
+// Also what the operations' names begin with.
+const QString libraryPart = QStringLiteral("library");
+const QString windowPart = QStringLiteral("window");
+const QString pausePart = QStringLiteral("pause");
 const QString unfinished = QStringLiteral(".unfinished");
 
 QString libraryFile(const QString& folder, int tags)
@@ -55,26 +59,39 @@ bench::LibraryRunner::LibraryRunner(const QString& folder, int tags, int runs, C
 
 QVector<bench::Result> bench::LibraryRunner::runLibrary() const
 {
-    Measurements all;
+    Measurements library;
+    Measurements window;
+    if (!prepare() || !measureAll({{SideKind::Baseline, libraryPart, &library},
+                                   {SideKind::Plugin, libraryPart, &library},
+                                   {SideKind::Plugin, windowPart, &window}}))
+        return {};
     QVector<Result> results;
-    if (prepare() && measureAll({SideKind::Baseline, SideKind::Plugin}, QStringLiteral("--library"), &all)) {
-        const QStringList operations = all.operations();
-        for (const QString& operation : operations)
-            results.append(all.result(operation, m_tags));
-    }
+    const auto append = [&](const Measurements& from, const QString& part) {
+        const QStringList operations = from.operations();
+        for (const QString& operation : operations) {
+            Result result = from.result(operation, m_tags);
+            result.baseline = library.result(operation, m_tags).baseline;
+            result.operation = part + QLatin1Char('_') + operation;
+            results.append(result);
+        }
+    };
+    append(library, libraryPart);
+    append(window, windowPart);
     return results;
 }
 
 QVector<bench::Result> bench::LibraryRunner::runPauses() const
 {
-    Measurements all;
+    Measurements pauses;
+    if (!prepare() || !measureAll({{SideKind::Plugin, pausePart, &pauses}}))
+        return {};
     QVector<Result> results;
-    if (prepare() && measureAll({SideKind::Plugin}, QStringLiteral("--pauses"), &all)) {
-        const QStringList operations = all.operations();
-        for (const QString& operation : operations) {
-            results.append(all.result(operation, m_tags));
-            results.last().baseline = longestPause;
-        }
+    const QStringList operations = pauses.operations();
+    for (const QString& operation : operations) {
+        Result result = pauses.result(operation, m_tags);
+        result.baseline = longestPause;
+        result.operation = pausePart + QLatin1Char('_') + operation;
+        results.append(result);
     }
     return results;
 }
@@ -96,29 +113,33 @@ bool bench::LibraryRunner::prepare() const
     }
 }
 
-bool bench::LibraryRunner::measureAll(const QVector<SideKind>& sides, const QString& option, Measurements* into) const
+bool bench::LibraryRunner::measureAll(const QVector<Process>& processes) const
 {
-    QStringList arguments{option, QStringLiteral("--folder"), m_folder, QStringLiteral("--n"), QString::number(m_tags)};
-    if (m_clock == Clock::Processor)
-        arguments.append(QStringLiteral("--processor-time"));
     for (int run = 0; run < m_runs; ++run) {
-        tell(QStringLiteral("%1 of %2 tags, run %3 of %4").arg(option.mid(2)).arg(m_tags).arg(run + 1).arg(m_runs));
-        for (const SideKind side : sides) {
-            if (!into->measure(side, arguments))
+        tell(QStringLiteral("A library of %1 tags, run %2 of %3").arg(m_tags).arg(run + 1).arg(m_runs));
+        for (const Process& process : processes) {
+            QStringList arguments{QStringLiteral("--part"),   process.part,
+                                  QStringLiteral("--folder"), m_folder,
+                                  QStringLiteral("--n"),      QString::number(m_tags)};
+            if (m_clock == Clock::Processor)
+                arguments.append(QStringLiteral("--processor-time"));
+            if (!process.into->measure(process.side, arguments))
                 return false;
         }
     }
     return true;
 }
 
-bool bench::LibraryRunner::measure(SideKind side, bool pauses, const QString& folder, int tags, Clock clock)
+bool bench::LibraryRunner::measure(SideKind side, const QString& part, const QString& folder, int tags, Clock clock)
 {
     const QTemporaryDir own(QDir(folder).absoluteFilePath(QStringLiteral("run-XXXXXX")));
-    const LibraryTask task{side, own.filePath(QStringLiteral("library")), pictureFolder(folder, tags), tags, clock};
+    LibraryTask task{side, own.filePath(QStringLiteral("library")), pictureFolder(folder, tags), tags};
+    task.hasWindow = part != libraryPart;
+    task.clock = clock;
     try {
         if (!QFile::copy(libraryFile(folder, tags), task.library))
             throw std::runtime_error("The library cannot be copied.");
-        if (pauses)
+        if (part == pausePart)
             measurePauses(task);
         else
             measureLibrary(task);
@@ -127,4 +148,9 @@ bool bench::LibraryRunner::measure(SideKind side, bool pauses, const QString& fo
         return false;
     }
     return true;
+}
+
+QString bench::LibraryRunner::partNames()
+{
+    return libraryPart + QLatin1Char('|') + windowPart + QLatin1Char('|') + pausePart;
 }

@@ -53,21 +53,24 @@ void reportMemory(const bench::LibraryTask& task, const char* operation, long re
 void measureHost(const bench::LibraryTask& task, const bench::LibraryContent& content)
 {
     const long before = bench::memoryUsage().resident;
-    bench::HostSide host(task.library, task.pictures, task.clock);
-    report(task, "library_open", host.open());
-    reportMemory(task, "library_memory_open", before);
+    bench::HostSide host(task.library, task.pictures, task.hasWindow, task.clock);
+    report(task, "open", host.open());
+    if (task.hasWindow)
+        reportMemory(task, "memory_open", before);
     reportCommands(task, content, &host);
-    report(task, "library_import", host.import(content));
-    report(task, "library_import_folder", host.importFolder(content));
-    reportMemory(task, "library_memory", before);
+    report(task, "import", host.import(content));
+    if (!task.hasWindow)
+        return;
+    report(task, "import_folder", host.importFolder(content));
+    reportMemory(task, "memory", before);
 }
 
 void measureSqlite(const bench::LibraryTask& task, const bench::LibraryContent& content)
 {
     bench::SqliteSide sqlite(task.library, task.clock);
-    report(task, "library_open", sqlite.open());
+    report(task, "open", sqlite.open());
     reportCommands(task, content, &sqlite);
-    report(task, "library_import", sqlite.import(content));
+    report(task, "import", sqlite.import(content));
 }
 
 }  // namespace

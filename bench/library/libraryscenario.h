@@ -15,6 +15,7 @@ struct LibraryTask
     QString library;   ///< The file; changed.
     QString pictures;  ///< The folder of the pictures to be imported.
     int tags = 0;      ///< Of the library.
+    bool hasWindow = false;
     Clock clock = Clock::Wall;
 };
 

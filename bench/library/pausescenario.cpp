@@ -91,7 +91,7 @@ void scrollThrough(QScrollBar* bar)
 void bench::measurePauses(const LibraryTask& task)
 {
     const LibraryContent content(task.tags);
-    HostSide host(task.library, task.pictures, task.clock);
+    HostSide host(task.library, task.pictures, task.hasWindow, task.clock);
     PauseMeter meter(task.clock);
     const auto report = [&](const char* operation) {
         reportLine(QLatin1String(operation), meter.stop(), host.tagCount());
@@ -99,16 +99,16 @@ void bench::measurePauses(const LibraryTask& task)
     host.open();
     meter.start();
     host.importFolder(content);
-    report("pause_import");
+    report("import");
 
     addFromOutside(task, content);
     meter.start();
     waitForTags(&host, content.tags() + 2 * content.newTags() + 1);
-    report("pause_outside");
+    report("outside");
 
     const qint64 tag = idOfTag(host, LibraryContent::commonKeyword());
     meter.start();
     emit host.window().tagWindow()->signalCheckoutTagFile({tag});
     scrollThrough(host.window().filePanel()->view()->verticalScrollBar());
-    report("pause_thumbnails");
+    report("thumbnails");
 }
