@@ -5,6 +5,7 @@
 #include "bench/library/sqliteprogram.h"
 #include "host/library/reservedcategory.h"
 #include "host/library/tagname.h"
+#include "host/library/tagpalette.h"
 
 namespace {
 
@@ -37,7 +38,7 @@ LibraryCommand renameTag(qint64 id, const QString& name)
 
 LibraryCommand recolourTag(qint64 id)
 {
-    const int unlike = (id + 1) % 8;
+    const int unlike = static_cast<int>((id + 1) % TagPalette::Size);
     return {"recolour_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.setTagColor(id, unlike); },
             "UPDATE tags SET color = " + literal(unlike) + " WHERE id = " + literal(id) + ';'};
 }
