@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/contrast.h"
+#include "tests/support/messagecatcher.h"
 
 #include <vlskinsetting.h>
 
@@ -132,13 +133,9 @@ void TestSkin::imagesRender()
 
 void TestSkin::styleSheetsParse()
 {
-    static QStringList messages;
-    messages.clear();
-    const QtMessageHandler previous =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) { messages << text; });
+    const MessageCatcher log;
     const QString sheets = appliedSheet(QStringLiteral("tagmanager")) + appliedSheet(QStringLiteral("menu"));
-    qInstallMessageHandler(previous);
-    QCOMPARE(messages, QStringList());
+    QCOMPARE(log.problems(), QStringList());
     QVERIFY(sheets.contains(skin()->GetTextColor(1).name(QColor::HexArgb)));
     QVERIFY(!sheets.contains(QLatin1String("@{")));
 }
