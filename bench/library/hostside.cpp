@@ -139,10 +139,11 @@ double bench::HostSide::importFolder(const LibraryContent& content)
     ImportSummary outcome;
     const double time = elapsed([&] {
         QEventLoop loop;
-        QObject::connect(m_session.get(), &LibrarySession::importFinished, &loop, [&](const ImportSummary& summary) {
+        const auto end = [&](const ImportSummary& summary) {
             outcome = summary;
             loop.quit();
-        });
+        };
+        QObject::connect(m_session.get(), &LibrarySession::importFinished, &loop, end);
         if (m_hasWindow)
             m_window->startImport();
         else
