@@ -3,8 +3,8 @@
 
 #include <QProcess>
 
-/// A process within a limit of memory (2 GiB of addresses) that leaves no core file and does not hear the interrupt key
-/// of the terminal.
+/// A process within a limit of memory (2 GiB of addresses) and of less priority than this one, which leaves no core
+/// file and does not hear the interrupt key of the terminal.
 class LimitedProcess : public QProcess
 {
     Q_OBJECT
