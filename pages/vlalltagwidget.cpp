@@ -144,6 +144,7 @@ void VLAllTagWidget::makeSearchList(const QSharedPointer<ITagGroupDataProvider>&
     m_searchList->hide();
     keepContent(QStringLiteral("2 search results"), m_searchList);
     m_searchList->setSearchProvider(provider);
+    connect(m_letterList, &VLTagGroupListView::tagUpdated, m_searchList, &VLTagGroupListView::refreshResult);
 }
 
 void VLAllTagWidget::keepContent(const QString& key, QWidget* content)

@@ -6,16 +6,19 @@
 #include <itagdataprovider.h>
 #include <tagrecords.h>
 
-std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider)
+std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider, const QString& filter)
 {
     if (!provider)
         return std::nullopt;
     const auto info = provider->tagInfo();
     if (!info)
         return std::nullopt;
+    QString name = info->name();
+    if (!name.contains(filter, Qt::CaseInsensitive))
+        return std::nullopt;
     const int fileCount = provider->fileCount(1);
-    return TagItem{info->id(), info->name(), VLTagManagerSingleton::instance()->tagColor(info->colorIndex()), fileCount,
-                   std::move(provider)};
+    return TagItem{info->id(), std::move(name), VLTagManagerSingleton::instance()->tagColor(info->colorIndex()),
+                   fileCount, std::move(provider)};
 }
 
 void registerTagItemMetaType()

@@ -23,9 +23,10 @@ struct TagItem
 Q_DECLARE_METATYPE(TagItem)
 
 /// Reads the provider's record, its colour in the shared palette and its file count.
-/// Nothing when the provider or its record is null. The host may do anything from inside the reading, so the pointer is
+/// Nothing when the provider or its record is null, or the name does not contain \a filter, compared without case.
+/// The host may do anything from inside the reading, so the pointer is
 /// a copy, and the caller has to look whether it is still there itself.
-std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider);
+std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider, const QString& filter = {});
 
 /// Makes TagItem known to the meta-type system by its name; called once when the plug-in is loaded.
 void registerTagItemMetaType();

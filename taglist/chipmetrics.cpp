@@ -11,6 +11,8 @@ constexpr int fontPixelSize = 12;
 constexpr int unitsPerPixel = 64;  // the text engine's 26.6 fixed point
 constexpr int unknown = -1;
 
+constexpr int keptCounts = 1000;  // file counts beyond them are measured each time
+
 constexpr ushort firstAscii = 0x20;
 constexpr ushort lastAscii = 0x7E;
 constexpr int asciiCount = lastAscii - firstAscii + 1;
@@ -68,6 +70,7 @@ ChipMetrics::ChipMetrics(const QFont& font)
     , m_latinPairs(static_cast<size_t>(latinCount) * latinCount, unknown)
     , m_latinAdvances(latinCount, unknown)
     , m_wideAdvances(lastHangul - firstHan + 1, unknown)
+    , m_countWidths(keptCounts, unknown)
 {
     const auto pairsExplain = [this](const QString& letters) { return sumOfAdvances(letters) == shapedWidth(letters); };
     m_pairsAreExact = pairsExplain(QStringLiteral("ffi")) && pairsExplain(QStringLiteral("ffl")) &&
@@ -77,9 +80,11 @@ ChipMetrics::ChipMetrics(const QFont& font)
 ChipMetrics& ChipMetrics::shared()
 {
     static ChipMetrics metrics(chipFont());
-    const QFont font = chipFont();
-    if (metrics.m_font != font)
-        metrics = ChipMetrics(font);
+    if (!metrics.m_applicationFont.isCopyOf(QFont())) {
+        if (metrics.m_font != chipFont())
+            metrics = ChipMetrics(chipFont());
+        metrics.m_applicationFont = QFont();
+    }
     return metrics;
 }
 
@@ -103,7 +108,7 @@ QSize ChipMetrics::chipSize(const QString& name, int fileCount, ChipLook look)
     if (!name.isEmpty()) {
         int width = textWidth(name) + 2 * textMargin;
         if (look.count)
-            width += countGap + textWidth(QString::number(fileCount));
+            width += countGap + countWidth(fileCount);
         size.setWidth(std::max(width, minimumWidth));
     }
     if (look.enlarged)
@@ -119,14 +124,21 @@ std::optional<int> ChipMetrics::sumOfAdvances(const QString& text)
         return sumOfWideAdvances(text);
     int units = 0;
     const int length = text.size();
+    const auto latinAt = [&text, length](int i) { return i < length ? latinIndex(text.at(i)) : -1; };
+    int latin = latinAt(0);
     for (int i = 0; i < length; ++i) {
-        const int latin = latinIndex(text.at(i));
-        if (latin >= 0)
-            units += latinAdvance(latin, i + 1 < length ? latinIndex(text.at(i + 1)) : -1, text.midRef(i, 2));
-        else if (const int advance = i + 1 < length ? emojiAdvance(text.midRef(i++, 2)) : unknown; advance != unknown)
+        const QChar* pair = text.constData() + i;
+        int next = latinAt(i + 1);
+        if (latin >= 0) {
+            units += latinAdvance(latin, next, pair);
+        } else {
+            const int advance = i + 1 < length ? emojiAdvance(pair) : unknown;
+            if (advance == unknown)
+                return std::nullopt;
             units += advance;
-        else
-            return std::nullopt;
+            next = latinAt(++i + 1);
+        }
+        latin = next;
     }
     return units;
 }
@@ -142,16 +154,13 @@ std::optional<int> ChipMetrics::sumOfWideAdvances(const QString& text)
 }
 
 /// Advance of the first character of \a pair, in 1/64 pixel; \a next is -1 when the second one is not Latin.
-int ChipMetrics::latinAdvance(int index, int next, const QStringRef& pair)
+int ChipMetrics::latinAdvance(int index, int next, const QChar* pair)
 {
-    int& single = m_latinAdvances[index];
-    if (single == unknown)
-        single = shapedWidth(pair.left(1).toString());
-    if (next < 0)
-        return single;
-    int& advance = m_latinPairs[index * latinCount + next];
-    if (advance == unknown)
-        advance = shapedWidth(pair.toString()) - latinAdvance(next, -1, pair.mid(1));
+    int& advance = next < 0 ? m_latinAdvances[index] : m_latinPairs[index * latinCount + next];
+    if (advance == unknown && next < 0)
+        advance = shapedWidth(QString(pair, 1));
+    else if (advance == unknown)
+        advance = shapedWidth(QString(pair, 2)) - latinAdvance(next, -1, pair + 1);
     return advance;
 }
 
@@ -165,15 +174,26 @@ int ChipMetrics::wideAdvance(QChar character)
 }
 
 /// Advance of an emoji, in 1/64 pixel; unknown for another pair of code units.
-int ChipMetrics::emojiAdvance(const QStringRef& pair)
+int ChipMetrics::emojiAdvance(const QChar* pair)
 {
-    if (!pair.at(0).isHighSurrogate() || !pair.at(1).isLowSurrogate())
+    if (!pair[0].isHighSurrogate() || !pair[1].isLowSurrogate())
         return unknown;
-    const uint character = QChar::surrogateToUcs4(pair.at(0), pair.at(1));
+    const uint character = QChar::surrogateToUcs4(pair[0], pair[1]);
     if (!isEmoji(character))
         return unknown;
     const auto found = m_emojiAdvances.constFind(character);
-    return found != m_emojiAdvances.cend() ? *found : *m_emojiAdvances.insert(character, shapedWidth(pair.toString()));
+    return found != m_emojiAdvances.cend() ? *found : *m_emojiAdvances.insert(character, shapedWidth(QString(pair, 2)));
+}
+
+/// Width of a file count, in pixels.
+int ChipMetrics::countWidth(int fileCount)
+{
+    if (fileCount < 0 || fileCount >= keptCounts)
+        return textWidth(QString::number(fileCount));
+    int& width = m_countWidths[fileCount];
+    if (width == unknown)
+        width = textWidth(QString::number(fileCount));
+    return width;
 }
 
 /// Width of a text as the text engine gives it, in 1/64 pixel.

@@ -50,11 +50,13 @@ public:
 private:
     std::optional<int> sumOfAdvances(const QString& text);
     std::optional<int> sumOfWideAdvances(const QString& text);
-    int latinAdvance(int index, int next, const QStringRef& pair);
+    int latinAdvance(int index, int next, const QChar* pair);
     int wideAdvance(QChar character);
-    int emojiAdvance(const QStringRef& pair);
+    int emojiAdvance(const QChar* pair);
+    int countWidth(int fileCount);
     [[nodiscard]] int shapedWidth(const QString& text) const;
 
+    QFont m_applicationFont;
     QFont m_font;
     QFontMetrics m_metrics;
     QFontMetricsF m_exactMetrics;
@@ -63,5 +65,6 @@ private:
     std::vector<int> m_latinAdvances;  ///< Of characters with nothing behind them.
     std::vector<int> m_wideAdvances;   ///< Of the characters from U+4E00 to U+D7A3.
     QHash<uint, int> m_emojiAdvances;
-    bool m_pairsAreExact = false;  ///< The font joins no three characters into one glyph.
+    std::vector<int> m_countWidths;  ///< Of small numbers, in pixels.
+    bool m_pairsAreExact = false;    ///< The font joins no three characters into one glyph.
 };

@@ -42,6 +42,19 @@ bool SortFilterProxyModel::comesBefore(const QString& left, const QString& right
     return left < right;
 }
 
+quint64 SortFilterProxyModel::orderPrefix(const QString& name) const
+{
+    const int rank = m_sortBySearch && !m_searchText.isEmpty() ? closeness(name) : 0;
+    constexpr int storedUnits = 4;
+    constexpr int unitBits = 16;
+    quint64 units = 0;
+    for (int i = 0; i < storedUnits; ++i)
+        units = units << unitBits | (i < name.size() ? name.at(i).unicode() : 0U);
+    // The rank takes the place of the last two bits; what they told apart is left to the comparison of the names.
+    constexpr int rankShift = 62;
+    return static_cast<quint64>(rank) << rankShift | units >> 2U;
+}
+
 void SortFilterProxyModel::setSortedSourceModel(QAbstractItemModel* model)
 {
     m_sourceIsSorted = true;

@@ -26,6 +26,8 @@ public:
 
     /// The order as a strict comparison of two names.
     [[nodiscard]] bool comesBefore(const QString& left, const QString& right) const;
+    /// Names that differ here are in the order of these numbers; names that do not have to be compared.
+    [[nodiscard]] quint64 orderPrefix(const QString& name) const;
     /// As setSourceModel() for rows that stand in order already: they are taken as they stand, without comparing names.
     void setSortedSourceModel(QAbstractItemModel* model);
 

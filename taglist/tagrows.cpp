@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <vector>
 
 namespace {
 
@@ -22,8 +23,13 @@ TagRows::TagRows(QObject* owner, Follow follow)
     , m_model(new QStandardItemModel(owner))
     , m_proxy(new SortFilterProxyModel(owner))
 {
-    m_proxy->setSourceModel(m_model);
     m_proxy->sort(0);
+}
+
+void TagRows::open()
+{
+    if (!m_proxy->sourceModel())
+        m_proxy->setSourceModel(m_model);
 }
 
 int TagRows::count() const
@@ -53,16 +59,20 @@ void TagRows::add(const QVector<TagItem>& items)
     QVector<TagListRow*> added = makeRows(items);
     if (added.isEmpty())
         return;
-    if (!isLargeBatch(added.size())) {
+    if (m_proxy->sourceModel() && !isLargeBatch(added.size())) {
         for (TagListRow* row : qAsConst(added))
             m_model->insertRow(std::max(count() - (m_trailingRow ? 1 : 0), 0), row);
+        return;
+    }
+    sortRows(added);
+    const QVector<TagListRow*> present = takeRowsInOrder();
+    if (present.isEmpty()) {
+        putRowsInOrder(added);
         return;
     }
     const auto comesBefore = [this](const TagListRow* left, const TagListRow* right) {
         return m_proxy->comesBefore(left->tag().name, right->tag().name);
     };
-    std::stable_sort(added.begin(), added.end(), comesBefore);
-    const QVector<TagListRow*> present = takeRowsInOrder();
     QVector<TagListRow*> merged;
     merged.reserve(present.size() + added.size());
     std::merge(present.begin(), present.end(), added.begin(), added.end(), std::back_inserter(merged), comesBefore);
@@ -120,6 +130,24 @@ QVector<TagListRow*> TagRows::makeRows(const QVector<TagItem>& items)
         rows.append(row);
     }
     return rows;
+}
+
+/// Most pairs are told apart by what is stored beside them: comparing names jumps about in memory.
+void TagRows::sortRows(QVector<TagListRow*>& rows) const
+{
+    struct Entry
+    {
+        quint64 prefix;
+        TagListRow* row;
+    };
+    std::vector<Entry> entries;
+    entries.reserve(rows.size());
+    for (TagListRow* row : qAsConst(rows))
+        entries.push_back({m_proxy->orderPrefix(row->tag().name), row});
+    std::stable_sort(entries.begin(), entries.end(), [](const Entry& left, const Entry& right) {
+        return left.prefix != right.prefix ? left.prefix < right.prefix : left.row->tag().name < right.row->tag().name;
+    });
+    std::transform(entries.cbegin(), entries.cend(), rows.begin(), [](const Entry& entry) { return entry.row; });
 }
 
 QVector<TagListRow*> TagRows::takeRowsInOrder()

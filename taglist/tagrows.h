@@ -26,8 +26,10 @@ public:
     /// Connects a tag's changes to whoever shows it; the row cuts the connection when it goes.
     using Follow = std::function<QMetaObject::Connection(const TagItem&)>;
 
-    /// The models are owned by \a owner.
+    /// The models are owned by \a owner. The proxy gets its source with the first tags, which it then need not follow
+    /// one by one, or by open().
     TagRows(QObject* owner, Follow follow);
+    void open();
 
     [[nodiscard]] SortFilterProxyModel* proxy() const { return m_proxy; }
     [[nodiscard]] int count() const;
@@ -54,6 +56,7 @@ public:
 private:
     [[nodiscard]] bool isLargeBatch(int size) const;
     [[nodiscard]] QVector<TagListRow*> makeRows(const QVector<TagItem>& items);
+    void sortRows(QVector<TagListRow*>& rows) const;
     [[nodiscard]] QVector<TagListRow*> takeRowsInOrder();
     void putRowsInOrder(const QVector<TagListRow*>& rows);
     void removeRowByRow(const QVector<qint64>& tag_ids);

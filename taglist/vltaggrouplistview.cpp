@@ -36,12 +36,13 @@ constexpr int joinFromMenu = 2;           // how usage tracking names the menu's
 
 using TagProviders = QHash<qint64, QSharedPointer<ITagDataProvider>>;
 
-QVector<TagItem> readTagItems(const TagProviders& providers)
+QVector<TagItem> readTagItems(const TagProviders& providers, const QString& filter)
 {
     QVector<TagItem> items;
-    items.reserve(providers.size());
+    if (filter.isEmpty())
+        items.reserve(providers.size());
     for (const auto& provider : providers) {
-        if (auto item = readTagItem(provider))
+        if (auto item = readTagItem(provider, filter))
             items.append(std::move(*item));
     }
     return items;
@@ -170,6 +171,12 @@ void VLTagGroupListView::reload(const QString& filter)
     load(filter);
 }
 
+void VLTagGroupListView::refreshResult(qint64 tag_id)
+{
+    if (m_results)
+        m_results->refreshTag(tag_id);
+}
+
 void VLTagGroupListView::clear()
 {
     m_readPending = false;
@@ -192,38 +199,36 @@ void VLTagGroupListView::load(const QString& filter)
     TagProviders providers;
     if (provider->tags(&providers) == 0 || !self)
         return;
-    const QVector<TagItem> items = readTags(providers);
+    const QVector<TagItem> items = readTags(providers, filter);
     // From inside the reading the host may have made the list show something else, or closed the window.
     if (self && m_provider == provider && m_filter == filter)
         showTags(items);
 }
 
 /// What the host takes away from inside the reading is left out.
-QVector<TagItem> VLTagGroupListView::readTags(const TagProviders& providers)
+QVector<TagItem> VLTagGroupListView::readTags(const TagProviders& providers, const QString& filter)
 {
     const QPointer<VLTagGroupListView> self(this);
     ++m_readDepth;
-    QVector<TagItem> items = readTagItems(providers);
+    QVector<TagItem> items = readTagItems(providers, filter);
     if (!self)
         return {};
-    const auto isGone = [this](const TagItem& item) { return m_goneWhileReading.contains(item.id); };
-    items.erase(std::remove_if(items.begin(), items.end(), isGone), items.end());
+    if (!m_goneWhileReading.isEmpty()) {
+        const auto isGone = [this](const TagItem& item) { return m_goneWhileReading.contains(item.id); };
+        items.erase(std::remove_if(items.begin(), items.end(), isGone), items.end());
+    }
     if (--m_readDepth == 0)
         m_goneWhileReading.clear();
     return items;
 }
 
-/// In letter sections, or as results of the search as far as their names contain the filter.
-void VLTagGroupListView::showTags(QVector<TagItem> items)
+/// In letter sections, or as results of the search.
+void VLTagGroupListView::showTags(const QVector<TagItem>& items)
 {
-    if (m_filter.isEmpty()) {
-        if (m_shown == Shown::Letters)
-            m_sections.add(items);
-        return;
-    }
-    const auto differs = [this](const TagItem& item) { return !item.name.contains(m_filter, Qt::CaseInsensitive); };
-    items.erase(std::remove_if(items.begin(), items.end(), differs), items.end());
-    showResults(items);
+    if (!m_filter.isEmpty())
+        showResults(items);
+    else if (m_shown == Shown::Letters)
+        m_sections.add(items);
 }
 
 void VLTagGroupListView::showResults(const QVector<TagItem>& items)
@@ -238,7 +243,9 @@ void VLTagGroupListView::showResults(const QVector<TagItem>& items)
 
 VLTagListView* VLTagGroupListView::makeResultList()
 {
-    auto* list = new VLTagListView({}, this);
+    const bool ownerFollows = m_shown == Shown::Results;
+    auto* list =
+        new VLTagListView({}, this, ownerFollows ? VLTagListView::Following::Owner : VLTagListView::Following::View);
     configureList(list);
     list->setTrailingRow(false);
     return list;
@@ -267,6 +274,7 @@ void VLTagGroupListView::configureList(VLTagListView* list)
     list->setTopMargin(sectionTopMargin);
     list->setItemDelegate(new VLTagDelegate(list));
     connect(list, &VLTagListView::signPopMenu, this, &VLTagGroupListView::slotPopMenu);
+    connect(list, &VLTagListView::signTagUpdated, this, &VLTagGroupListView::tagUpdated);
     connect(list, &VLTagListView::signTagUpdated, this, &VLTagGroupListView::slotTagProviderUpdate);
 }
 
@@ -297,12 +305,16 @@ void VLTagGroupListView::showAdded(const QVector<qint64>& tag_ids)
 {
     const QPointer<VLTagGroupListView> self(this);
     const auto provider = m_provider;
+    const QString filter = m_filter;
+    if (filter.isEmpty() && m_shown == Shown::Results)
+        return;
     TagProviders providers;
     provider->tagsByIds(tag_ids, &providers);
     if (!self)
         return;
-    const QVector<TagItem> items = readTags(providers);
-    if (self && m_provider == provider)
+    const QVector<TagItem> items = readTags(providers, filter);
+    // A search that began meanwhile has found them by itself.
+    if (self && m_provider == provider && m_filter == filter)
         showTags(items);
 }
 
@@ -333,7 +345,7 @@ void VLTagGroupListView::slotTagUpdateNoMatch(QVector<qint64> tag_ids)
     provider->tagsByIds(tag_ids, &providers);
     if (!self)
         return;
-    const QVector<TagItem> items = readTags(providers);
+    const QVector<TagItem> items = readTags(providers, {});
     if (!self || m_provider != provider)
         return;
     m_sections.forget(tag_ids);

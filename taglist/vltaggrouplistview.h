@@ -37,11 +37,14 @@ public:
     /// From now on the tags of a provider, when they are many, are read when the view is shown, not while it is hidden:
     /// for a list on a page that a person may never open.
     void setReadWhenShown();
-    /// As setDataProvider(), but reads no tag until reload() is called with a filter: for a list of search results.
+    /// As setDataProvider(), but reads no tag until reload() is called with a filter, and leaves it to its owner to
+    /// hear of changes of the tags' data and to call refreshResult(): for the search results beside a list of all tags.
     void setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
     /// Shows the tags whose names contain \a filter, compared without case, as one list sorted by closeness to it; with
     /// an empty filter every tag in its letter section.
     void reload(const QString& filter);
+    /// Reads a tag again from its provider when it is among the search results.
+    void refreshResult(qint64 tag_id);
 
 signals:
     /// The host is to show the files that carry these tags.
@@ -50,6 +53,8 @@ signals:
     void signalClosePopup();
     /// The last section is gone.
     void signalEmpty();
+    /// The data of a tag that is shown changed.
+    void tagUpdated(qint64 tag_id);
     /// So many tags joined the category.
     void signalAddTag(int count);
     /// So many tags left the category.
@@ -92,8 +97,9 @@ private:
     void clear();
     void load(const QString& filter);
     void showAdded(const QVector<qint64>& tag_ids);
-    [[nodiscard]] QVector<TagItem> readTags(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers);
-    void showTags(QVector<TagItem> items);
+    [[nodiscard]] QVector<TagItem> readTags(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers,
+                                            const QString& filter);
+    void showTags(const QVector<TagItem>& items);
     void showResults(const QVector<TagItem>& items);
     VLTagListView* makeResultList();
     VLTagListView* makeSection(const QString& letter, const QVector<TagItem>& items);

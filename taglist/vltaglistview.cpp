@@ -54,12 +54,11 @@ private:
     QPointer<VLTagListView> m_view;
 };
 
-VLTagListView::VLTagListView(const QVector<TagItem>& items, QWidget* parent)
+VLTagListView::VLTagListView(const QVector<TagItem>& items, QWidget* parent, Following tags)
     : QListView(parent)
     , m_letterLabel(new QLabel(this))
-    , m_rows(this, [this](const TagItem& item) {
-        return connect(item.provider.data(), &IDataProvider::signalUpdated, this,
-                       [this, id = item.id] { refreshTag(id); });
+    , m_rows(this, [this, tags](const TagItem& item) {
+        return tags == Following::View ? follow(item) : QMetaObject::Connection();
     })
 {
     setObjectName(QStringLiteral("tag_list_view"));
@@ -69,9 +68,10 @@ VLTagListView::VLTagListView(const QVector<TagItem>& items, QWidget* parent)
     m_letterLabel->setFont(letterFont);
     m_letterLabel->setTextFormat(Qt::PlainText);
     m_letterLabel->hide();
+    m_rows.add(items);
+    m_rows.open();
     setUpAppearance();
     setUpModel();
-    addTags(items);
 }
 
 VLTagListView::~VLTagListView()
@@ -81,6 +81,11 @@ VLTagListView::~VLTagListView()
     // The drag's own event loop is on the stack and still needs the object.
     m_drag->setParent(nullptr);
     QDrag::cancel();
+}
+
+QMetaObject::Connection VLTagListView::follow(const TagItem& item)
+{
+    return connect(item.provider.data(), &IDataProvider::signalUpdated, this, [this, id = item.id] { refreshTag(id); });
 }
 
 void VLTagListView::setUpModel()
@@ -149,11 +154,7 @@ void VLTagListView::insertWidths(int first, int last)
 {
     if (!m_widthsAreCurrent)
         return;
-    std::vector<int> widths;
-    widths.reserve(last - first + 1);
-    for (int row = first; row <= last; ++row)
-        widths.push_back(chipWidth(tagAt(model()->index(row, 0))));
-    m_flow.insertWidths(first, widths);
+    m_flow.insertWidths(first, chipWidths(first, last));
 }
 
 /// Chips are measured when somebody needs to know where they stand, not before.
@@ -161,20 +162,22 @@ ChipFlow& VLTagListView::flow() const
 {
     if (!m_widthsAreCurrent) {
         m_widthsAreCurrent = true;
-        const int count = model()->rowCount();
-        std::vector<int> widths;
-        widths.reserve(count);
-        for (int row = 0; row < count; ++row)
-            widths.push_back(chipWidth(tagAt(model()->index(row, 0))));
-        m_flow.setWidths(std::move(widths));
+        m_flow.setWidths(chipWidths(0, model()->rowCount() - 1));
     }
     m_flow.setAvailableWidth(viewport()->width());
     return m_flow;
 }
 
-int VLTagListView::chipWidth(const TagItem& item) const
+std::vector<int> VLTagListView::chipWidths(int first, int last) const
 {
-    return ChipMetrics::shared().chipSize(item.name, item.fileCount, chipLook()).width();
+    ChipMetrics& metrics = ChipMetrics::shared();
+    std::vector<int> widths;
+    widths.reserve(last - first + 1);
+    for (int row = first; row <= last; ++row) {
+        const TagItem& tag = tagAt(model()->index(row, 0));
+        widths.push_back(metrics.chipSize(tag.name, tag.fileCount, chipLook()).width());
+    }
+    return widths;
 }
 
 void VLTagListView::setCountShown(bool shown)
@@ -299,7 +302,7 @@ void VLTagListView::refreshTag(qint64 tag_id)
     if (!m_rows.proxy()->isSortedBySearch() && initialLetter(item->name) != letter()) {
         emit signalCharNoMatch({tag_id});
         if (!busy.viewIsGone())
-            emit signTagUpdated();
+            emit signTagUpdated(tag_id);
         if (!busy.viewIsGone())
             slotDelItem(tag_id);
     } else {
@@ -307,7 +310,7 @@ void VLTagListView::refreshTag(qint64 tag_id)
         refreshed.id = tag_id;
         m_rows.update(row, refreshed);
         fitSoon();
-        emit signTagUpdated();
+        emit signTagUpdated(tag_id);
     }
 }
 
@@ -624,8 +627,9 @@ void VLTagListView::dataChanged(const QModelIndex& topLeft, const QModelIndex& b
 {
     if (!m_widthsAreCurrent)
         return;
-    for (int row = topLeft.row(); row <= bottomRight.row(); ++row)
-        m_flow.setWidth(row, chipWidth(tagAt(model()->index(row, 0))));
+    int row = topLeft.row();
+    for (const int width : chipWidths(row, bottomRight.row()))
+        m_flow.setWidth(row++, width);
     fitSoon();
 }
 

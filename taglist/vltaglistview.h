@@ -31,14 +31,15 @@ class VLTagListView : public QListView
     Q_OBJECT
 
 public:
-    /// Who hears the signals of a category.
+    /// Who hears the host's signals.
     enum class Following
     {
         View,  ///< This view, by itself.
-        Owner  ///< The owner of several views, which hands each of them what is its own.
+        Owner  ///< Its owner, which hands it what is its own.
     };
 
-    VLTagListView(const QVector<TagItem>& items, QWidget* parent);
+    /// \a tags: who hears of changes of the tags' data.
+    VLTagListView(const QVector<TagItem>& items, QWidget* parent, Following tags = Following::View);
     ~VLTagListView() override;
 
     /// File counts stand behind the names.
@@ -93,7 +94,7 @@ signals:
     /// These tags belong to another letter now.
     void signalCharNoMatch(QVector<qint64> tag_ids);
     /// A tag of this view reported a change.
-    void signTagUpdated();
+    void signTagUpdated(qint64 tag_id);
 
 public slots:
     void slotUpdateLayout();
@@ -122,10 +123,11 @@ protected:
 private:
     class BusyScope;
 
+    [[nodiscard]] QMetaObject::Connection follow(const TagItem& item);
     void setUpModel();
     void setUpAppearance();
     void setUpScrollBars();
-    [[nodiscard]] int chipWidth(const TagItem& item) const;
+    [[nodiscard]] std::vector<int> chipWidths(int first, int last) const;
 
     void followModel();
     void invalidateWidths();
