@@ -30,6 +30,7 @@ VLTagDelegate::VLTagDelegate(QObject* view)
     : QStyledItemDelegate(view)
     , m_view(qobject_cast<VLTagListView*>(view))
     , m_font(ChipMetrics::chipFont())
+    , m_texts(ChipTexts::shared())
 {
     installEventFilter(this);
 }
@@ -101,12 +102,12 @@ void VLTagDelegate::paintChipText(QPainter* painter, const QRectF& chip, int bas
     const int nameWidth = countShown ? 0 : metrics.textWidth(tag.name);
     if (!countShown && chip.width() - nameWidth != 2 * ChipMetrics::textMargin)
         left = chip.x() + (chip.width() - nameWidth) * 0.5;
-    painter->drawText(QPointF(left, baseline), tag.name);
+    m_texts->draw(painter, QPointF(left, baseline), tag.name);
     if (!countShown)
         return;
     const QString count = QString::number(tag.fileCount);
     const qreal countLeft = chip.x() + size.width() - ChipMetrics::textMargin - metrics.textWidth(count);
-    painter->drawText(QPointF(countLeft, chip.y() + size.height() - countBaseline), count);
+    m_texts->draw(painter, QPointF(countLeft, chip.y() + size.height() - countBaseline), count);
 }
 
 void VLTagDelegate::paintAddChip(QPainter* painter, const QStyleOptionViewItem& option) const

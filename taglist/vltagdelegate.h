@@ -3,9 +3,11 @@
 
 #include "plugin/tagitem.h"
 #include "taglist/chipmetrics.h"
+#include "taglist/chiptexts.h"
 
 #include <QFont>
 #include <QPointer>
+#include <QSharedPointer>
 #include <QStyledItemDelegate>
 
 class VLTagListView;
@@ -38,4 +40,5 @@ private:
 
     QPointer<VLTagListView> m_view;
     QFont m_font;
+    QSharedPointer<ChipTexts> m_texts;
 };

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/vltagdelegate.h"
 
+#include "taglist/chiptexts.h"
 #include "taglist/vltaglistview.h"
 #include "tests/support/installedhost.h"
 
 #include <QHoverEvent>
+#include <QPainter>
 #include <QtTest>
 
 namespace {
@@ -42,6 +44,7 @@ private slots:
     void chipHasTheTagsColor();
     void hoverLightensOneChip();
     void chipWithoutNameIsAnOutline();
+    void keptTextsLookAsDrawnOnes();
 };
 
 void TagDelegateTest::chipHasTheTagsColor()
@@ -75,6 +78,40 @@ void TagDelegateTest::chipWithoutNameIsAnOutline()
     const QColor background = chips.color(0, 1 - chips.rect(0).x(), 1 - chips.rect(0).y());
     QCOMPARE(chips.color(0, 60, 11), background);
     QVERIFY(chips.color(0, 68, 9) != background);
+}
+
+void TagDelegateTest::keptTextsLookAsDrawnOnes()
+{
+    const QStringList texts{"plain",
+                            "office AVATAR",
+                            "Årçh vásé",
+                            "旦蝎沾 x",
+                            "x 🌀 y",
+                            "שלום abc 12",
+                            "abc שלום",
+                            "हिन्दी",
+                            "a\tb",
+                            "two\nlines",
+                            QString("a") + QChar(0x2028) + "b",
+                            QString(5000, 'x'),
+                            " ",
+                            "\u200f1 a!"};
+    const auto kept = ChipTexts::shared();
+    for (const qreal scale : {1.0, 1.5, 2.0}) {
+        for (const QString& text : texts) {
+            QImage drawn(300, 60, QImage::Format_ARGB32_Premultiplied);
+            drawn.setDevicePixelRatio(scale);
+            drawn.fill(Qt::blue);
+            QImage repeated = drawn;
+            QPainter drawnPainter(&drawn);
+            drawnPainter.setFont(ChipMetrics::chipFont());
+            drawnPainter.drawText(QPointF(7.5, 19), text);
+            QPainter keptPainter(&repeated);
+            keptPainter.setFont(ChipMetrics::chipFont());
+            kept->draw(&keptPainter, QPointF(7.5, 19), text);
+            QVERIFY2(repeated == drawn, qPrintable(QString("%1 at %2").arg(text.left(20)).arg(scale)));
+        }
+    }
 }
 
 QTEST_MAIN(TagDelegateTest)
