@@ -45,7 +45,7 @@ TagContextMenu::TagContextMenu(QWidget* owner)
     m_menu->setFixedWidth(menuWidth);
     createActions();
     createGroupMenu(owner);
-    createColorRow(owner);
+    createColorRow();
 }
 
 TagContextMenu::~TagContextMenu()
@@ -87,7 +87,8 @@ void TagContextMenu::createGroupMenu(QWidget* owner)
     m_groupMenu->setTitle(VLTagGroupListView::tr("Add to Category"));
     m_groupMenu->setObjectName(QStringLiteral("tag_manager_menu"));
     m_groupMenu->setFixedWidth(groupListSize.width());
-    m_groupList = new VLGroupListMenu(owner);
+    // Without a parent: the menu that shows it takes it in. So it is with the row of colours.
+    m_groupList = new VLGroupListMenu(nullptr);
     m_groupList->setFixedSize(groupListSize);
     QVector<QSharedPointer<ITagGroupDataProvider>> groups;
     VLTagManagerSingleton::instance()->tagGroups(groups);
@@ -104,9 +105,9 @@ void TagContextMenu::createGroupMenu(QWidget* owner)
     });
 }
 
-void TagContextMenu::createColorRow(QWidget* owner)
+void TagContextMenu::createColorRow()
 {
-    m_colorRow = new VLTagColorAction(owner);
+    m_colorRow = new VLTagColorAction(nullptr);
     m_colorRow->setFixedSize(menuWidth, colorRowHeight);
     m_colorRowAction = new QWidgetAction(this);
     m_colorRowAction->setDefaultWidget(m_colorRow);
@@ -116,6 +117,9 @@ void TagContextMenu::createColorRow(QWidget* owner)
 
 void TagContextMenu::arrange(bool inCategory)
 {
+    if (m_inCategory == inCategory)
+        return;
+    m_inCategory = inCategory;
     m_menu->clear();
     m_menu->addAction(m_viewFiles);
     m_menu->addSeparator();

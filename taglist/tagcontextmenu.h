@@ -4,6 +4,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 
 class QAction;
 class QMenu;
@@ -43,7 +44,7 @@ private:
     void carryOut(const std::function<void()>& choice);
     void createActions();
     void createGroupMenu(QWidget* owner);
-    void createColorRow(QWidget* owner);
+    void createColorRow();
     void fitGroupMenu();
 
     QMenu* m_menu;
@@ -56,5 +57,6 @@ private:
     QWidgetAction* m_colorRowAction = nullptr;
     VLTagColorAction* m_colorRow = nullptr;
     VLGroupListMenu* m_groupList = nullptr;
+    std::optional<bool> m_inCategory;  ///< How the entries are arranged.
     int m_choicesUnderWay = 0;
 };

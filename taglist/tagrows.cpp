@@ -65,11 +65,11 @@ void TagRows::add(const QVector<TagItem>& items)
         return;
     }
     sortRows(added);
-    const QVector<TagListRow*> present = takeRowsInOrder();
-    if (present.isEmpty()) {
+    if (count() == 0) {
         putRowsInOrder(added);
         return;
     }
+    const QVector<TagListRow*> present = takeRowsInOrder();
     const auto comesBefore = [this](const TagListRow* left, const TagListRow* right) {
         return m_proxy->comesBefore(left->tag().name, right->tag().name);
     };
@@ -162,8 +162,12 @@ QVector<TagListRow*> TagRows::takeRowsInOrder()
     return rows;
 }
 
+/// The model has no rows.
 void TagRows::putRowsInOrder(const QVector<TagListRow*>& rows)
 {
+    if (m_proxy->sourceModel())
+        m_proxy->setSourceModel(nullptr);
+    m_model->setColumnCount(0);
     QList<QStandardItem*> items;
     items.reserve(rows.size());
     std::copy(rows.begin(), rows.end(), std::back_inserter(items));

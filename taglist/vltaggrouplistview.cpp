@@ -60,12 +60,9 @@ VLTagGroupListView::VLTagGroupListView(QWidget* parent, bool drag)
     , m_layout(setUpColumn())
     , m_sections(m_layout,
                  [this](const QString& letter, const QVector<TagItem>& items) { return makeSection(letter, items); })
-    , m_menu(new TagContextMenu(this))
     , m_requests(VLTagManagerSingleton::instance()->tagAction())
     , m_drag(drag)
 {
-    connectMenu();
-    m_menu->arrange(false);
     auto* state = VLTagManagerSingleton::instance();
     connect(state, &VLTagManagerSingleton::signalAddGroupAction, this, &VLTagGroupListView::slotAddGroupAction);
     connect(state, &VLTagManagerSingleton::signalRemoveGroupAction, this, &VLTagGroupListView::slotRemoveGroupAction);
@@ -88,6 +85,13 @@ QVBoxLayout* VLTagGroupListView::setUpColumn()
     layout->setSizeConstraint(QLayout::SetMinAndMaxSize);
     layout->setAlignment(Qt::AlignTop);
     return layout;
+}
+
+void VLTagGroupListView::makeMenu()
+{
+    m_menu = new TagContextMenu(this);
+    connectMenu();
+    m_menu->arrange(false);
 }
 
 void VLTagGroupListView::connectMenu()
@@ -158,7 +162,10 @@ void VLTagGroupListView::replaceProvider(const QSharedPointer<ITagGroupDataProvi
         connect(m_provider.data(), &ITagGroupDataProvider::signalRemoveTags, this,
                 &VLTagGroupListView::slotRemoveTagsCallBack);
     }
-    m_menu->close();
+    if (m_menu)
+        m_menu->close();
+    else
+        makeMenu();
     const QPointer<VLTagGroupListView> self(this);
     const bool inCategory = next && next->groupId() > favoritesGroupId;
     if (self && m_provider == next)
@@ -379,7 +386,7 @@ void VLTagGroupListView::slotPopMenu(qint64 tag_id, QString name)
     const auto provider = providers.value(tag_id);
     const auto info = provider ? provider->tagInfo() : nullptr;
     const bool isFavorite = VLTagManagerSingleton::instance()->isFavoriteTag(tag_id);
-    if (self)
+    if (self && m_menu)
         m_menu->open(isFavorite, info ? info->colorIndex() : -1);
 }
 
@@ -492,13 +499,14 @@ void VLTagGroupListView::slotAddGroupAction(qint64 g_id)
     const QPointer<VLTagGroupListView> self(this);
     const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);
     const QString name = group ? group->groupName() : QString();
-    if (group && self)
+    if (group && self && m_menu)
         m_menu->groupList()->slotAddItem(g_id, name);
 }
 
 void VLTagGroupListView::slotRemoveGroupAction(qint64 g_id)
 {
-    m_menu->groupList()->slotRemoveItem(g_id);
+    if (m_menu)
+        m_menu->groupList()->slotRemoveItem(g_id);
 }
 
 void VLTagGroupListView::slotUpdateGroupAction(qint64 g_id)
@@ -508,6 +516,6 @@ void VLTagGroupListView::slotUpdateGroupAction(qint64 g_id)
     const QPointer<VLTagGroupListView> self(this);
     const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);
     const QString name = group ? group->groupName() : QString();
-    if (group && self)
+    if (group && self && m_menu)
         m_menu->groupList()->slotUpdateItem(g_id, name);
 }
