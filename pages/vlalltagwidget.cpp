@@ -102,6 +102,8 @@ QScrollArea* VLAllTagWidget::makeScrollArea(const QString& areaName, const QStri
     m_scrollWidget->setObjectName(contentName);
     // With a skin that gives the content an opaque colour, scrolling moves pixels and paints only what comes into view.
     m_scrollWidget->setAutoFillBackground(true);
+    // Growing below what is in view paints nothing anew.
+    m_scrollWidget->setAttribute(Qt::WA_StaticContents);
     m_contentLayout = new VLTallBoxLayout(m_scrollWidget);
     m_contentLayout->setContentsMargins(margins);
     m_contentLayout->setSpacing(0);

@@ -78,6 +78,8 @@ QVBoxLayout* VLTagGroupListView::setUpColumn()
     setObjectName(QStringLiteral("tag_group_list_view"));
     setWidget(new QWidget);
     setWidgetResizable(true);
+    for (QWidget* background : {static_cast<QWidget*>(this), viewport(), widget()})
+        background->setAttribute(Qt::WA_StaticContents);
     setObjectName(QStringLiteral("tag_group_widget"));
     auto* layout = new VLTallBoxLayout(this);
     layout->setSpacing(0);

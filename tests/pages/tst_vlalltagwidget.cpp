@@ -13,11 +13,15 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <functional>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -82,6 +86,7 @@ class TestAllTagWidget : public QObject
 private slots:
     void startsAtTheTopHoweverTallItIs();
     void createTagOpensTheDialogAndEndsTheSearch();
+    void screenShowsWhatTheWidgetsAre();
     void overlayBarShowsOnlyWhatCanScroll();
     void rebuildKeepsContentAndPosition();
     void emptyPageSaysWhatToDo();
@@ -115,6 +120,46 @@ void TestAllTagWidget::createTagOpensTheDialogAndEndsTheSearch()
     QCOMPARE(tracked.first().at(1).toList(), QVariantList{0});
     dialog->close();
     QTRY_VERIFY(!dialog);
+}
+
+/// What a change does not paint anew has to be right as it stands.
+void TestAllTagWidget::screenShowsWhatTheWidgetsAre()
+{
+    OpenPage open(manyNames(400));
+    QVERIFY(QTest::qWaitForWindowExposed(open.page));
+    const auto isTrue = [&open] {
+        const QImage shown = open.page->screen()->grabWindow(open.page->winId()).toImage();
+        return shown.convertToFormat(QImage::Format_RGB32) ==
+               open.page->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    const std::vector<std::pair<const char*, std::function<void()>>> changes{
+        {"opened", [] {}},
+        {"scrolled", [&] { open.area()->verticalScrollBar()->setValue(300); }},
+        {"added in view",
+         [&] {
+             open.host.addTags(lines({"d", "é", "f new and long", "A"}));
+         }},
+        {"renamed into view", [&] { open.host.renameTag(26, QStringLiteral("e renamed")); }},
+        {"renamed out of view", [&] { open.host.renameTag(5, QStringLiteral("~")); }},
+        {"longer in place",
+         [&] { open.host.renameTag(31, QStringLiteral("e tag of a much longer name than before")); }},
+        {"recoloured", [&] { open.host.setTagColor(31, 3); }},
+        {"section removed", [&] { open.host.removeTags({401}); }},
+        {"many added", [&] { open.host.addTags(manyNames(600).mid(400)); }},
+        {"narrower", [&] { open.page->resize(700, 600); }},
+        {"higher", [&] { open.page->resize(700, 640); }},
+        {"wider", [&] { open.page->resize(860, 500); }},
+        {"searched", [&] { open.search(QStringLiteral("1")); }},
+        {"searched on", [&] { open.search(QStringLiteral("12")); }},
+        {"result renamed", [&] { open.host.renameTag(13, QStringLiteral("12 is first")); }},
+        {"found nothing", [&] { open.search(QStringLiteral("nothing")); }},
+        {"cleared", [&] { open.field()->clear(); }},
+        {"emptied", [&] { open.host.removeTags(open.host.group(MemoryHost::AllTags)->tagIds()); }},
+    };
+    for (const auto& [name, change] : changes) {
+        change();
+        QTRY_VERIFY2(isTrue(), name);
+    }
 }
 
 void TestAllTagWidget::overlayBarShowsOnlyWhatCanScroll()
