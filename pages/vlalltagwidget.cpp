@@ -4,7 +4,6 @@
 #include "pages/emptyhint.h"
 #include "plugin/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
-#include "taglist/vltaglistview.h"
 #include "widgets/vlscrollbar.h"
 #include "widgets/vlsvgwidget.h"
 #include "widgets/vltallboxlayout.h"
@@ -14,6 +13,7 @@
 #include <vleventtrack.h>
 #include <vlskinsetting.h>
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,8 +21,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-
-#include <algorithm>
 
 namespace {
 
@@ -33,13 +31,6 @@ constexpr int chipsLeft = 16;  // of the chips within their list, where the hint
 QString counterText(int count)
 {
     return QStringLiteral("(%1)").arg(count);
-}
-
-bool showsChips(const VLTagGroupListView* list)
-{
-    const auto views = list->findChildren<VLTagListView*>();
-    return std::any_of(views.cbegin(), views.cend(),
-                       [](const VLTagListView* view) { return view->model()->rowCount() > 0; });
 }
 
 }  // namespace
@@ -182,7 +173,7 @@ QString VLAllTagWidget::hintWhenEmpty() const
 {
     const bool searches = !m_searchEdit->text().isEmpty();
     const VLTagGroupListView* list = searches ? m_searchList : m_letterList;
-    if (!list || showsChips(list))
+    if (!list || list->showsTags())
         return {};
     if (searches)
         return tr("No tag has this text in its name.");
@@ -201,7 +192,20 @@ void VLAllTagWidget::slotSearchChanged(const QString& text)
         return;
     m_letterList->setVisible(text.isEmpty());
     m_searchList->setVisible(!text.isEmpty());
+    const QPointer<VLAllTagWidget> self(this);
     m_searchList->reload(text);
+    if (self)
+        settleContent();
+}
+
+/// The field's painting is on its way already and comes first; what the lists posted for themselves would come after
+/// it, so that everything would be painted twice.
+void VLAllTagWidget::settleContent()
+{
+    for (QWidget* widget : {static_cast<QWidget*>(m_searchList), static_cast<QWidget*>(m_letterList), m_scrollWidget,
+                            m_scrollArea->viewport()})
+        QCoreApplication::sendPostedEvents(widget, QEvent::LayoutRequest);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
 }
 
 void VLAllTagWidget::slotSetOriScrollValue(int value)

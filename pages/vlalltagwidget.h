@@ -71,6 +71,7 @@ private:
     void makeSearchList(const QSharedPointer<ITagGroupDataProvider>& provider);
     void createTag();
     void addToCounter(int count);
+    void settleContent();
     void clearSearch();
     [[nodiscard]] QString hintWhenEmpty() const;
 

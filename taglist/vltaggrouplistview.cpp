@@ -186,6 +186,11 @@ void VLTagGroupListView::refreshResult(qint64 tag_id)
         m_results->refreshTag(tag_id);
 }
 
+bool VLTagGroupListView::showsTags() const
+{
+    return !m_sections.isEmpty() || (m_results && m_results->model()->rowCount() > 0);
+}
+
 void VLTagGroupListView::clear()
 {
     m_readPending = false;

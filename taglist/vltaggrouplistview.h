@@ -45,6 +45,7 @@ public:
     void reload(const QString& filter);
     /// Reads a tag again from its provider when it is among the search results.
     void refreshResult(qint64 tag_id);
+    [[nodiscard]] bool showsTags() const;
 
 signals:
     /// The host is to show the files that carry these tags.
@@ -113,7 +114,7 @@ private:
     QVBoxLayout* m_layout;
     TagSections m_sections;
     VLTagListView* m_results = nullptr;  ///< Made for the first search, owned as a child.
-    TagContextMenu* m_menu = nullptr;  ///< Made with the first provider: moving the list about costs less without it.
+    TagContextMenu* m_menu = nullptr;    ///< Made with the first provider: moving the list about costs less without it.
     qint64 m_menuTagId = 0;
     QString m_menuTagName;
     TagRequests m_requests;

@@ -114,9 +114,11 @@ bool Skin::readImages(const QString& folder, QString* error)
 {
     const QDir icons(folder + QLatin1String("/icons"));
     const QStringList names = icons.entryList(QDir::Files | QDir::Readable);
+    // What is compiled in is known to be whole, and reading it again would take a while at each start.
+    const bool compiledIn = folder.startsWith(QLatin1Char(':'));
     for (const QString& name : names) {
         const QString path = icons.filePath(name);
-        if (!isReadableImage(path)) {
+        if (!compiledIn && !isReadableImage(path)) {
             *error = translated("%1 is no image that can be shown").arg(QDir::toNativeSeparators(path));
             return false;
         }
