@@ -31,6 +31,24 @@ constexpr int chipSpacing = 16;
 constexpr int letterPixelSize = 12;
 constexpr int doubleClickJoin = 1;  // how usage tracking names a double click on a chip
 
+/// Whether something of a widget lies within all that is around it.
+bool isInView(const QWidget* widget)
+{
+    QRect rect = widget->rect();
+    while (!rect.isEmpty() && !widget->isWindow() && widget->parentWidget()) {
+        rect = rect.translated(widget->pos()) & widget->parentWidget()->rect();
+        widget = widget->parentWidget();
+    }
+    return !rect.isEmpty();
+}
+
+/// A widget that was shown asks to be painted; the toolkit then compares it with all its siblings, also where nothing
+/// of it can be seen, which for thousands of sections takes seconds. What comes into view is painted anyway.
+bool isIdlePaintRequest(const QEvent* event, const QWidget* widget)
+{
+    return event->type() == QEvent::UpdateLater && !isInView(widget);
+}
+
 }  // namespace
 
 /// Counts the handlers of this view that are on the stack; safe when the view is deleted by what they trigger.
@@ -68,6 +86,7 @@ VLTagListView::VLTagListView(const QVector<TagItem>& items, QWidget* parent, Fol
     m_letterLabel->setFont(letterFont);
     m_letterLabel->setTextFormat(Qt::PlainText);
     m_letterLabel->hide();
+    m_letterLabel->installEventFilter(this);
     m_rows.add(items);
     m_rows.open();
     setUpAppearance();
@@ -344,10 +363,12 @@ void VLTagListView::scrollTo(const QModelIndex& index, ScrollHint)
     }
 }
 
+/// QListView would measure and place every row.
 void VLTagListView::doItemsLayout()
 {
-    // QListView would measure and place every row.
-    QAbstractItemView::doItemsLayout();  // NOLINT(bugprone-parent-virtual-call)
+    updateGeometries();
+    if (isInView(viewport()))
+        viewport()->update();
 }
 
 void VLTagListView::slotUpdateLayout()
@@ -414,8 +435,7 @@ void VLTagListView::fitHeight()
     const int height = last.y() + last.height() + m_topMargin + m_bottomPad;
     if (minimumHeight() != height || maximumHeight() != height)
         setFixedHeight(height);
-    // The toolkit compares each widget to be painted with all its siblings, also where nothing of it can be seen.
-    if (!viewport()->visibleRegion().isEmpty())
+    if (isInView(viewport()))
         viewport()->update();
 }
 
@@ -440,12 +460,23 @@ void VLTagListView::fitNowOrWhenShown()
 
 bool VLTagListView::event(QEvent* event)
 {
+    if (isIdlePaintRequest(event, this))
+        return true;
     const BusyScope busy(this);
     return QListView::event(event);
 }
 
+bool VLTagListView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_letterLabel)
+        return isIdlePaintRequest(event, m_letterLabel);
+    return QListView::eventFilter(watched, event);
+}
+
 bool VLTagListView::viewportEvent(QEvent* event)
 {
+    if (isIdlePaintRequest(event, viewport()))
+        return true;
     const BusyScope busy(this);
     switch (event->type()) {
     case QEvent::HoverEnter:
