@@ -12,7 +12,31 @@ function(vellum_target_defaults target)
   if(VELLUM_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-sanitize=vptr -fno-omit-frame-pointer)
     target_link_options(${target} PRIVATE -fsanitize=address,undefined)
+    # The same for every target, as headers can only then be precompiled once for all; vltagmanager needs QT_NO_DEBUG.
+    target_compile_definitions(${target} PRIVATE QT_NO_DEBUG QT_FORCE_ASSERTS)
+    if(VELLUM_PRECOMPILED_HEADERS)
+      target_precompile_headers(${target} REUSE_FROM ${VELLUM_PRECOMPILED_HEADERS})
+    endif()
   endif()
+endfunction()
+
+# vellum_precompile_headers(<name> LIBRARIES <libraries> HEADERS <headers>): with sanitizers, targets of this folder and
+# of those below it read the headers from a file. Other builds do without, so that each source file shows in them that it
+# includes what it uses.
+function(vellum_precompile_headers name)
+  if(NOT VELLUM_SANITIZE)
+    return()
+  endif()
+  cmake_parse_arguments(arg "" "" "LIBRARIES;HEADERS" ${ARGN})
+  set(source ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "")
+  set(VELLUM_PRECOMPILED_HEADERS "")
+  add_library(${name} OBJECT ${source})
+  vellum_target_defaults(${name})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+  set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+  set(VELLUM_PRECOMPILED_HEADERS ${name} PARENT_SCOPE)
 endfunction()
 
 # vellum_add_plugin(<target> LIBRARIES <libraries>): a loadable module without prefix in build/plugins that defines
