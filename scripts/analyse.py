@@ -4,9 +4,10 @@
 
     scripts/analyse.py tidy|clazy [--single] [FILE...]
 
-Most of an analyser's time goes into Qt's headers, so files are read in batches: a generated file includes a dozen of
-them. Files that do not go together (equal names in unnamed namespaces) are read by themselves, as all are with --single.
-A batch that passed is remembered by its contents and the contents of every header, in build/analysis.
+Most of an analyser's time goes into Qt's headers, so files are read in batches: a generated file includes two dozen of
+them. Files that do not go together (equal names in unnamed namespaces) go into different batches; with --single every
+file is read by itself. A batch that passed is remembered by its contents and the contents of every header, in
+build/analysis.
 """
 
 import argparse
@@ -22,7 +23,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build"
-BATCH = 12
+BATCH = 24
 
 # clazy's level 1 without
 # - fully-qualified-moc-types: it would change the signatures that others connect to by name;
@@ -33,7 +34,7 @@ CLAZY_CHECKS = "level1,no-fully-qualified-moc-types,no-non-pod-global-static,no-
 # Our own code: not Qt's, not what the build generated.
 OWN = "^" + re.escape(str(ROOT)) + r"/[a-z]+/([a-z]+/)*[a-z_]+\.(h|cpp)$"
 
-FINDING = re.compile(r"^(?P<file>/[^:]+):\d+:\d+: (?:fatal error|error|warning): ")
+FINDING = re.compile(r"^(?P<file>/[^:]+):(?P<line>\d+):\d+: (?:fatal error|error|warning): ")
 
 
 def tracked(*patterns):
@@ -60,7 +61,9 @@ class Source:
                 self.includes.append((word, words.pop(0)))
             elif word.startswith("-I"):
                 self.includes.append((word,))
-            elif word not in ("-MD", "-MMD"):
+            # The analyser decides what is an error. Names that shadow others are the compiler's to find: in a batch, they
+            # would include names of other files.
+            elif word not in ("-MD", "-MMD", "-Werror", "-Wshadow", "-fPIE"):
                 self.options.append(word)
 
 
@@ -74,14 +77,52 @@ def sources(wanted):
     return [found[path] for path in sorted(found)]
 
 
-def batches(all_sources, size):
-    """Only files with the same options go together; their search paths are joined."""
-    groups = {}
-    for source in all_sources:
-        groups.setdefault(tuple(source.options), []).append(source)
-    for group in groups.values():
-        for start in range(0, len(group), size):
-            yield group[start:start + size]
+def is_no_finding(tool, match, text):
+    """What an analyser says besides its findings, and what it takes wrongly for one."""
+    if not re.match(OWN, match["file"]):
+        return True
+    if tool == "tidy":
+        return False
+    # clang-tidy looks at the compiler's warnings. And clazy does not know a container that a function has just made,
+    # which nothing shares, from one that a loop would copy.
+    code = pathlib.Path(match["file"]).read_text().splitlines()[int(match["line"]) - 1]
+    return "[-W" in text and "[-Wclazy-" not in text or (
+        "[-Wclazy-range-loop-detach]" in text and re.search(r" : .*\)\)( \{)?$", code) is not None)
+
+
+def joined_options(batch):
+    """The options of all, and their search paths."""
+    options = dict.fromkeys(option for source in batch for option in source.options)
+    includes = dict.fromkeys(include for source in batch for include in source.includes)
+    return [*options, *(word for include in includes for word in include)]
+
+
+def joined_text(batch):
+    """A file that includes the batch."""
+    return "".join(f'#define main main_{number}\n#include "{source.path}"\n#undef main\n'
+                   for number, source in enumerate(batch))
+
+
+def misfits(batch):
+    """The files of a batch that do not compile together with those before them."""
+    command = [batch[0].compiler, *joined_options(batch), "-w", "-fsyntax-only", "-x", "c++", "-"]
+    result = subprocess.run(command, input=joined_text(batch), cwd=BUILD, capture_output=True, text=True,
+                            errors="replace")
+    broken = {match["file"] for match in map(FINDING.match, result.stderr.splitlines()) if match}
+    return [source for source in batch if str(source.path) in broken]
+
+
+def batches(all_sources, size, pool):
+    """Files that compile together; those that do not start batches of their own."""
+    whole = [all_sources[start:start + size] for start in range(0, len(all_sources), size)]
+    if size == 1 or not whole:
+        return whole
+    apart = []
+    for number, strangers in enumerate(pool.map(misfits, whole)):
+        apart += strangers
+        whole[number] = [source for source in whole[number] if source not in strangers]
+    whole = [batch for batch in whole if batch]
+    return whole + (batches(apart, size if len(apart) < len(all_sources) else 1, pool))
 
 
 class Analyser:
@@ -106,20 +147,17 @@ class Analyser:
         return digest.hexdigest()
 
     def _write_batch(self, batch, name):
-        """A file that includes the batch, and a compilation database that knows it."""
+        """The file that an analyser reads for a batch, and a compilation database that knows it."""
         folder = self.folder / name
         folder.mkdir(exist_ok=True)
-        text = ""
-        for number, source in enumerate(batch):
-            text += f'#define main main_{number}\n#include "{source.path}"\n#undef main\n'
-        unity = folder / "batch.cpp"
-        unity.write_text(text)
-        includes = list(dict.fromkeys(include for source in batch for include in source.includes))
-        command = [batch[0].compiler, *batch[0].options, *(word for include in includes for word in include),
-                   "-c", str(unity)]
-        entry = {"directory": str(BUILD), "file": str(unity), "command": shlex.join(command)}
+        path = batch[0].path
+        if len(batch) > 1:
+            path = folder / "batch.cpp"
+            path.write_text(joined_text(batch))
+        command = [batch[0].compiler, *joined_options(batch), "-c", str(path)]
+        entry = {"directory": str(BUILD), "file": str(path), "command": shlex.join(command)}
         (folder / "compile_commands.json").write_text(json.dumps([entry]))
-        return folder, unity
+        return folder, path
 
     def _command(self, database, path):
         if self.tool == "tidy":
@@ -128,25 +166,23 @@ class Analyser:
         return ["clazy-standalone", f"-checks={CLAZY_CHECKS}", f"--header-filter={OWN}", "-p", database, path]
 
     def _run(self, batch, name):
-        """The findings, each with the lines that belong to it, and the files in which reading failed."""
-        database, path = self._write_batch(batch, name) if len(batch) > 1 else (BUILD, batch[0].path)
+        """The findings as texts, each with the lines that belong to it."""
+        database, path = self._write_batch(batch, name)
         result = subprocess.run(self._command(database, path), capture_output=True, text=True, errors="replace")
         findings, current = [], None
         for line in (result.stdout + result.stderr).splitlines():
             match = FINDING.match(line)
             if match:
-                current = [line] if re.match(OWN, match["file"]) else None
+                current = None if is_no_finding(self.tool, match, line) else [line]
                 if current:
                     findings.append(current)
             elif re.match(r"^\d+ (warning|error)s? |^Suppressed |^Use -header-filter|^Error while ", line):
                 current = None
             elif current is not None:
                 current.append(line)
-        broken = {pathlib.Path(finding[0].split(":")[0]) for finding in findings
-                  if "[clang-diagnostic-error]" in finding[0] or (self.tool == "clazy" and " error: " in finding[0])}
         if result.returncode != 0 and not findings:
             findings.append([f"{name}: {self.tool} ended with {result.returncode}", result.stdout, result.stderr])
-        return findings, broken
+        return ["\n".join(finding) for finding in findings]
 
     def check(self, batch):
         """The findings of a batch as texts."""
@@ -154,14 +190,7 @@ class Analyser:
         passed = self.folder / f"{key}.passed"
         if passed.exists():
             return []
-        findings, broken = self._run(batch, key[:16])
-        if len(batch) > 1 and broken:
-            apart = [source for source in batch if source.path in broken] or batch
-            rest = [source for source in batch if source not in apart]
-            texts = [text for source in apart for text in self.check([source])]
-            texts += self.check(rest) if rest else []
-        else:
-            texts = ["\n".join(finding) for finding in findings]
+        texts = self._run(batch, key[:16])
         if not texts:
             passed.touch()
         return texts
@@ -182,7 +211,7 @@ def main():
     analyser = Analyser(arguments.tool)
     seen = set()
     with concurrent.futures.ThreadPoolExecutor(len(os.sched_getaffinity(0))) as pool:
-        for texts in pool.map(analyser.check, batches(found, 1 if arguments.single else BATCH)):
+        for texts in pool.map(analyser.check, batches(found, 1 if arguments.single else BATCH, pool)):
             for text in texts:
                 if text not in seen:  # A header's finding comes once for each batch that includes it.
                     seen.add(text)
