@@ -101,7 +101,7 @@ void TagSections::clear()
     const auto sections = std::exchange(m_sections, {});
     m_letterOfTag.clear();
     m_emptied.clear();
-    takeFromLayout(sections.values().toVector());
+    takeFromLayout({sections.begin(), sections.end()});
     for (VLTagListView* section : sections)
         dispose(section);
 }

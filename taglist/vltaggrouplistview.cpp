@@ -48,7 +48,7 @@ QVector<TagItem> readTagItems(const TagProviders& providers, const QString& filt
     return items;
 }
 
-void trackMenu(const QString& entry, const QString& detail = QStringLiteral(""))
+void trackMenu(const QString& entry, const QString& detail = QLatin1String(""))
 {
     VlEventTrack::GetInstance()->SendBClickLabelMenu(entry, detail);
 }

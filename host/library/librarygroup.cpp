@@ -52,7 +52,7 @@ qint64 LibraryGroup::groupId() const
 int LibraryGroup::tags(QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const
 {
     out->reserve(out->size() + m_entry->tags.size());
-    for (const auto& tag : m_entry->tags)
+    for (const auto& tag : qAsConst(m_entry->tags))
         out->insert(tag->id, LibraryTag::of(tag));
     return m_entry->tags.size();
 }

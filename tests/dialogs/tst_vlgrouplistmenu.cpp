@@ -22,7 +22,7 @@ void TestVLGroupListMenu::fitsItsRowsAndForgivesWrongIds()
     QCOMPARE(list.ids(), QVector<qint64>({14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4}));
     QCOMPARE(list.height(), 230);
     for (const int height : {300, 270, 240}) {
-        list.slotRemoveItem(list.ids().last());
+        list.slotRemoveItem(list.ids().constLast());
         QCOMPARE(list.height(), height);
     }
     list.show();

@@ -100,7 +100,7 @@ void TestVLTagColorAction::isWorkedByKeyboardInsideItsMenu()
         press(Qt::Key_Right);
     press(Qt::Key_Space);
     QCOMPARE(picked.count(), 1);
-    QCOMPARE(picked.takeFirst().first().toInt(), 7);
+    QCOMPARE(picked.takeFirst().constFirst().toInt(), 7);
     QCOMPARE(selectedSwatches(*row), QVector<int>{7});
     press(Qt::Key_Down);
     QCOMPARE(menu.activeAction(), below);

@@ -37,7 +37,7 @@ QVector<qint64> tagIds(const ITagGroupDataProvider& group)
     QHash<qint64, QSharedPointer<ITagDataProvider>> tags;
     if (group.tags(&tags) != tags.size() || group.tagCount(1) != tags.size())
         return {-1};
-    return tags.keys().toVector();
+    return {tags.keyBegin(), tags.keyEnd()};
 }
 
 }  // namespace
@@ -200,7 +200,7 @@ QStringList LibraryFixture::shown() const
     manager()->tagGroups(groups);
     groups.prepend(group(1));
     groups.prepend(group(0));
-    for (const auto& category : groups)
+    for (const auto& category : qAsConst(groups))
         lines.append(categoryLine(category->groupId(), category->groupInfo()->name(), tagIds(*category)));
     return lines;
 }

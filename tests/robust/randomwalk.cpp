@@ -12,6 +12,8 @@
 
 #include <QMenu>
 
+#include <iterator>
+
 namespace {
 
 constexpr int groupLimit = 8;
@@ -94,7 +96,8 @@ QVector<qint64> RandomWalk::someTags(const WalkStep& step) const
 
 qint64 RandomWalk::someGroup(int number) const
 {
-    return m_model.groups.isEmpty() ? 0 : m_model.groups.keys().at(number % m_model.groups.size());
+    const auto& groups = m_model.groups;
+    return groups.isEmpty() ? 0 : *std::next(groups.keyBegin(), number % groups.size());
 }
 
 void RandomWalk::addTags(const WalkStep& step)

@@ -194,7 +194,7 @@ void TestHostileChanges::underAnAnimation()
         names.append(QChar(0x4e00 + i * 50) + QString::number(i));
     session.host.truth().addTags(names);
     session.user = std::make_unique<WindowUser>();
-    QWidget* area = session.user->page(WindowUser::AllTags)->findChild<QWidget*>(QStringLiteral("all_tag_scroll"));
+    auto* area = session.user->page(WindowUser::AllTags)->findChild<QWidget*>(QStringLiteral("all_tag_scroll"));
     QEvent enter(QEvent::Enter);
     QCoreApplication::sendEvent(area, &enter);
     QEvent leave(QEvent::Leave);

@@ -95,7 +95,8 @@ void WalkModel::search(const QString& text)
         return;
     searches[page] = text;
     m_results[page].clear();
-    for (const qint64 id : page == favoritesPage ? favorites.values() : tags.keys())
+    const auto searched = page == favoritesPage ? favorites : QSet<qint64>(tags.keyBegin(), tags.keyEnd());
+    for (const qint64 id : searched)
         foundBySearch(page, id);
 }
 
@@ -119,7 +120,7 @@ QSet<qint64> WalkModel::shownTags() const
     if (!searches.value(page).isEmpty())
         return m_results.value(page);
     if (page == allTagsPage)
-        return QSet<qint64>(tags.keyBegin(), tags.keyEnd());
+        return {tags.keyBegin(), tags.keyEnd()};
     if (page == favoritesPage)
         return favorites;
     return selectedGroup == 0 ? unfiled() : groups.value(selectedGroup).tags;

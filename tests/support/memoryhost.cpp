@@ -56,7 +56,7 @@ QVector<qint64> MemoryHost::groupsOf(qint64 tagId) const
 
 qint64 MemoryHost::addTag(const QString& name, int colorIndex, int fileCount)
 {
-    return addTags(QVector<MemoryTagSpec>{{name, colorIndex, fileCount}}).first();
+    return addTags(QVector<MemoryTagSpec>{{name, colorIndex, fileCount}}).constFirst();
 }
 
 QVector<qint64> MemoryHost::addTags(const QVector<MemoryTagSpec>& tags)

@@ -69,7 +69,7 @@ public:
     void removeTags(const QVector<qint64>& tagIds);
     void setFavorite(qint64 tagId, bool favorite);
 
-    qint64 addGroup(const QString& name) { return addGroups({name}).first(); }
+    qint64 addGroup(const QString& name) { return addGroups({name}).constFirst(); }
     QVector<qint64> addGroups(const QStringList& names);
     void renameGroup(qint64 groupId, const QString& name);
     void removeGroup(qint64 groupId) { removeGroups({groupId}); }

@@ -59,6 +59,7 @@ private:
 std::vector<int> randomWidths(QRandomGenerator& random, int count)
 {
     std::vector<int> widths;
+    widths.reserve(count);
     for (int i = 0; i < count; ++i)
         widths.push_back(random.bounded(10) == 0 ? random.bounded(200, 900) : random.bounded(44, 160));
     return widths;

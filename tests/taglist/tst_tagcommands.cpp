@@ -207,7 +207,7 @@ void TagCommandsTest::recolour()
     desk.list->slotPopMenu(1, QStringLiteral("apple"));
     auto* row = desk.menu()->findChild<VLTagColorAction*>();
     emit row->signalColorClicked(4);
-    QTRY_COMPARE(readTagItem(desk.host.tag(1))->color, QColor("#1f6f3a"));
+    QTRY_COMPARE(readTagItem(desk.host.tag(1))->color, QColor(0x1f6f3a));
     QCOMPARE(desk.log.take(), QStringList({"VLTagGroupListView::slotSetTagColor tagId: 1"}));
     QCOMPARE(desk.tracked, QStringList({"SendBClickLabelMenu|Set Color|green"}));
     emit row->signalColorClicked(-1);

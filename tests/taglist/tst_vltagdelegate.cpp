@@ -51,11 +51,11 @@ void TagDelegateTest::chipHasTheTagsColor()
 {
     Chips chips({"red"});
     const int right = chips.rect(0).width() - 1;
-    QCOMPARE(chips.color(0, 4, 11), QColor("#b3261e"));
-    QCOMPARE(chips.color(0, right + 1, 11), QColor("#b3261e"));
-    QVERIFY(chips.color(0, right + 2, 11) != QColor("#b3261e"));
+    QCOMPARE(chips.color(0, 4, 11), QColor(0xb3261e));
+    QCOMPARE(chips.color(0, right + 1, 11), QColor(0xb3261e));
+    QVERIFY(chips.color(0, right + 2, 11) != QColor(0xb3261e));
     chips.host.setTagColor(1, 4);
-    QCOMPARE(chips.color(0, 4, 11), QColor("#1f6f3a"));
+    QCOMPARE(chips.color(0, 4, 11), QColor(0x1f6f3a));
 }
 
 void TagDelegateTest::hoverLightensOneChip()

@@ -192,7 +192,7 @@ void TagGroupListViewTest::anotherOrderOfFillingGivesTheSamePixels()
     for (const QString& name : qAsConst(tagNames))
         singleHost.addTag(name);
     bulkHost.removeTags(leaving);
-    for (const qint64 id : leaving)
+    for (const qint64 id : qAsConst(leaving))
         singleHost.removeTags({id});
     QTRY_VERIFY(standInAColumn(bulk.list) && standInAColumn(single.list));
     QTRY_COMPARE(single.list->size(), bulk.list->size());
@@ -211,7 +211,7 @@ void TagGroupListViewTest::columnsMayBeTallerThanLayoutsAllow()
     host.addTag(QStringLiteral("dog"));
     QTRY_VERIFY(page.list->height() > 16000 * 38);
     QTRY_VERIFY(standInAColumn(page.list));
-    QCOMPARE(sections(page.list).last()->letter(), QStringLiteral("D"));
+    QCOMPARE(sections(page.list).constLast()->letter(), QStringLiteral("D"));
 }
 
 void TagGroupListViewTest::sectionMayEmptyItselfInsideItsOwnEvent()

@@ -102,7 +102,7 @@ void TagListViewTest::rowsHoldTheWholeRecord()
     QCOMPARE(tag.id, section.ids[0]);
     QCOMPARE(tag.name, QStringLiteral("apple"));
     QCOMPARE(tag.fileCount, 7);
-    QCOMPARE(tag.color, QColor("#4a5568"));
+    QCOMPARE(tag.color, QColor(0x4a5568));
     QVERIFY(tag.provider);
     QVERIFY(index.flags() & Qt::ItemIsDragEnabled);
     for (const int role : {int(Qt::DisplayRole), int(Qt::DecorationRole), Qt::UserRole + 1})
@@ -157,7 +157,7 @@ void TagListViewTest::renamedTagsMoveOrLeave()
     section.host.renameTag(section.ids[1], "banana");
     QCOMPARE(noMatch.count(), 1);
     QCOMPARE(noMatch[0][0].value<QVector<qint64>>(), QVector<qint64>{section.ids[1]});
-    QCOMPARE(names(section.view).first(), QStringLiteral("a"));
+    QCOMPARE(names(section.view).constFirst(), QStringLiteral("a"));
     QCOMPARE(names(section.view).size(), 4);
 }
 

@@ -22,6 +22,7 @@ struct OverlaidArea
 {
     explicit OverlaidArea(int contentHeight)
         : content(new QWidget)
+        , bar(new VLScrollBar(&area))
     {
         content->setMinimumHeight(contentHeight);
         area.setFrameShape(QFrame::NoFrame);
@@ -29,7 +30,6 @@ struct OverlaidArea
         area.setWidgetResizable(true);
         area.resize(300, 200);
         area.show();
-        bar = new VLScrollBar(&area);
         bar->setUp(&area, 0, 0);
     }
 

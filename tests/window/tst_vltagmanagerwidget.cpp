@@ -144,7 +144,7 @@ void TestTagManagerWidget::maximizeButtonFollowsTheHost()
     QVERIFY(button->styleSheet().contains(image("title_window_restore_hover.svg")));
     open.window->updateMaximizeButton(false);
     QCOMPARE(button->styleSheet(), maximize);
-    QVERIFY(open.windowButtons().first()->styleSheet().startsWith(
+    QVERIFY(open.windowButtons().constFirst()->styleSheet().startsWith(
         QStringLiteral("QPushButton{border:0px;padding-top:5px;padding-bottom:5px;") +
         image("title_window_minisize_normal.svg")));
 }
