@@ -6,11 +6,10 @@ set -uo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 logs=$root/build/logs
 all_stages=(release format asan tidy clazy)
-default_stages=(release format)
 declare -A purpose=(
     [release]='build, and every test'
     [format]='layout of the code'
-    [asan]='every test under the address and undefined behaviour sanitizers, with leak detection'
+    [asan]='the test programs under the address and undefined behaviour sanitizers, with leak detection'
     [tidy]='clang-tidy over every file'
     [clazy]='clazy over every file'
 )
@@ -20,13 +19,12 @@ report=()
 
 usage() {
     cat <<USAGE
-Usage: scripts/test.sh [--quick | --all] [--long] [--stage NAME]...
+Usage: scripts/test.sh [--quick] [--long] [--stage NAME]...
 
 Installs missing packages, builds, and runs every test and check. Everything it writes
 is below build/, the full output of each stage in build/logs.
 
   --quick       only the tests of the release build
-  --all         every stage; without an option these run: ${default_stages[*]}
   --long        the long forms of the tests that have one (soak, random walk, damaged
                 pictures); hours instead of minutes
   --stage NAME  only this stage; may be given more than once
@@ -49,7 +47,6 @@ parse_arguments() {
     while [[ $# -gt 0 ]]; do
         case $1 in
         --quick) stages=(release) ;;
-        --all) stages=("${all_stages[@]}") ;;
         --long) export VELLUM_LONG_TESTS=1 ;;
         --stage)
             [[ $# -gt 1 && -n ${purpose[$2]:-} ]] || wrong_usage "--stage takes one of: ${all_stages[*]}"
@@ -64,7 +61,7 @@ parse_arguments() {
         esac
         shift
     done
-    [[ ${#stages[@]} -gt 0 ]] || stages=("${default_stages[@]}")
+    [[ ${#stages[@]} -gt 0 ]] || stages=("${all_stages[@]}")
 }
 
 # Files of the project whose names match the patterns, zero-terminated; also those not committed yet.
