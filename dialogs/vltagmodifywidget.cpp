@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/vltagmodifywidget.h"
 
+#include "dialogs/lowlabel.h"
 #include "plugin/vltagmanagersingleton.h"
 
 #include <itagdataprovider.h>
@@ -98,12 +99,12 @@ void VLTagModifyWidget::showEvent(QShowEvent* event)
 
 void VLTagModifyWidget::createTitle()
 {
-    m_titleLabel = new QLabel(tr("Modify Tag"), this);
+    m_titleLabel = new LowLabel(this);
+    m_titleLabel->setText(tr("Modify Tag"));
     m_titleLabel->setObjectName(QStringLiteral("tag_popup_ttile"));
     m_titleLabel->setFixedSize(64, 16);
     m_titleLabel->setFont(pixelFont(16));
-    // The line is taller than the label; what is cut off must be the room above the capitals, not the descenders.
-    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    m_titleLabel->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     m_titleLabel->move(120, 30);
 }
 
