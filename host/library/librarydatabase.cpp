@@ -27,7 +27,8 @@ QString frozenUri(const QString& path)
 }  // namespace
 
 LibraryDatabase::LibraryDatabase(const QString& path, Access access)
-    : m_connection(QUuid::createUuid().toString(QUuid::WithoutBraces))
+    : m_file(path)
+    , m_connection(QUuid::createUuid().toString(QUuid::WithoutBraces))
     , m_database(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection))
 {
     QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/library/heldfile.h"
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
@@ -38,6 +40,7 @@ private:
     void configure(Access access);
     void close();
 
+    HeldFile m_file;  ///< Given up after the connection.
     QString m_connection;
     QSqlDatabase m_database;
     std::map<const char*, QSqlQuery> m_prepared;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryfile.h"
 
+#include "host/library/heldfile.h"
 #include "host/library/libraryerror.h"
 #include "host/library/libraryschema.h"
 #include "host/library/librarytext.h"
@@ -46,12 +47,12 @@ void createForOwner(const QString& path)
 /// The header as it is on the disk, read past SQLite because opening a database may already write to it.
 void requireHeaderOfOurs(const QString& path)
 {
-    QFile file(path);
     if (QFileInfo(path).isDir())
         fail(librarytext::tr("The library cannot be opened: it is a folder."));
-    if (!file.open(QIODevice::ReadOnly))
+    const HeldFile file(path);
+    if (!file.isOpen())
         fail(librarytext::tr("The library cannot be opened: %1").arg(file.errorString()));
-    const QByteArray header = file.read(HeaderSize);
+    const QByteArray header = file.head(HeaderSize);
     if (header.size() < HeaderSize || !header.startsWith(QByteArray("SQLite format 3\0", 16)))
         fail(librarytext::tr("The file is no library: it is no database."));
     if (qFromBigEndian<quint32>(header.constData() + ApplicationIdOffset) != libraryschema::ApplicationId)

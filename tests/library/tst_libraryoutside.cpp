@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/library/libraryreader.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QProcess>
@@ -58,6 +59,7 @@ private slots:
     void cleanup();
 
     void changesAreToldWithoutARequest();
+    void nothingIsLostWhenAnotherProgramCloses();
     void changesAreToldBeforeARequestIsCarriedOut();
     void namesThatChangedHands();
     void ownChangesAreToldOnce();
@@ -84,6 +86,23 @@ void TstLibraryOutside::init()
 void TstLibraryOutside::cleanup()
 {
     QCOMPARE(f->shown(), f->stored());
+}
+
+/// The last program that closes a library removes its log. Who is not the last must know of the others.
+void TstLibraryOutside::nothingIsLostWhenAnotherProgramCloses()
+{
+    const auto seenByAnotherProgram = [this] {
+        QProcess program;
+        program.start(QStringLiteral("sqlite3"), {f->path(), QStringLiteral("SELECT max(name) FROM tags")});
+        program.waitForFinished();
+        return program.readAllStandardOutput().trimmed();
+    };
+    QVERIFY(f->createTags({"x before"}));
+    QVERIFY(LibraryFixture::openOnce(f->path()));
+    QVERIFY(LibraryReader::open(f->path()));
+    QCOMPARE(seenByAnotherProgram(), QByteArray("x before"));
+    QVERIFY(f->createTags({"y after"}));
+    QCOMPARE(seenByAnotherProgram(), QByteArray("y after"));
 }
 
 void TstLibraryOutside::changesAreToldWithoutARequest()
