@@ -181,11 +181,12 @@ void TagGroupListViewTest::anotherOrderOfFillingGivesTheSamePixels()
 {
     QRandomGenerator random(3);
     QStringList tagNames;
-    for (int i = 0; i < 400; ++i)
-        tagNames.append(QString(QChar('a' + random.bounded(26))) + QString::number(random.bounded(1000000)));
+    const QString initials = QString::fromUtf8("abcdefghijklmnopqrstuvwxyzAÉñß1@山中文あ한");
+    for (int i = 0; i < 1000; ++i)
+        tagNames.append(initials.at(random.bounded(initials.size())) + QString::number(random.bounded(1000000)));
     InstalledHost bulkHost(tagNames);
     const Page bulk(bulkHost);
-    QVector<qint64> leaving(150);
+    QVector<qint64> leaving(300);
     std::iota(leaving.begin(), leaving.end(), 100);
     InstalledHost singleHost;
     const Page single(singleHost);
