@@ -16,9 +16,9 @@ constexpr int keptCounts = 1000;  // file counts beyond them are measured each t
 constexpr ushort firstAscii = 0x20;
 constexpr ushort lastAscii = 0x7E;
 constexpr int asciiCount = lastAscii - firstAscii + 1;
-// Letters of the Latin-1 supplement and of Latin Extended-A and B.
+// Letters of the Latin-1 supplement and of Latin Extended-A.
 constexpr ushort firstAccented = 0xC0;
-constexpr ushort lastAccented = 0x24F;
+constexpr ushort lastAccented = 0x17F;
 constexpr int latinCount = asciiCount + lastAccented - firstAccented + 1;
 
 // Han and Hangul in one table; what lies between the two blocks is never asked for.

@@ -38,13 +38,25 @@ QMenu* makeMenu(QWidget* owner, const QString& styleSheetName)
 
 }  // namespace
 
-TagContextMenu::TagContextMenu(QWidget* owner)
+TagContextMenu::Categories TagContextMenu::readCategories()
+{
+    QVector<QSharedPointer<ITagGroupDataProvider>> groups;
+    VLTagManagerSingleton::instance()->tagGroups(groups);
+    Categories categories;
+    for (const auto& group : qAsConst(groups)) {
+        if (group)
+            categories.append({group->groupId(), group->groupName()});
+    }
+    return categories;
+}
+
+TagContextMenu::TagContextMenu(QWidget* owner, const Categories& categories)
     : QObject(owner)
     , m_menu(makeMenu(owner, QStringLiteral("menu")))
 {
     m_menu->setFixedWidth(menuWidth);
     createActions();
-    createGroupMenu(owner);
+    createGroupMenu(owner, categories);
     createColorRow();
 }
 
@@ -81,7 +93,7 @@ void TagContextMenu::createActions()
     m_detach = makeAction(VLTagGroupListView::tr("Remove the Tag from the Category"), &TagContextMenu::detachChosen);
 }
 
-void TagContextMenu::createGroupMenu(QWidget* owner)
+void TagContextMenu::createGroupMenu(QWidget* owner, const Categories& categories)
 {
     m_groupMenu = makeMenu(owner, QStringLiteral("tagmanager"));
     m_groupMenu->setTitle(VLTagGroupListView::tr("Add to Category"));
@@ -90,12 +102,8 @@ void TagContextMenu::createGroupMenu(QWidget* owner)
     // Without a parent: the menu that shows it takes it in. So it is with the row of colours.
     m_groupList = new VLGroupListMenu(nullptr);
     m_groupList->setFixedSize(groupListSize);
-    QVector<QSharedPointer<ITagGroupDataProvider>> groups;
-    VLTagManagerSingleton::instance()->tagGroups(groups);
-    for (const auto& group : qAsConst(groups)) {
-        if (group)
-            m_groupList->slotAddItem(group->groupId(), group->groupName());
-    }
+    for (const auto& category : categories)
+        m_groupList->slotAddItem(category.first, category.second);
     auto* listAction = new QWidgetAction(m_groupMenu);
     listAction->setDefaultWidget(m_groupList);
     m_groupMenu->addAction(listAction);

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPair>
+#include <QString>
+#include <QVector>
 
 #include <functional>
 #include <optional>
@@ -19,8 +22,14 @@ class TagContextMenu : public QObject
     Q_OBJECT
 
 public:
-    /// The menus belong to \a owner, which must outlive this object; the category list starts with every category.
-    explicit TagContextMenu(QWidget* owner);
+    /// Ids and names, in the order in which they are offered.
+    using Categories = QVector<QPair<qint64, QString>>;
+
+    /// Every category of the open library. The host may do anything from inside the reading.
+    [[nodiscard]] static Categories readCategories();
+
+    /// The menus belong to \a owner, which must outlive this object.
+    TagContextMenu(QWidget* owner, const Categories& categories);
     /// The host may delete the window from inside what an entry does; the menus then outlive it for a moment.
     ~TagContextMenu() override;
 
@@ -43,7 +52,7 @@ signals:
 private:
     void carryOut(const std::function<void()>& choice);
     void createActions();
-    void createGroupMenu(QWidget* owner);
+    void createGroupMenu(QWidget* owner, const Categories& categories);
     void createColorRow();
     void fitGroupMenu();
 

@@ -91,7 +91,11 @@ QVBoxLayout* VLTagGroupListView::setUpColumn()
 
 void VLTagGroupListView::makeMenu()
 {
-    m_menu = new TagContextMenu(this);
+    const QPointer<VLTagGroupListView> self(this);
+    const TagContextMenu::Categories categories = TagContextMenu::readCategories();
+    if (!self || m_menu)
+        return;
+    m_menu = new TagContextMenu(this, categories);
     connectMenu();
     m_menu->arrange(false);
 }
@@ -164,13 +168,13 @@ void VLTagGroupListView::replaceProvider(const QSharedPointer<ITagGroupDataProvi
         connect(m_provider.data(), &ITagGroupDataProvider::signalRemoveTags, this,
                 &VLTagGroupListView::slotRemoveTagsCallBack);
     }
+    const QPointer<VLTagGroupListView> self(this);
     if (m_menu)
         m_menu->close();
-    else
+    else if (m_shown == Shown::Letters)
         makeMenu();
-    const QPointer<VLTagGroupListView> self(this);
     const bool inCategory = next && next->groupId() > favoritesGroupId;
-    if (self && m_provider == next)
+    if (self && m_provider == next && m_menu)
         m_menu->arrange(inCategory);
 }
 
@@ -247,6 +251,11 @@ void VLTagGroupListView::showTags(const QVector<TagItem>& items)
 
 void VLTagGroupListView::showResults(const QVector<TagItem>& items)
 {
+    const QPointer<VLTagGroupListView> self(this);
+    if (!m_menu)
+        makeMenu();
+    if (!self)
+        return;
     if (!m_results)
         m_results = makeResultList();
     m_results->setSearchText(m_filter);
