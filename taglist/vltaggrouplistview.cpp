@@ -171,7 +171,7 @@ void VLTagGroupListView::replaceProvider(const QSharedPointer<ITagGroupDataProvi
     const QPointer<VLTagGroupListView> self(this);
     if (m_menu)
         m_menu->close();
-    else if (m_shown == Shown::Letters)
+    else
         makeMenu();
     const bool inCategory = next && next->groupId() > favoritesGroupId;
     if (self && m_provider == next && m_menu)
@@ -251,11 +251,6 @@ void VLTagGroupListView::showTags(const QVector<TagItem>& items)
 
 void VLTagGroupListView::showResults(const QVector<TagItem>& items)
 {
-    const QPointer<VLTagGroupListView> self(this);
-    if (!m_menu)
-        makeMenu();
-    if (!self)
-        return;
     if (!m_results)
         m_results = makeResultList();
     m_results->setSearchText(m_filter);

@@ -114,8 +114,7 @@ private:
     QVBoxLayout* m_layout;
     TagSections m_sections;
     VLTagListView* m_results = nullptr;  ///< Made for the first search, owned as a child.
-    TagContextMenu* m_menu =
-        nullptr;  ///< Made with the first provider or result: moving the list costs less without it.
+    TagContextMenu* m_menu = nullptr;    ///< Made with the first provider: moving the list about costs less without it.
     qint64 m_menuTagId = 0;
     QString m_menuTagName;
     TagRequests m_requests;
