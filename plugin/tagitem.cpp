@@ -14,7 +14,8 @@ std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider, co
     if (!info)
         return std::nullopt;
     QString name = info->name();
-    if (!name.contains(filter, Qt::CaseInsensitive))
+    // Most hits have the case that was typed, and that is found many times faster.
+    if (!name.contains(filter) && !name.contains(filter, Qt::CaseInsensitive))
         return std::nullopt;
     const int fileCount = provider->fileCount(1);
     return TagItem{info->id(), std::move(name), VLTagManagerSingleton::instance()->tagColor(info->colorIndex()),

@@ -52,6 +52,7 @@ private:
     std::optional<int> sumOfWideAdvances(const QString& text);
     int latinAdvance(int index, int next, const QChar* pair);
     int wideAdvance(QChar character);
+    [[nodiscard]] int measureWide(QChar character);
     int emojiAdvance(const QChar* pair);
     int countWidth(int fileCount);
     [[nodiscard]] int shapedWidth(const QString& text) const;
@@ -65,6 +66,9 @@ private:
     std::vector<int> m_latinAdvances;  ///< Of characters with nothing behind them.
     std::vector<int> m_wideAdvances;   ///< Of the characters from U+4E00 to U+D7A3.
     QHash<uint, int> m_emojiAdvances;
+    int m_wideMeasured = 0;
+    bool m_hintingKeepsPixels = true;  ///< So far: advances of whole pixels are the same without hinting.
+    std::optional<QFontMetricsF> m_unhintedMetrics;
     std::vector<int> m_countWidths;  ///< Of small numbers, in pixels.
     bool m_pairsAreExact = false;    ///< The font joins no three characters into one glyph.
 };
