@@ -170,6 +170,12 @@ void ChipGeometryTest::widthsAreThoseOfTheFont()
         const QString name = randomName(random);
         QVERIFY2(metrics.textWidth(name) == font.horizontalAdvance(name), qPrintable(name));
     }
+    // More characters than are looked at one by one.
+    constexpr ushort step = 7;
+    for (ushort unit = 0x4E00; unit < 0xD7A0; unit += step) {
+        const QString name = QString(QChar(unit)) + QChar(unit + 1);
+        QVERIFY2(metrics.textWidth(name) == font.horizontalAdvance(name), qPrintable(name));
+    }
     QCOMPARE(metrics.textWidth({}), 0);
     QCOMPARE(metrics.textWidth(QString(2000, 'x')), font.horizontalAdvance(QString(2000, 'x')));
 }
