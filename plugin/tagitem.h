@@ -21,6 +21,7 @@ struct TagItem
 };
 
 Q_DECLARE_METATYPE(TagItem)
+Q_DECLARE_TYPEINFO(TagItem, Q_MOVABLE_TYPE);
 
 /// Reads the provider's record, its colour in the shared palette and its file count.
 /// Nothing when the provider or its record is null, or the name does not contain \a filter, compared without case.
