@@ -25,8 +25,8 @@ Q_DECLARE_TYPEINFO(TagItem, Q_MOVABLE_TYPE);
 
 /// Reads the provider's record, its colour in the shared palette and its file count.
 /// Nothing when the provider or its record is null, or the name does not contain \a filter, compared without case.
-/// The host may do anything from inside the reading, so the pointer is
-/// a copy, and the caller has to look whether it is still there itself.
+/// The host may do anything from inside the reading, so the pointer is a copy, and the caller has to look whether it is
+/// still there itself.
 std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider, const QString& filter = {});
 
 /// Makes TagItem known to the meta-type system by its name; called once when the plug-in is loaded.

@@ -11,8 +11,10 @@ constexpr int fontPixelSize = 12;
 constexpr int unitsPerPixel = 64;  // the text engine's 26.6 fixed point
 constexpr int unknown = -1;
 
-constexpr int measuredAsTheyAre = 400;  // characters of small libraries
-constexpr int compared = 100;           // characters that follow
+// The number of wide characters measured so far from which on they are measured without hinting, first to compare, then
+// to rely on it. A small library has fewer: loading the fonts a second time would cost it more than it saves.
+constexpr int comparedFrom = 400;
+constexpr int reliedOnFrom = 500;
 
 constexpr int keptCounts = 1000;  // file counts beyond them are measured each time
 
@@ -182,7 +184,7 @@ int ChipMetrics::wideAdvance(QChar character)
 int ChipMetrics::measureWide(QChar character)
 {
     const int number = m_wideMeasured++;
-    if (number < measuredAsTheyAre || !m_hintingKeepsPixels)
+    if (number < comparedFrom || !m_hintingKeepsPixels)
         return shapedWidth(QString(character));
     if (!m_unhintedMetrics) {
         QFont unhinted = m_font;
@@ -191,7 +193,7 @@ int ChipMetrics::measureWide(QChar character)
     }
     const int advance = toUnits(m_unhintedMetrics->horizontalAdvance(character));
     const bool isWhole = advance % unitsPerPixel == 0;
-    if (isWhole && number >= measuredAsTheyAre + compared)
+    if (isWhole && number >= reliedOnFrom)
         return advance;
     const int hinted = shapedWidth(QString(character));
     m_hintingKeepsPixels = !isWhole || hinted == advance;

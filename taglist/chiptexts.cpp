@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int keptCharacters = 32768;  // of all texts together: several screens of chips
+constexpr int longestKept = 4096;      // a longer text is drawn afresh each time
 constexpr int textOverhead = 16;       // what a text costs besides its characters, counted in characters
 
 }  // namespace
@@ -55,8 +56,7 @@ QTextLayout* ChipTexts::layoutOf(const QString& text)
 {
     if (QTextLayout* kept = m_layouts.object(text))
         return kept;
-    const int cost = text.size() + textOverhead;
-    if (cost > keptCharacters / 8)
+    if (text.size() > longestKept)
         return nullptr;
     auto layout = std::make_unique<QTextLayout>(text, m_font);
     QTextOption option;
@@ -69,6 +69,6 @@ QTextLayout* ChipTexts::layoutOf(const QString& text)
     if (line.textLength() != text.size())
         return nullptr;
     QTextLayout* kept = layout.get();
-    m_layouts.insert(text, layout.release(), cost);
+    m_layouts.insert(text, layout.release(), text.size() + textOverhead);
     return kept;
 }
