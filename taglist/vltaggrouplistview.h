@@ -85,6 +85,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    static constexpr qint64 favoritesGroupId = 1;
+
     /// What the list is there for.
     enum class Shown
     {
