@@ -25,6 +25,7 @@ constexpr int asciiCount = lastAscii - firstAscii + 1;
 constexpr ushort firstAccented = 0xC0;
 constexpr ushort lastAccented = 0x17F;
 constexpr int latinCount = asciiCount + lastAccented - firstAccented + 1;
+constexpr int joiningLetter = 'f' - firstAscii;  // two of them begin the glyphs of three letters that fonts have
 
 // Han and Hangul in one table; what lies between the two blocks is never asked for.
 constexpr ushort firstHan = 0x4E00;
@@ -78,8 +79,8 @@ ChipMetrics::ChipMetrics(const QFont& font)
     , m_countWidths(keptCounts, unknown)
 {
     const auto pairsExplain = [this](const QString& letters) { return sumOfAdvances(letters) == shapedWidth(letters); };
-    m_pairsAreExact = pairsExplain(QStringLiteral("ffi")) && pairsExplain(QStringLiteral("ffl")) &&
-                      pairsExplain(QStringLiteral("fff"));
+    m_joinsLetters = !pairsExplain(QStringLiteral("ffi")) || !pairsExplain(QStringLiteral("ffl")) ||
+                     !pairsExplain(QStringLiteral("fff"));
 }
 
 ChipMetrics& ChipMetrics::shared()
@@ -102,8 +103,7 @@ QFont ChipMetrics::chipFont()
 
 int ChipMetrics::textWidth(const QString& text)
 {
-    const bool mayJoinLetters = !m_pairsAreExact && text.contains(QLatin1String("ff"));
-    const std::optional<int> sum = mayJoinLetters ? std::nullopt : sumOfAdvances(text);
+    const std::optional<int> sum = sumOfAdvances(text);
     return sum ? toPixels(*sum) : m_metrics.horizontalAdvance(text);
 }
 
@@ -121,8 +121,8 @@ QSize ChipMetrics::chipSize(const QString& name, int fileCount, ChipLook look)
     return size;
 }
 
-/// Width in 1/64 pixel of a text in Latin and emoji, or in Han and Hangul; nothing for another text. In a text of both,
-/// digits and spaces may come from either font.
+/// Width in 1/64 pixel of a text in Latin and emoji, or in Han and Hangul; nothing for another text, and for one with
+/// letters that the font may draw as one glyph. In a text of both scripts digits and spaces may come from either font.
 std::optional<int> ChipMetrics::sumOfAdvances(const QString& text)
 {
     if (!text.isEmpty() && isWide(text.at(0)))
@@ -134,6 +134,8 @@ std::optional<int> ChipMetrics::sumOfAdvances(const QString& text)
     for (int i = 0; i < length; ++i) {
         const QChar* pair = text.constData() + i;
         int next = latinAt(i + 1);
+        if (m_joinsLetters && latin == joiningLetter && next == joiningLetter)
+            return std::nullopt;
         if (latin >= 0) {
             units += latinAdvance(latin, next, pair);
         } else {

@@ -70,5 +70,5 @@ private:
     bool m_hintingKeepsPixels = true;  ///< So far: advances of whole pixels are the same without hinting.
     std::optional<QFontMetricsF> m_unhintedMetrics;
     std::vector<int> m_countWidths;  ///< Of small numbers, in pixels.
-    bool m_pairsAreExact = false;    ///< The font joins no three characters into one glyph.
+    bool m_joinsLetters = false;     ///< The font draws some three letters as one glyph.
 };

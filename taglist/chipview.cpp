@@ -26,9 +26,9 @@ ChipView::ChipView(QWidget* parent, TagRows::Follow follow)
 
 ChipView::~ChipView() = default;
 
-void ChipView::setUp(const QVector<TagItem>& items)
+void ChipView::setUp(QVector<TagItem> items)
 {
-    m_rows.add(items);
+    m_rows.add(std::move(items));
     m_rows.open();
     setUpAppearance();
     setUpModel();

@@ -55,7 +55,7 @@ protected:
 
     ChipView(QWidget* parent, TagRows::Follow follow);
     /// To be called once by the constructor of a derived class, which \a follow of the rows may need.
-    void setUp(const QVector<TagItem>& items);
+    void setUp(QVector<TagItem> items);
     [[nodiscard]] TagRows& rows() { return m_rows; }
     [[nodiscard]] const TagRows& rows() const { return m_rows; }
     void fitSoon();

@@ -13,6 +13,35 @@ const QString& nameAt(const QModelIndex& index)
     return static_cast<const TagListRow*>(model->itemFromIndex(index))->tag().name;
 }
 
+/// The first 16 bytes of a text in which each code unit takes one, two or three bytes as in UTF-8: bytes compare as the
+/// code units do, surrogates included.
+SortFilterProxyModel::OrderPrefix firstBytes(const QString& text)
+{
+    constexpr int byteBits = 8;
+    constexpr int wordBytes = 8;
+    SortFilterProxyModel::OrderPrefix words{};
+    int used = 0;
+    const auto append = [&](unsigned byte) {
+        if (used < 2 * wordBytes)
+            words[used / wordBytes] |= static_cast<quint64>(byte) << (wordBytes - 1 - used % wordBytes) * byteBits;
+        ++used;
+    };
+    for (const QChar character : text) {
+        const unsigned unit = character.unicode();
+        if (unit < 0x80) {
+            append(unit);
+        } else {
+            append(unit < 0x800 ? 0xC0 | unit >> 6 : 0xE0 | unit >> 12);
+            if (unit >= 0x800)
+                append(0x80 | (unit >> 6 & 0x3F));
+            append(0x80 | (unit & 0x3F));
+        }
+        if (used >= 2 * wordBytes)
+            break;
+    }
+    return words;
+}
+
 }  // namespace
 
 SortFilterProxyModel::SortFilterProxyModel(QObject* parent)
@@ -42,17 +71,14 @@ bool SortFilterProxyModel::comesBefore(const QString& left, const QString& right
     return left < right;
 }
 
-quint64 SortFilterProxyModel::orderPrefix(const QString& name) const
+SortFilterProxyModel::OrderPrefix SortFilterProxyModel::orderPrefix(const QString& name) const
 {
     const int rank = m_sortBySearch && !m_searchText.isEmpty() ? closeness(name) : 0;
-    constexpr int storedUnits = 4;
-    constexpr int unitBits = 16;
-    quint64 units = 0;
-    for (int i = 0; i < storedUnits; ++i)
-        units = units << unitBits | (i < name.size() ? name.at(i).unicode() : 0U);
     // The rank takes the place of the last two bits; what they told apart is left to the comparison of the names.
-    constexpr int rankShift = 62;
-    return static_cast<quint64>(rank) << rankShift | units >> 2U;
+    constexpr unsigned rankBits = 2;
+    constexpr unsigned restBits = 64 - rankBits;
+    const auto [first, second] = firstBytes(name);
+    return {static_cast<quint64>(rank) << restBits | first >> rankBits, first << restBits | second >> rankBits};
 }
 
 void SortFilterProxyModel::setSortedSourceModel(QAbstractItemModel* model)

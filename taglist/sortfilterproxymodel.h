@@ -4,6 +4,8 @@
 #include <QSortFilterProxyModel>
 #include <QString>
 
+#include <array>
+
 /// The order of a tag list: by name, or by closeness to a search text.
 ///
 /// Names are compared by UTF-16 code unit. With sort-by-search, the name that equals the search text comes first, then
@@ -26,8 +28,10 @@ public:
 
     /// The order as a strict comparison of two names.
     [[nodiscard]] bool comesBefore(const QString& left, const QString& right) const;
-    /// Names that differ here are in the order of these numbers; names that do not have to be compared.
-    [[nodiscard]] quint64 orderPrefix(const QString& name) const;
+    /// Where a name stands, as far as its beginning tells: names that differ here are in the order of these numbers,
+    /// names that do not have to be compared.
+    using OrderPrefix = std::array<quint64, 2>;
+    [[nodiscard]] OrderPrefix orderPrefix(const QString& name) const;
     /// As setSourceModel() for rows that stand in order already: they are taken as they stand, without comparing names.
     void setSortedSourceModel(QAbstractItemModel* model);
 

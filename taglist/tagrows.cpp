@@ -54,17 +54,18 @@ void TagRows::setTrailingRow(bool kept)
         removeNamelessRows();
 }
 
-void TagRows::add(const QVector<TagItem>& items)
+void TagRows::add(QVector<TagItem> items)
 {
-    QVector<TagListRow*> added = makeRows(items);
-    if (added.isEmpty())
-        return;
-    if (m_proxy->sourceModel() && !isLargeBatch(added.size())) {
-        for (TagListRow* row : qAsConst(added))
+    if (m_proxy->sourceModel() && !isLargeBatch(items.size())) {
+        const QVector<TagListRow*> added = makeRows(std::move(items));
+        for (TagListRow* row : added)
             m_model->insertRow(std::max(count() - (m_trailingRow ? 1 : 0), 0), row);
         return;
     }
-    sortRows(added);
+    // Rows that are made in their order lie in that order in memory, too.
+    const QVector<TagListRow*> added = makeRows(inOrder(std::move(items)));
+    if (added.isEmpty())
+        return;
     if (count() == 0) {
         putRowsInOrder(added);
         return;
@@ -117,37 +118,42 @@ bool TagRows::isLargeBatch(int size) const
     return size > smallBatch && size > count() / smallBatchDivisor;
 }
 
-QVector<TagListRow*> TagRows::makeRows(const QVector<TagItem>& items)
+/// Most pairs are told apart by what is stored beside them: comparing names jumps about in memory.
+QVector<TagItem> TagRows::inOrder(QVector<TagItem> items) const
+{
+    struct Entry
+    {
+        SortFilterProxyModel::OrderPrefix prefix;
+        TagItem* item;
+    };
+    std::vector<Entry> entries;
+    entries.reserve(items.size());
+    for (TagItem& item : items)
+        entries.push_back({m_proxy->orderPrefix(item.name), &item});
+    std::stable_sort(entries.begin(), entries.end(), [](const Entry& left, const Entry& right) {
+        return left.prefix != right.prefix ? left.prefix < right.prefix : left.item->name < right.item->name;
+    });
+    QVector<TagItem> sorted;
+    sorted.reserve(items.size());
+    for (const Entry& entry : entries)
+        sorted.append(std::move(*entry.item));
+    return sorted;
+}
+
+QVector<TagListRow*> TagRows::makeRows(QVector<TagItem> items)
 {
     QVector<TagListRow*> rows;
     rows.reserve(items.size());
     m_rowOfTag.reserve(m_rowOfTag.size() + items.size());
-    for (const TagItem& item : items) {
+    for (TagItem& item : items) {
         TagListRow*& row = m_rowOfTag[item.id];
         if (row)
             continue;
-        row = new TagListRow(item, m_follow(item));
+        QMetaObject::Connection updates = m_follow(item);
+        row = new TagListRow(std::move(item), std::move(updates));
         rows.append(row);
     }
     return rows;
-}
-
-/// Most pairs are told apart by what is stored beside them: comparing names jumps about in memory.
-void TagRows::sortRows(QVector<TagListRow*>& rows) const
-{
-    struct Entry
-    {
-        quint64 prefix;
-        TagListRow* row;
-    };
-    std::vector<Entry> entries;
-    entries.reserve(rows.size());
-    for (TagListRow* row : qAsConst(rows))
-        entries.push_back({m_proxy->orderPrefix(row->tag().name), row});
-    std::stable_sort(entries.begin(), entries.end(), [](const Entry& left, const Entry& right) {
-        return left.prefix != right.prefix ? left.prefix < right.prefix : left.row->tag().name < right.row->tag().name;
-    });
-    std::transform(entries.cbegin(), entries.cend(), rows.begin(), [](const Entry& entry) { return entry.row; });
 }
 
 QVector<TagListRow*> TagRows::takeRowsInOrder()

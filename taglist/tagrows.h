@@ -44,8 +44,8 @@ public:
     /// A row that stays last in the source model while others are added before it.
     void setTrailingRow(bool kept);
 
-    /// Tags that have a row already are left as they are; the first of several records of one tag counts.
-    void add(const QVector<TagItem>& items);
+    /// Tags that have a row already are left as they are; of several records of one tag, one counts.
+    void add(QVector<TagItem> items);
     /// Unknown ids are ignored.
     void remove(const QVector<qint64>& tag_ids);
     /// Removes everything but a trailing row.
@@ -55,8 +55,8 @@ public:
 
 private:
     [[nodiscard]] bool isLargeBatch(int size) const;
-    [[nodiscard]] QVector<TagListRow*> makeRows(const QVector<TagItem>& items);
-    void sortRows(QVector<TagListRow*>& rows) const;
+    [[nodiscard]] QVector<TagItem> inOrder(QVector<TagItem> items) const;
+    [[nodiscard]] QVector<TagListRow*> makeRows(QVector<TagItem> items);
     [[nodiscard]] QVector<TagListRow*> takeRowsInOrder();
     void putRowsInOrder(const QVector<TagListRow*>& rows);
     void removeRowByRow(const QVector<qint64>& tag_ids);

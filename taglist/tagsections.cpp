@@ -40,25 +40,25 @@ VLTagListView* TagSections::sectionOf(qint64 tag_id) const
     return holder == m_sections.cend() ? nullptr : *holder;
 }
 
-void TagSections::add(const QVector<TagItem>& items)
+void TagSections::add(QVector<TagItem> items)
 {
     m_letterOfTag.reserve(m_letterOfTag.size() + items.size());
     QMap<QString, QVector<TagItem>> present;
     QMap<QString, QVector<TagItem>> missing;
-    for (const TagItem& item : items) {
+    for (TagItem& item : items) {
         if (filedSectionOf(item.id))
             continue;
         const QString letter = initialLetter(item.name);
         auto& itemsOfLetters = m_sections.contains(letter) ? present : missing;
         const auto letterItems = itemsOfLetters.find(letter);
         const auto filed = letterItems == itemsOfLetters.end() ? itemsOfLetters.insert(letter, {}) : letterItems;
-        filed->append(item);
         m_letterOfTag.insert(item.id, filed.key());
+        filed->append(std::move(item));
     }
-    for (auto it = present.cbegin(); it != present.cend(); ++it)
-        m_sections.value(it.key())->addTags(it.value());
+    for (auto it = present.begin(); it != present.end(); ++it)
+        m_sections.value(it.key())->addTags(std::move(it.value()));
     if (!missing.isEmpty())
-        createSections(missing);
+        createSections(std::move(missing));
 }
 
 void TagSections::forget(const QVector<qint64>& tag_ids)
@@ -106,10 +106,10 @@ void TagSections::clear()
         dispose(section);
 }
 
-void TagSections::createSections(const QMap<QString, QVector<TagItem>>& itemsOfLetters)
+void TagSections::createSections(QMap<QString, QVector<TagItem>> itemsOfLetters)
 {
-    for (auto it = itemsOfLetters.cbegin(); it != itemsOfLetters.cend(); ++it)
-        m_sections.insert(it.key(), m_makeSection(it.key(), it.value()));
+    for (auto it = itemsOfLetters.begin(); it != itemsOfLetters.end(); ++it)
+        m_sections.insert(it.key(), m_makeSection(it.key(), std::move(it.value())));
     int index = 0;
     for (VLTagListView* section : qAsConst(m_sections)) {
         QLayoutItem* item = m_layout->itemAt(index);

@@ -21,7 +21,7 @@ class TagSections
 {
 public:
     /// Makes the view of a section; it is owned by its parent widget until it is handed back to be removed.
-    using MakeSection = std::function<VLTagListView*(const QString& letter, const QVector<TagItem>& items)>;
+    using MakeSection = std::function<VLTagListView*(const QString& letter, QVector<TagItem> items)>;
 
     /// \a layout receives the views; it holds nothing else while there are sections.
     TagSections(QVBoxLayout* layout, MakeSection makeSection);
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] bool holds(const VLTagListView* section) const;
 
     /// Files tags under their letters; tags that are filed already stay where they are.
-    void add(const QVector<TagItem>& items);
+    void add(QVector<TagItem> items);
     /// Forgets where these tags stand, so that they can be filed anew. Their rows stay.
     void forget(const QVector<qint64>& tag_ids);
     /// Takes tags out of their sections, and sections that become empty out of the column.
@@ -42,7 +42,7 @@ public:
 private:
     [[nodiscard]] VLTagListView* filedSectionOf(qint64 tag_id) const;
     [[nodiscard]] VLTagListView* sectionOf(qint64 tag_id) const;
-    void createSections(const QMap<QString, QVector<TagItem>>& itemsOfLetters);
+    void createSections(QMap<QString, QVector<TagItem>> itemsOfLetters);
     void removeSections(const QVector<VLTagListView*>& sections);
     void takeFromLayout(const QVector<VLTagListView*>& sections);
     static void dispose(VLTagListView* section);

@@ -29,8 +29,7 @@ using TagProviders = QHash<qint64, QSharedPointer<ITagDataProvider>>;
 QVector<TagItem> readTagItems(const TagProviders& providers, const QString& filter)
 {
     QVector<TagItem> items;
-    if (filter.isEmpty())
-        items.reserve(providers.size());
+    items.reserve(providers.size());
     for (const auto& provider : providers) {
         if (auto item = readTagItem(provider, filter))
             items.append(std::move(*item));
@@ -43,8 +42,8 @@ QVector<TagItem> readTagItems(const TagProviders& providers, const QString& filt
 VLTagGroupListView::VLTagGroupListView(QWidget* parent, bool drag)
     : QScrollArea(parent)
     , m_layout(setUpColumn())
-    , m_sections(m_layout,
-                 [this](const QString& letter, const QVector<TagItem>& items) { return makeSection(letter, items); })
+    , m_sections(m_layout, [this](const QString& letter,
+                                  QVector<TagItem> items) { return makeSection(letter, std::move(items)); })
     , m_requests(VLTagManagerSingleton::instance()->tagAction())
     , m_drag(drag)
 {
@@ -164,10 +163,10 @@ void VLTagGroupListView::load(const QString& filter)
     TagProviders providers;
     if (provider->tags(&providers) == 0 || !self)
         return;
-    const QVector<TagItem> items = readTags(providers, filter);
+    QVector<TagItem> items = readTags(providers, filter);
     // From inside the reading the host may have made the list show something else, or closed the window.
     if (self && m_provider == provider && m_filter == filter)
-        showTags(items);
+        showTags(std::move(items));
 }
 
 /// What the host takes away from inside the reading is left out.
@@ -188,20 +187,20 @@ QVector<TagItem> VLTagGroupListView::readTags(const TagProviders& providers, con
 }
 
 /// In letter sections, or as results of the search.
-void VLTagGroupListView::showTags(const QVector<TagItem>& items)
+void VLTagGroupListView::showTags(QVector<TagItem> items)
 {
     if (!m_filter.isEmpty())
-        showResults(items);
+        showResults(std::move(items));
     else if (m_shown == Shown::Letters)
-        m_sections.add(items);
+        m_sections.add(std::move(items));
 }
 
-void VLTagGroupListView::showResults(const QVector<TagItem>& items)
+void VLTagGroupListView::showResults(QVector<TagItem> items)
 {
     if (!m_results)
         m_results = makeResultList();
     m_results->setSearchText(m_filter);
-    m_results->addTags(items);
+    m_results->addTags(std::move(items));
     m_layout->addWidget(m_results);
     m_results->show();
 }
@@ -216,9 +215,9 @@ VLTagListView* VLTagGroupListView::makeResultList()
     return list;
 }
 
-VLTagListView* VLTagGroupListView::makeSection(const QString& letter, const QVector<TagItem>& items)
+VLTagListView* VLTagGroupListView::makeSection(const QString& letter, QVector<TagItem> items)
 {
-    auto* section = new VLTagListView(items, this);
+    auto* section = new VLTagListView(std::move(items), this);
     // At its final width from the start, so that its chips are laid out once.
     section->resize(width(), section->height());
     configureList(section);
@@ -277,10 +276,10 @@ void VLTagGroupListView::showAdded(const QVector<qint64>& tag_ids)
     provider->tagsByIds(tag_ids, &providers);
     if (!self)
         return;
-    const QVector<TagItem> items = readTags(providers, filter);
+    QVector<TagItem> items = readTags(providers, filter);
     // A search that began meanwhile has found them by itself.
     if (self && m_provider == provider && m_filter == filter)
-        showTags(items);
+        showTags(std::move(items));
 }
 
 void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)
@@ -310,11 +309,11 @@ void VLTagGroupListView::slotTagUpdateNoMatch(QVector<qint64> tag_ids)
     provider->tagsByIds(tag_ids, &providers);
     if (!self)
         return;
-    const QVector<TagItem> items = readTags(providers, {});
+    QVector<TagItem> items = readTags(providers, {});
     if (!self || m_provider != provider)
         return;
     m_sections.forget(tag_ids);
-    m_sections.add(items);
+    m_sections.add(std::move(items));
 }
 
 void VLTagGroupListView::slotUiRemoveTagListView()

@@ -103,10 +103,10 @@ private:
     void showAdded(const QVector<qint64>& tag_ids);
     [[nodiscard]] QVector<TagItem> readTags(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers,
                                             const QString& filter);
-    void showTags(const QVector<TagItem>& items);
-    void showResults(const QVector<TagItem>& items);
+    void showTags(QVector<TagItem> items);
+    void showResults(QVector<TagItem> items);
     VLTagListView* makeResultList();
-    VLTagListView* makeSection(const QString& letter, const QVector<TagItem>& items);
+    VLTagListView* makeSection(const QString& letter, QVector<TagItem> items);
     void configureList(VLTagListView* list);
     void removeSection(VLTagListView* section);
     void viewMenuTagFiles();

@@ -29,7 +29,7 @@ constexpr int doubleClickJoin = 1;  // how usage tracking names a double click o
 
 }  // namespace
 
-VLTagListView::VLTagListView(const QVector<TagItem>& items, QWidget* parent, Following tags)
+VLTagListView::VLTagListView(QVector<TagItem> items, QWidget* parent, Following tags)
     : ChipView(parent,
                [this, tags](const TagItem& item) {
                    return tags == Following::View ? follow(item) : QMetaObject::Connection();
@@ -44,7 +44,7 @@ VLTagListView::VLTagListView(const QVector<TagItem>& items, QWidget* parent, Fol
     m_letterLabel->setTextFormat(Qt::PlainText);
     m_letterLabel->hide();
     m_letterLabel->installEventFilter(this);
-    setUp(items);
+    setUp(std::move(items));
 }
 
 VLTagListView::~VLTagListView()
@@ -110,9 +110,9 @@ void VLTagListView::addTag(const TagItem& item)
     addTags({item});
 }
 
-void VLTagListView::addTags(const QVector<TagItem>& items)
+void VLTagListView::addTags(QVector<TagItem> items)
 {
-    rows().add(items);
+    rows().add(std::move(items));
     fitNowOrWhenShown();
 }
 
@@ -181,7 +181,7 @@ void VLTagListView::slotAddCallBack(QVector<qint64> tag_ids)
             items.append(*item);
     }
     if (!items.isEmpty() && !busy.viewIsGone())
-        addTags(items);
+        addTags(std::move(items));
 }
 
 void VLTagListView::slotRemoveCallBack(QVector<qint64> tag_ids)

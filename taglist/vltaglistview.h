@@ -29,7 +29,7 @@ public:
     };
 
     /// \a tags: who hears of changes of the tags' data.
-    VLTagListView(const QVector<TagItem>& items, QWidget* parent, Following tags = Following::View);
+    VLTagListView(QVector<TagItem> items, QWidget* parent, Following tags = Following::View);
     ~VLTagListView() override;
 
     /// Releasing the right button asks for the context menu.
@@ -48,7 +48,7 @@ public:
 
     /// Tags that the view holds already are left as they are.
     void addTag(const TagItem& item);
-    void addTags(const QVector<TagItem>& items);
+    void addTags(QVector<TagItem> items);
     /// Unknown ids are ignored. Emits signalEmpty() when the last row went.
     void removeTags(const QVector<qint64>& tag_ids);
     void removeAllRows();

@@ -12,9 +12,13 @@
 #include <QDataStream>
 #include <QLabel>
 #include <QMimeData>
+#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -86,6 +90,7 @@ private slots:
     void looksAsTheStyleNeedsIt();
     void heightFollowsTheChips();
     void renamedTagsMoveOrLeave();
+    void resultsStandByClosenessThenByCodeUnit();
     void followsItsCategory();
     void chipsTakeRightAndDoubleClicks();
     void dragCarriesTheTagAlone();
@@ -159,6 +164,29 @@ void TagListViewTest::renamedTagsMoveOrLeave()
     QCOMPARE(noMatch[0][0].value<QVector<qint64>>(), QVector<qint64>{section.ids[1]});
     QCOMPARE(names(section.view).constFirst(), QStringLiteral("a"));
     QCOMPARE(names(section.view).size(), 4);
+}
+
+void TagListViewTest::resultsStandByClosenessThenByCodeUnit()
+{
+    // Units of one, two and three bytes in UTF-8, halves of emoji, and units that sort behind them.
+    const auto units = QString::fromUtf8("aab\u007F\u0080é\u07FF\u0800\u4700\u4800中\uE000\uFFFD😀");
+    QRandomGenerator random(5);
+    QStringList tagNames{QStringLiteral("ab")};
+    for (int i = 0; i < 3000; ++i) {
+        QString name = i % 2 == 0 ? QStringLiteral("abababababab") : QString();
+        for (int length = random.bounded(1, 7); length > 0; --length)
+            name.append(units.at(random.bounded(units.size())));
+        tagNames.append(name);
+    }
+    InstalledHost host;
+    VLTagListView view({}, nullptr);
+    view.setSearchText(QStringLiteral("ab"));
+    view.addTags(itemsOf(host, host.addTags(tagNames)));
+    const auto rank = [](const QString& name) { return name == "ab" ? 0 : name.startsWith("ab") ? 1 : 2; };
+    std::sort(tagNames.begin(), tagNames.end(), [&rank](const QString& left, const QString& right) {
+        return std::make_pair(rank(left), left) < std::make_pair(rank(right), right);
+    });
+    QCOMPARE(names(view), tagNames);
 }
 
 void TagListViewTest::followsItsCategory()
