@@ -162,7 +162,7 @@ void TagContextMenu::close()
 void TagContextMenu::fitGroupMenu()
 {
     const int needed = std::min(m_groupList->count() * groupRowHeight, maximumGroupListHeight);
-    if (m_groupList->height() < needed)
+    if (m_groupList->height() < std::min(needed, groupListSize.height()))
         m_groupList->setFixedHeight(needed);
     const int menuHeight = std::min(m_groupList->height() + groupMenuFrame, maximumGroupMenuHeight);
     m_groupMenu->setFixedHeight(menuHeight);

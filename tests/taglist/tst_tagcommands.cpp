@@ -104,6 +104,7 @@ private slots:
     void recolour();
     void createTag();
     void deleteAsksFirst();
+    void manyCategoriesLeaveTheListAsItIs();
     void categoriesAddedAfterARemovalCanBeReached();
 };
 
@@ -249,6 +250,17 @@ void TagCommandsTest::deleteAsksFirst()
     QCOMPARE(desk.log.take(), QStringList({"VLTagGroupListView::slotDelTag tagId: 1"}));
     desk.list->slotDelTag(1);
     QTRY_VERIFY(!desk.box());
+}
+
+void TagCommandsTest::manyCategoriesLeaveTheListAsItIs()
+{
+    QStringList names;
+    for (int i = 0; i < 12; ++i)
+        names.append(QString::number(i));
+    Desk desk({"apple"}, names);
+    desk.list->slotPopMenu(1, QStringLiteral("apple"));
+    QCOMPARE(desk.groupList()->size(), QSize(168, 230));
+    QCOMPARE(desk.groupMenu()->height(), 230);
 }
 
 void TagCommandsTest::categoriesAddedAfterARemovalCanBeReached()
