@@ -238,7 +238,9 @@ bool VLAllTagWidget::eventFilter(QObject* watched, QEvent* event)
         const bool fits = m_scrollArea->verticalScrollBar()->maximum() <= 0;
         if (event->type() == QEvent::Enter && !fits)
             m_scrollBar->show();
-        else if (event->type() == QEvent::Resize || event->type() == QEvent::Leave)
+        else if (event->type() == QEvent::Leave)
+            m_scrollBar->hide();
+        if (event->type() == QEvent::Resize || event->type() == QEvent::Leave)
             m_scrollBar->place();
     }
     return false;

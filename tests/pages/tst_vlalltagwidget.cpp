@@ -173,7 +173,13 @@ void TestAllTagWidget::overlayBarShowsOnlyWhatCanScroll()
     QVERIFY(open.bar()->isVisible());
     open.page->resize(700, 500);
     const QSize size = open.area()->size();
-    QCOMPARE(open.bar()->geometry(), QRect(size.width() - 9, 1, 5, size.height() - 2));
+    const QRect restingPlace(size.width() - 9, 1, 5, size.height() - 2);
+    QCOMPARE(open.bar()->geometry(), restingPlace);
+    send(open.area(), QEvent::Leave);
+    QVERIFY2(open.bar()->isHidden(), "at once");
+    QCOMPARE(open.bar()->geometry(), restingPlace);
+    send(open.area(), QEvent::Enter);
+    QVERIFY(open.bar()->isVisible());
 }
 
 void TestAllTagWidget::rebuildKeepsContentAndPosition()
