@@ -70,7 +70,7 @@ Reader::Reader(const QStringList& arguments)
 CommandLine Reader::read()
 {
     if (!m_parser.parse(m_arguments)) {
-        complain(textFrom(m_parser.errorText().toLatin1()) + QLatin1Char('.'));
+        complain(textFrom(m_parser.errorText().toLatin1()));
         return m_result;
     }
     readAction();

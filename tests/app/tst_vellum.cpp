@@ -122,7 +122,7 @@ void TestVellum::misuseIsRefused_data()
     row("import of no folder", "--import /nowhere --library HOME/none.vellum", 2, "/nowhere");
     row("unknown page", "FOLDER --screenshot HOME/x.png --page none", 2, "--page takes");
     row("bad size", "FOLDER --screenshot HOME/x.png --size 10", 2, "--size takes");
-    row("unknown option", "--colour", 2, "colour");
+    row("unknown option", "--colour", 2, "Unknown option 'colour'. Try \"vellum --help\".");
     row("two commands", "--import FOLDER --list tags", 2, "Only one of --import");
     row("list of which library", "--list tags", 2, "--list needs --library");
     row("window option of a command", "--import FOLDER --scale 2", 2, "goes with a window only");
