@@ -54,12 +54,12 @@ signals:
     void signalClosePopup();
     /// The last section is gone.
     void signalEmpty();
-    /// The data of a tag that is shown changed.
-    void tagUpdated(qint64 tag_id);
     /// So many tags joined the category.
     void signalAddTag(int count);
     /// So many tags left the category.
     void signalRemoveTag(int count);
+    /// The data of a tag that is shown changed.
+    void tagUpdated(qint64 tag_id);
 
 public slots:
     /// Opens the dialog that creates a tag.

@@ -72,6 +72,7 @@ private slots:
     void columnsMayBeTallerThanLayoutsAllow();
     void sectionMayEmptyItselfInsideItsOwnEvent();
     void sectionsOwnSlotsAgreeWithTheHostsNews();
+    void signalsKeepTheirPlaces();
 };
 
 void TagGroupListViewTest::tagsAreFiledInOrder()
@@ -226,6 +227,15 @@ void TagGroupListViewTest::sectionMayEmptyItselfInsideItsOwnEvent()
     connect(page.list, &VLTagGroupListView::signalsCheckoutFile, this, [&page] { page.list->setDataProvider({}); });
     QVERIFY(gestures::doubleClickChip(page.list, QStringLiteral("bee")));
     QVERIFY(shownChips(page.list).isEmpty());
+}
+
+void TagGroupListViewTest::signalsKeepTheirPlaces()
+{
+    const QMetaObject& meta = VLTagGroupListView::staticMetaObject;
+    int place = meta.methodOffset();
+    for (const char* signal : {"signalsCheckoutFile(QVector<qint64>)", "signalClosePopup()", "signalEmpty()",
+                               "signalAddTag(int)", "signalRemoveTag(int)"})
+        QCOMPARE(meta.indexOfSignal(signal), place++);
 }
 
 QTEST_MAIN(TagGroupListViewTest)
