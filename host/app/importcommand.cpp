@@ -10,7 +10,9 @@
 
 #include <QEventLoop>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <unistd.h>
 
 namespace {
@@ -56,11 +58,12 @@ int statusOf(const ImportSummary& summary)
     return summary.cancelled ? exitInterrupted : 0;
 }
 
-void printTotals(const ImportSummary& summary)
+/// Whether they could be written.
+bool printTotals(const ImportSummary& summary)
 {
-    printf("files: %lld, tags: %lld, links: %lld, skipped: %d\n", summary.totals.files, summary.totals.tags,
-           summary.totals.links, summary.skipped);
-    fflush(stdout);
+    const int printed = printf("files: %lld, tags: %lld, links: %lld, skipped: %d\n", summary.totals.files,
+                               summary.totals.tags, summary.totals.links, summary.skipped);
+    return printed >= 0 && fflush(stdout) == 0;
 }
 
 ImportSummary importFolder(Library& library, const QByteArray& folder)
@@ -102,9 +105,11 @@ int runImportCommand(const CommandLine& commandLine)
         return 1;
     }
     const ImportSummary summary = importFolder(*library, commandLine.folder);
-    if (!summary.error.isEmpty())
+    if (!summary.error.isEmpty()) {
         printError(summary.error.toUtf8());
-    else
-        printTotals(summary);
+    } else if (!printTotals(summary)) {
+        printError(strerror(errno));
+        return 1;
+    }
     return statusOf(summary);
 }

@@ -8,7 +8,9 @@
 
 #include <QApplication>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -26,7 +28,10 @@ int print(const QString& text)
     const bool written = std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stdout) ==
                              static_cast<size_t>(bytes.size()) &&
                          std::fflush(stdout) == 0;
-    return written ? 0 : 1;
+    if (written)
+        return 0;
+    std::fprintf(stderr, "vellum: %s\n", std::strerror(errno));
+    return 1;
 }
 
 int runWithoutDisplay(const CommandLine& commandLine, int argc, char** argv)

@@ -28,9 +28,11 @@ private slots:
     void screenshotFollowsItsOptions();
     void misuseIsRefused_data();
     void misuseIsRefused();
+    void outputThatCannotBeWrittenIsAFailure();
 
 private:
-    [[nodiscard]] Outcome run(const QStringList& arguments) const;
+    /// \a output: the file that takes what is written to stdout.
+    [[nodiscard]] Outcome run(const QStringList& arguments, const QString& output = QProcess::nullDevice()) const;
     [[nodiscard]] QString home(const char* name) const { return QFile::decodeName(m_home->path(name)); }
     /// The picture of the library with these options.
     [[nodiscard]] QImage screenshot(const QStringList& options) const;
@@ -49,7 +51,7 @@ void TestVellum::init()
     writeSidecar(m_pictures->path("b\xff.png.xmp"), {"Zebra"});
 }
 
-Outcome TestVellum::run(const QStringList& arguments) const
+Outcome TestVellum::run(const QStringList& arguments, const QString& output) const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"})
@@ -58,6 +60,7 @@ Outcome TestVellum::run(const QStringList& arguments) const
         environment.insert(QString::fromLatin1(name), home(name));
     QProcess process;
     process.setProcessEnvironment(environment);
+    process.setStandardOutputFile(output);
     process.start(QStringLiteral(VELLUM_FILE), arguments);
     if (!process.waitForFinished(120'000))
         return {};
@@ -150,6 +153,19 @@ void TestVellum::misuseIsRefused()
     QVERIFY2(outcome.errors.contains(complaint), qPrintable(outcome.errors));
     QVERIFY(!QFile::exists(home("x.png")) && !QFile::exists(home("none.vellum")));
     QVERIFY(!QImage(QFile::decodeName(m_pictures->path("a.png"))).isNull());
+}
+
+void TestVellum::outputThatCannotBeWrittenIsAFailure()
+{
+    const QString folder = QFile::decodeName(m_pictures->path());
+    const QString library = home("a.vellum");
+    for (const QStringList& arguments :
+         {QStringList{"--version"}, QStringList{"--help"}, QStringList{"--import", folder, "--library", library},
+          QStringList{"--list", "tags", "--library", library}}) {
+        const Outcome outcome = run(arguments, QStringLiteral("/dev/full"));
+        QVERIFY2(outcome.status == 1, qPrintable(arguments.first()));
+        QVERIFY2(outcome.errors.startsWith(QLatin1String("vellum: ")), qPrintable(arguments.first()));
+    }
 }
 
 QTEST_GUILESS_MAIN(TestVellum)
