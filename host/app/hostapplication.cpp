@@ -170,7 +170,7 @@ bool HostApplication::openLibrary()
     QString error;
     m_session = LibrarySession::open(choice, &error);
     if (!m_session) {
-        tell(tr("The library cannot be opened: ") + error);
+        tell(error);
         m_failure = exitFailure;
     }
     return m_session != nullptr;

@@ -121,7 +121,10 @@ void TestVellum::misuseIsRefused_data()
     row("no such library", "--library HOME/none.vellum", 2, "There is no library");
     row("list of no library", "--list tags --library HOME/none.vellum", 2, "There is no library");
     row("list of a picture", "--list tags --library FOLDER/a.png", 1, "The file is no library");
-    row("a picture for a library", "--library FOLDER/a.png --screenshot HOME/x.png", 1, "library cannot be opened");
+    row("a picture for a library", "--library FOLDER/a.png --screenshot HOME/x.png", 1,
+        "vellum: The file is no library");
+    row("a folder for a library", "--library FOLDER --screenshot HOME/x.png", 1,
+        "vellum: The library cannot be opened: it is a folder.");
     row("import of no folder", "--import /nowhere --library HOME/none.vellum", 2, "/nowhere");
     row("unknown page", "FOLDER --screenshot HOME/x.png --page none", 2, "--page takes");
     row("bad size", "FOLDER --screenshot HOME/x.png --size 10", 2, "--size takes");
