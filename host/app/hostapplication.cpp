@@ -32,9 +32,9 @@
 namespace {
 
 constexpr int exitFailure = 1;
-constexpr QSize defaultSize(1100, 700);  // logical pixels
-constexpr double unscaledDpi = 96;       // Qt's, on every platform but macOS
-constexpr double smallestScaling = 0.02;
+constexpr QSize defaultSize(1100, 700);    // logical pixels
+constexpr double unscaledDpi = 96;         // Qt's, on every platform but macOS
+constexpr double smallestScaling = 0.125;  // from here on, a quarter more is nearer than nothing
 
 // The names in it may hold anything; a terminal is not to be steered by them.
 void tell(const QString& message)
@@ -48,8 +48,9 @@ void tellSkipped(const SkippedFile& file)
                  escapedText(file.reason.toUtf8()).constData());
 }
 
-// X servers give their size in whole millimetres, so that without a word from the desktop a common screen comes out at
-// 96.08 dots per inch. Scaled by 1.0008, a window that is repainted in parts shows gaps between them.
+// Without a word from the desktop, X servers give the size of the screen in whole millimetres, and a common one comes
+// out at 96.08 or 99.89 dots per inch. Scaled by such a factor, a window that is repainted in parts shows gaps between
+// them.
 bool hasScaledScreen()
 {
     char name[] = "vellum";
