@@ -2,6 +2,7 @@
 #include "host/app/importbar.h"
 
 #include "host/app/elidedlabel.h"
+#include "host/app/flatbuttonstyle.h"
 
 #include <vlskinsetting.h>
 
@@ -91,12 +92,10 @@ void ImportBar::applySkin()
     const QString sheet = QStringLiteral("#import_bar { border-top: 1px solid %1; }"
                                          "ElidedLabel { color: %2; font-size: 12px; }"
                                          "QProgressBar { background: %1; border: 0; border-radius: 2px; }"
-                                         "QProgressBar::chunk { background: %3; border-radius: 2px; }"
-                                         "QPushButton { color: %2; background: %1; border: 0; border-radius: 4px;"
-                                         " font-size: 12px; padding: 0 12px; min-height: 24px; }"
-                                         "QPushButton:hover { background: %3; }");
+                                         "QProgressBar::chunk { background: %3; border-radius: 2px; }");
     setStyleSheet(sheet.arg(skin->GetPopupWinBorderColor().name(), skin->GetTextColor(1).name(),
-                            skin->GetInputAndButtonColor().name()));
+                            skin->GetInputAndButtonColor().name()) +
+                  flatButtonStyle());
 }
 
 void ImportBar::showButtons(bool running, bool skipped)

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/skippedfilesdialog.h"
 
+#include "host/app/flatbuttonstyle.h"
 #include "host/app/librarysession.h"
 
 #include <QDialogButtonBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 SkippedFilesDialog::SkippedFilesDialog(const QVector<SkippedFile>& files, QWidget* parent)
@@ -21,6 +23,9 @@ SkippedFilesDialog::SkippedFilesDialog(const QVector<SkippedFile>& files, QWidge
     list->setLineWrapMode(QPlainTextEdit::NoWrap);
     list->setPlainText(lines.join(QLatin1Char('\n')));
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    // The icons of desktops are made for their own colours.
+    buttons->button(QDialogButtonBox::Close)->setIcon(QIcon());
+    buttons->setStyleSheet(flatButtonStyle());
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(list);
