@@ -11,17 +11,13 @@
 /// time, as far as the window is still there to do it.
 struct HostileSession
 {
-    using Step = void (*)(HostileSession&);
-
-    struct NamedStep
-    {
-        const char* name;
-        Step run;
-    };
-
     HostileSession();
 
-    static const QVector<NamedStep>& steps();
+    /// Carries out every step, the first of which opens a window if none is open; \a before is called with each step's
+    /// number.
+    void play(const std::function<void(int step)>& before = {});
+    /// Opens the window on the page of categories.
+    void openCategories();
 
     MessageCatcher log;
     HostileHost host;

@@ -2,39 +2,57 @@
 #pragma once
 
 #include "tests/robust/walkmodel.h"
-#include "tests/robust/walkstep.h"
 #include "tests/support/installedhost.h"
 #include "tests/support/windowuser.h"
 
-/// A library, a window over it, and the account of what both have to be.
-class RandomWalk
-{
-public:
-    RandomWalk();
-    ~RandomWalk();
+#include <QRandomGenerator>
 
+#include <functional>
+
+class QMenu;
+
+/// What is done and the seed of what it is done with, which suits any library, so that any list of steps can be walked.
+struct WalkStep
+{
+    int kind;
+    quint32 seed;
+};
+
+/// A library, a window over it, and the account of what both have to be.
+struct RandomWalk
+{
+    RandomWalk();
+
+    static int kindsOfSteps();
     /// Does the step in the library or the window and in the account. Answers what is on the screen and should not be,
     /// or the other way round; empty when all is well.
     QString walk(const WalkStep& step);
 
-private:
-    void hostStep(const WalkStep& step);
-    void tagStep(const WalkStep& step);
-    void menuStep(const WalkStep& step, qint64 id);
-    void groupStep(const WalkStep& step);
-    void addTags(const WalkStep& step);
-    void enter(const QString& name, bool isTaken, const std::function<void()>& onSuccess);
-    void check(const QString& what, const QString& shown, const QString& expected);
-    void dropChip(const WalkStep& step);
-    [[nodiscard]] QVector<qint64> someTags(const WalkStep& step) const;
-    [[nodiscard]] qint64 someGroup(int number) const;
-    [[nodiscard]] QStringList shown() const;
+    int number(int bound) { return random.bounded(bound); }
+    QString someTagName();
+    QString someGroupName();
+    /// 0 when there is none, as below.
+    qint64 someTag() { return someTags().value(0); }
+    QVector<qint64> someTags();
+    /// One that the page shows.
+    qint64 someShownTag();
+    qint64 someGroup();
 
-    InstalledHost m_host;
-    WindowUser m_user;
-    WalkModel m_model;
-    QString m_problem;
-    bool m_answersAtOnce = false;
-    QVector<qint64> m_filesOfTags;
-    QVector<qint64> m_filesOfGroups;
+    void addTags();
+    void dropChip();
+    /// Confirms the open dialog; it stays open when the name is taken.
+    void enter(const QString& name, bool isTaken, const std::function<void()>& onSuccess);
+    /// Opens the menu of a tag or of a category of the page, checks its entries and lets \a choose go on.
+    void withTagMenu(const std::function<void(QMenu*, qint64 id)>& choose);
+    void withGroupMenu(const std::function<void(QMenu*, qint64 group)>& choose);
+    void check(const QString& what, const QString& shown, const QString& expected);
+
+    QRandomGenerator random;
+    InstalledHost host;
+    WindowUser user;
+    WalkModel model;
+    QString problem;
+    bool answersAtOnce = false;
+    QVector<qint64> filesOfTags;
+    QVector<qint64> filesOfGroups;
 };

@@ -18,49 +18,46 @@ namespace {
 
 using Change = void (*)(HostileSession&);
 
-void clearProvider(HostileSession&)
-{
-    VLTagManagerSingleton::instance()->clear();
-}
-
-void replaceProvider(HostileSession& session)
-{
-    static const MemoryHost other({"elsewhere"});
-    VLTagManagerSingleton::instance()->setDataProvider(other.library());
-    session.host.truth().addTag("late");
-}
-
-void removeEverything(HostileSession& session)
-{
-    session.host.truth().removeGroups({2, 3});
-    session.host.truth().removeTags({1, 2, 3, 4, 5});
-}
-
-void dropEverything(HostileSession& session)
-{
-    MemoryHost& truth = session.host.truth();
-    truth.setAnswers(MemoryHost::Answers::OnDemand);
-    for (const qint64 id : {1, 2, 3, 4, 5})
-        truth.tag(id)->dropRecord();
-    for (const qint64 id : {2, 3})
-        truth.group(id)->dropRecord();
-    truth.manager()->groups.clear();
-    truth.memoryLibrary()->manager.reset();
-}
-
-void closeWindow(HostileSession& session)
-{
-    session.user->closeWindow();
-}
+const QVector<QPair<const char*, Change>> changes{
+    {"cleared", [](HostileSession&) { VLTagManagerSingleton::instance()->clear(); }},
+    {"replaced",
+     [](HostileSession& session) {
+         static const MemoryHost other({"elsewhere"});
+         VLTagManagerSingleton::instance()->setDataProvider(other.library());
+         session.host.addTag("late");
+     }},
+    {"emptied",
+     [](HostileSession& session) {
+         session.host.removeGroups({2, 3});
+         session.host.removeTags({1, 2, 3, 4, 5});
+     }},
+    {"dropped",
+     [](HostileSession& session) {
+         MemoryHost& host = session.host;
+         host.setAnswers(MemoryHost::Answers::OnDemand);
+         for (const qint64 id : {1, 2, 3, 4, 5})
+             host.tag(id)->dropRecord();
+         for (const qint64 id : {2, 3})
+             host.group(id)->dropRecord();
+         host.manager()->groups.clear();
+         host.memoryLibrary()->manager.reset();
+     }},
+    {"window closed", [](HostileSession& session) { session.user->closeWindow(); }},
+};
 
 void addChangeRows()
 {
     QTest::addColumn<Change>("change");
-    QTest::newRow("cleared") << Change(clearProvider);
-    QTest::newRow("replaced") << Change(replaceProvider);
-    QTest::newRow("emptied") << Change(removeEverything);
-    QTest::newRow("dropped") << Change(dropEverything);
-    QTest::newRow("window closed") << Change(closeWindow);
+    for (const auto& [name, change] : changes)
+        QTest::newRow(name) << change;
+}
+
+/// Confirms whatever dialog is open.
+void confirm(WindowUser& user)
+{
+    user.enterName("fresh");
+    user.answerBox(true);
+    settle();
 }
 
 }  // namespace
@@ -73,10 +70,8 @@ class TestHostileChanges : public QObject
     Q_OBJECT
 
 private slots:
-    void underATagMenu_data() { addChangeRows(); }
-    void underATagMenu();
-    void underACategoryMenu_data() { addChangeRows(); }
-    void underACategoryMenu();
+    void underAMenu_data() { addChangeRows(); }
+    void underAMenu();
     void underDialogs_data() { addChangeRows(); }
     void underDialogs();
     void underADrag_data() { addChangeRows(); }
@@ -85,75 +80,53 @@ private slots:
     void underAnAnimation();
 };
 
-void TestHostileChanges::underATagMenu()
+void TestHostileChanges::underAMenu()
 {
     QFETCH(const Change, change);
-    for (const char* entry : {"View Related Files", "Set as Favorite Tag", "Rename Tag", "Delete Tag",
-                              "Remove the Tag from the Category", "category", "color"}) {
+    const auto check = [change](bool ofTag, const QString& entry) {
         HostileSession session;
-        session.user = std::make_unique<WindowUser>();
-        session.user->selectPage(WindowUser::Categories);
-        session.user->clickTile(session.user->tile("Art"));
-        const QPointer<QMenu> menu = session.user->openTagMenu("bee");
+        session.openCategories();
+        WindowUser& user = *session.user;
+        user.clickTile(user.tile("Art"));
+        const QPointer<QMenu> menu = ofTag ? user.openTagMenu("bee") : user.openGroupMenu("Art");
         QVERIFY(menu);
         change(session);
         if (!menu)
-            continue;
-        if (qstrcmp(entry, "category") == 0)
-            session.user->chooseGroup("Books");
-        else if (qstrcmp(entry, "color") == 0)
-            session.user->chooseColor(2);
+            return;
+        if (entry == "Add to Category")
+            user.chooseGroup("Books");
+        else if (entry == "Set Color")
+            user.chooseColor(2);
         else
-            WindowUser::choose(menu, QLatin1String(entry));
+            WindowUser::choose(menu, entry);
         settle();
-        session.user->enterName("fresh");
-        session.user->answerBox(true);
-        settle();
-    }
-}
-
-void TestHostileChanges::underACategoryMenu()
-{
-    QFETCH(const Change, change);
-    for (const char* entry : {"View Related Files", "Rename Category", "Delete Category"}) {
-        HostileSession session;
-        session.user = std::make_unique<WindowUser>();
-        session.user->selectPage(WindowUser::Categories);
-        const QPointer<QMenu> menu = session.user->openGroupMenu("Art");
-        QVERIFY(menu);
-        change(session);
-        if (!menu)
-            continue;
-        WindowUser::choose(menu, QLatin1String(entry));
-        settle();
-        session.user->enterName("fresh");
-        session.user->answerBox(true);
-        settle();
-    }
+        confirm(user);
+    };
+    for (const char* entry : {"View Related Files", "Set as Favorite Tag", "Rename Tag", "Delete Tag",
+                              "Remove the Tag from the Category", "Add to Category", "Set Color"})
+        check(true, entry);
+    for (const char* entry : {"View Related Files", "Rename Category", "Delete Category"})
+        check(false, entry);
 }
 
 void TestHostileChanges::underDialogs()
 {
     QFETCH(const Change, change);
-    for (const bool isCategory : {false, true}) {
-        for (const char* entry : {"Rename", "Delete", "Create"}) {
-            HostileSession session;
-            session.user = std::make_unique<WindowUser>();
-            session.user->selectPage(WindowUser::Categories);
-            const QString text = QLatin1String(entry) + (isCategory ? " Category" : " Tag");
-            if (qstrcmp(entry, "Create") != 0)
-                WindowUser::choose(isCategory ? session.user->openGroupMenu("Art") : session.user->openTagMenu("cow"),
-                                   text);
-            else if (isCategory)
-                session.user->clickTile(session.user->addNewTile());
-            else
-                session.user->clickCreateTag();
-            QVERIFY(session.user->dialog() || session.user->box());
-            change(session);
-            session.user->enterName("fresh");
-            session.user->answerBox(true);
-            settle();
-        }
+    const QVector<void (*)(WindowUser&)> waysToDialogs{
+        [](WindowUser& user) { WindowUser::choose(user.openTagMenu("cow"), "Rename Tag"); },
+        [](WindowUser& user) { WindowUser::choose(user.openTagMenu("cow"), "Delete Tag"); },
+        [](WindowUser& user) { user.clickCreateTag(); },
+        [](WindowUser& user) { WindowUser::choose(user.openGroupMenu("Art"), "Rename Category"); },
+        [](WindowUser& user) { WindowUser::choose(user.openGroupMenu("Art"), "Delete Category"); },
+        [](WindowUser& user) { user.clickTile(user.addNewTile()); },
+    };
+    for (const auto open : waysToDialogs) {
+        HostileSession session;
+        session.openCategories();
+        open(*session.user);
+        QVERIFY(session.user->dialog() || session.user->box());
+        change(session);
+        confirm(*session.user);
     }
 }
 
@@ -161,8 +134,7 @@ void TestHostileChanges::underADrag()
 {
     QFETCH(const Change, change);
     HostileSession session;
-    session.user = std::make_unique<WindowUser>();
-    session.user->selectPage(WindowUser::Categories);
+    session.openCategories();
     const QPointer<CTagGroupItemWidget> tile = session.user->tile("Books");
     const gestures::ChipPlace chip = gestures::findChip(session.user->list(), "cow");
     QVERIFY(chip.view && tile);
@@ -192,7 +164,7 @@ void TestHostileChanges::underAnAnimation()
     QStringList names;
     for (int i = 0; i < 400; ++i)
         names.append(QChar(0x4e00 + i * 50) + QString::number(i));
-    session.host.truth().addTags(names);
+    session.host.addTags(names);
     session.user = std::make_unique<WindowUser>();
     auto* area = session.user->page(WindowUser::AllTags)->findChild<QWidget*>(QStringLiteral("all_tag_scroll"));
     QEvent enter(QEvent::Enter);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/vltagmanagersingleton.h"
-#include "tests/support/gestures.h"
 #include "tests/support/installedhost.h"
 #include "tests/support/messagecatcher.h"
 #include "tests/support/windowuser.h"
@@ -8,7 +7,6 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QMenu>
 #include <QtTest>
 
 #include <unistd.h>
@@ -73,43 +71,6 @@ qint64 residentMemory()
     return file.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
 }
 
-/// What a person does in about a minute. Leaves the library as it was, with the requests that \a requests counts.
-void useForAMinute(Connections& host)
-{
-    WindowUser user;
-    user.search("a");
-    settle();
-    user.search({});
-    settle();
-    user.clickCreateTag();
-    user.enterName("fresh");
-    settle();
-    WindowUser::choose(user.openTagMenu("fresh"), "Set as Favorite Tag");
-    WindowUser::choose(user.openTagMenu("fresh"), "Rename Tag");
-    user.enterName("newer");
-    settle();
-    if (user.openTagMenu("newer"))
-        user.chooseColor(4);
-    settle();
-    user.selectPage(WindowUser::Categories);
-    user.clickTile(user.addNewTile());
-    user.enterName("Temp");
-    settle();
-    user.clickTile(user.tile("Temp"));
-    host.addTagsToGroups({host.manager()->groups.lastKey()}, {1, 2, 3});
-    WindowUser::choose(user.openGroupMenu("Temp"), "Delete Category");
-    user.answerBox(true);
-    settle();
-    user.selectPage(WindowUser::Favorites);
-    settle();
-    WindowUser::choose(user.openTagMenu("newer"), "Delete Tag");
-    user.answerBox(true);
-    settle();
-    const QVector<qint64> imported = host.addTags(QStringList{"imported 1", "imported 2", "zebra"});
-    host.removeTags(imported);
-    host.clearRequests();
-}
-
 }  // namespace
 
 /// Two hours of use in a few seconds: whatever is opened is closed again, and nothing may be left of it.
@@ -149,7 +110,11 @@ void TestSoak::nothingIsLeftBehind()
             memoryBefore = residentMemory();
             resultsBefore = host.toResults();
         }
-        useForAMinute(host);
+        {
+            WindowUser user;
+            user.useForAMinute(host);
+        }
+        host.clearRequests();
         QCOMPARE(host.toData(), dataBefore);
         QCOMPARE(QApplication::allWidgets().size(), topLevelsBefore);
         QCOMPARE(host.group(MemoryHost::AllTags)->tagCount(1), names.size());

@@ -25,11 +25,6 @@ int closeness(const QString& name, const QString& search)
 
 }  // namespace
 
-WalkModel::WalkModel()
-{
-    searches = {{allTagsPage, {}}, {favoritesPage, {}}};
-}
-
 qint64 WalkModel::tagId(const QString& name) const
 {
     const auto found = std::find_if(tags.begin(), tags.end(), [&](const Tag& tag) { return tag.name == name; });
@@ -71,21 +66,11 @@ void WalkModel::setFavorite(qint64 id, bool favorite)
     }
 }
 
-void WalkModel::addGroup(const QString& name)
-{
-    groups.insert(m_nextGroup++, {name, {}});
-}
-
 void WalkModel::removeGroup(qint64 id)
 {
     groups.remove(id);
     if (selectedGroup == id)
         selectedGroup = 0;
-}
-
-void WalkModel::renameTag(qint64 id, const QString& name)
-{
-    tags[id].name = name;
 }
 
 void WalkModel::search(const QString& text)

@@ -23,8 +23,6 @@ public:
         QSet<qint64> tags;
     };
 
-    WalkModel();
-
     /// What the fixed category is called.
     [[nodiscard]] static QString rootName() { return QStringLiteral("Free"); }
 
@@ -40,9 +38,9 @@ public:
     void addTag(const Tag& tag);
     void removeTags(const QVector<qint64>& ids);
     void setFavorite(qint64 id, bool favorite);
-    void addGroup(const QString& name);
+    void addGroup(const QString& name) { groups.insert(m_nextGroup++, {name, {}}); }
     void removeGroup(qint64 id);
-    void renameTag(qint64 id, const QString& name);
+    void renameTag(qint64 id, const QString& name) { tags[id].name = name; }
     void search(const QString& text);
 
     /// Every line that must be on the screen, in order.

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/gestures.h"
 
+#include "taglist/initialletter.h"
 #include "taglist/vltaglistview.h"
 
+#include <QMap>
 #include <QScrollArea>
 #include <QTest>
 
@@ -51,15 +53,30 @@ gestures::ChipPlace gestures::findChip(const QWidget* root, const QString& name)
     return {};
 }
 
-QStringList gestures::shownChips(const QWidget* root)
+QStringList gestures::shownChips(const QWidget* root, QString (*describe)(const TagItem&))
 {
     QStringList lines;
     for (const VLTagListView* list : shownLists(root)) {
-        QStringList names;
-        for (int row = 0; row < list->model()->rowCount(); ++row)
-            names.append(list->tagAt(list->model()->index(row, 0)).name);
-        if (!names.isEmpty() || !list->letter().isEmpty())
-            lines.append(list->letter() + QStringLiteral(": ") + names.join(QStringLiteral(", ")));
+        QStringList chips;
+        for (int row = 0; row < list->model()->rowCount(); ++row) {
+            const TagItem& tag = list->tagAt(list->model()->index(row, 0));
+            chips.append(describe ? describe(tag) : tag.name);
+        }
+        if (!chips.isEmpty() || !list->letter().isEmpty())
+            lines.append(list->letter() + QStringLiteral(": ") + chips.join(QStringLiteral(", ")));
+    }
+    return lines;
+}
+
+QStringList gestures::filedChips(const QStringList& names)
+{
+    QMap<QString, QStringList> sections;
+    for (const QString& name : names)
+        sections[initialLetter(name)] << name;
+    QStringList lines;
+    for (auto it = sections.begin(); it != sections.end(); ++it) {
+        std::sort(it->begin(), it->end());
+        lines << it.key() + QStringLiteral(": ") + it->join(QStringLiteral(", "));
     }
     return lines;
 }

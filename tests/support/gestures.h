@@ -6,6 +6,7 @@
 #include <QStringList>
 
 class QWidget;
+struct TagItem;
 class VLTagListView;
 
 /// What a person does with the chips under a widget, and what a person sees of them.
@@ -21,8 +22,11 @@ struct ChipPlace
 /// The chip of the tag with that name in a list that is not hidden.
 ChipPlace findChip(const QWidget* root, const QString& name);
 /// One line for each list that is not hidden, from top to bottom: its letter, if any, a colon, and its chips' names
-/// with commas between, such as "A: apple, avocado". Results of a search that found nothing have no line.
-QStringList shownChips(const QWidget* root);
+/// with commas between, such as "A: apple, avocado", or what \a describe says of them. Results of a search that found
+/// nothing have no line.
+QStringList shownChips(const QWidget* root, QString (*describe)(const TagItem&) = nullptr);
+/// The same lines for tags of these names that are filed under their letters, sorted as they have to be.
+QStringList filedChips(const QStringList& names);
 
 /// Each scrolls to the chip and acts on its centre; false when there is no such chip.
 bool rightClickChip(const QWidget* root, const QString& name);

@@ -91,6 +91,10 @@ public:
     void answerForeign(qint64 requestId, const QSharedPointer<const IResponseInfo>& response);
     static QSharedPointer<MemoryResponse> response(int status = 0, const QString& message = {});
 
+protected:
+    /// A request was recorded, and answered if that is to be done at once.
+    virtual void requestTaken(const QString& /*operation*/) {}
+
 private:
     qint64 takeRequest(MemoryRequest request);
     void process(const MemoryRequest& request);

@@ -30,6 +30,7 @@ qint64 MemoryHost::takeRequest(MemoryRequest request)
     else if (m_answers == Answers::Later)
         QMetaObject::invokeMethod(
             this, [this, request] { process(request); }, Qt::QueuedConnection);
+    requestTaken(request.operation);
     return request.id;
 }
 

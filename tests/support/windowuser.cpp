@@ -10,6 +10,7 @@
 #include "taglist/vltaggrouplistview.h"
 #include "taglist/vltaglistview.h"
 #include "tests/support/gestures.h"
+#include "tests/support/memoryhost.h"
 #include "window/vltagmanagerwidget.h"
 #include "window/vltagsearchlineedit.h"
 
@@ -132,24 +133,10 @@ VLTagGroupListView* WindowUser::list() const
 
 QStringList WindowUser::chips() const
 {
-    QStringList lines;
-    const VLTagGroupListView* shown = list();
-    if (!shown)
-        return lines;
-    auto sections = shown->findChildren<VLTagListView*>(QString(), Qt::FindDirectChildrenOnly);
-    sections.erase(std::remove_if(sections.begin(), sections.end(), [](auto* list) { return list->isHidden(); }),
-                   sections.end());
-    std::sort(sections.begin(), sections.end(), [](auto* a, auto* b) { return a->y() < b->y(); });
-    for (const VLTagListView* section : qAsConst(sections)) {
-        QStringList names;
-        for (int row = 0; row < section->model()->rowCount(); ++row) {
-            const TagItem& tag = section->tagAt(section->model()->index(row, 0));
-            names.append(tag.name + QLatin1Char(' ') + QString::number(tag.fileCount) + tag.color.name());
-        }
-        if (!names.isEmpty() || !section->letter().isEmpty())
-            lines.append(section->letter() + QStringLiteral(": ") + names.join(QStringLiteral(", ")));
-    }
-    return lines;
+    const auto describe = [](const TagItem& tag) -> QString {
+        return tag.name + QLatin1Char(' ') + QString::number(tag.fileCount) + tag.color.name();
+    };
+    return list() ? gestures::shownChips(list(), describe) : QStringList();
 }
 
 QString WindowUser::counter() const
@@ -323,4 +310,37 @@ QString WindowUser::header() const
     return m_window ? m_window->findChild<QLabel*>(QStringLiteral("tag_manager_group_name"))->text() +
                           m_window->findChild<QLabel*>(QStringLiteral("tag_manager_group_count"))->text()
                     : QString();
+}
+
+void WindowUser::useForAMinute(MemoryHost& host)
+{
+    search("a");
+    settle();
+    search({});
+    settle();
+    clickCreateTag();
+    enterName("fresh");
+    settle();
+    choose(openTagMenu("fresh"), "Set as Favorite Tag");
+    choose(openTagMenu("fresh"), "Rename Tag");
+    enterName("newer");
+    settle();
+    if (openTagMenu("newer"))
+        chooseColor(4);
+    settle();
+    selectPage(Categories);
+    clickTile(addNewTile());
+    enterName("Temp");
+    settle();
+    clickTile(tile("Temp"));
+    host.addTagsToGroups({host.manager()->groups.lastKey()}, {1, 2, 3});
+    choose(openGroupMenu("Temp"), "Delete Category");
+    answerBox(true);
+    settle();
+    selectPage(Favorites);
+    settle();
+    choose(openTagMenu("newer"), "Delete Tag");
+    answerBox(true);
+    settle();
+    host.removeTags(host.addTags(QStringList{"imported 1", "imported 2", "zebra"}));
 }

@@ -9,6 +9,7 @@
 #include <QVector>
 
 class CTagGroupItemWidget;
+class MemoryHost;
 class QLineEdit;
 class QMenu;
 class VLMessageBox;
@@ -86,6 +87,9 @@ public:
     /// The fixed tile, then the others in their places, such as "Art 2"; the selected one in brackets.
     [[nodiscard]] QStringList tiles() const;
     [[nodiscard]] QString header() const;
+
+    /// Uses every page. Needs the tags 1 to 3 and leaves the library as it was; sends seven requests that are followed.
+    void useForAMinute(MemoryHost& host);
 
 private:
     QPointer<IVLTagManagerWidget> m_window;
