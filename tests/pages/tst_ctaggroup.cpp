@@ -49,7 +49,6 @@ private slots:
     void cleanup();
 
     void fillingInBulkLooksLikeFillingOneByOne();
-    void renamedTileMoves();
     void removedTileIsSilentAtOnce();
     void removalFromInsideTheTilesOwnSignals();
     void namesWrapToTwoLines();
@@ -115,15 +114,6 @@ void TestTagGroup::fillingInBulkLooksLikeFillingOneByOne()
     QCOMPARE(single.grab().toImage(), bulk.grab().toImage());
     for (int row = 0; row + 1 < bulk.count(); ++row)
         QCOMPARE(tileAt(single, row)->groupId(), tileAt(bulk, row)->groupId());
-}
-
-void TestTagGroup::renamedTileMoves()
-{
-    QSignalSpy closed(m_list.get(), &CTagGroupShowWidgt::signalClosePopup);
-    m_host->renameGroup(2, QStringLiteral("0"));
-    QCOMPARE(shownNames(*m_list), QStringLiteral("0 A a +"));
-    QCOMPARE(closed.count(), 1);
-    QTRY_COMPARE(tile(QStringLiteral("0"))->pos(), m_list->visualItemRect(m_list->item(0)).topLeft());
 }
 
 void TestTagGroup::removedTileIsSilentAtOnce()

@@ -40,11 +40,17 @@ public:
     virtual void first() {}
 };
 
-/// Position among the operations that a class adds to Base.
-template <typename Base, typename Member>
-int ownPosition(Member member)
+/// Positions among the operations that a class adds to Base.
+template <typename Base, typename... Members>
+QVector<int> ownPositions(Members... members)
 {
-    return position(member) - position(&After<Base>::first);
+    return {position(members) - position(&After<Base>::first)...};
+}
+
+template <typename... Members>
+QVector<int> positions(Members... members)
+{
+    return {position(members)...};
 }
 
 }  // namespace
@@ -60,55 +66,42 @@ private slots:
 void TestVirtualTables::operationsStandWhereHostsCallThem()
 {
     using Positions = QVector<int>;
-    QCOMPARE((Positions{position(&IPlugin::pluginObject), position(&IPlugin::pluginId), position(&IPlugin::pluginInfo),
-                        position(&IPlugin::initialize), position(&IPlugin::uninitialize), position(&IPlugin::activate),
-                        position(&IPlugin::deactivate)}),
-             (Positions{0, 1, 2, 3, 4, 5, 6}));
+    QCOMPARE(positions(&IPlugin::pluginObject, &IPlugin::pluginId, &IPlugin::pluginInfo, &IPlugin::initialize,
+                       &IPlugin::uninitialize, &IPlugin::activate, &IPlugin::deactivate),
+             Positions({0, 1, 2, 3, 4, 5, 6}));
     using Manager = IVLTagManagerPlugin;
-    QCOMPARE((Positions{position(&Manager::pluginObject), position(&Manager::createTagManagerWidget),
-                        position(&Manager::setDataProvider), position(&Manager::clearDataProvider),
-                        position(&Manager::setTagColorProvider)}),
-             (Positions{0, 1, 2, 3, 4}));
-    QCOMPARE(ownPosition<QWidget>(&IVLTagManagerWidget::updateMaximizeButton), 0);
-    QCOMPARE(position(&After<IDataProvider>::first), position(&After<QObject>::first));
+    QCOMPARE(positions(&Manager::pluginObject, &Manager::createTagManagerWidget, &Manager::setDataProvider,
+                       &Manager::clearDataProvider, &Manager::setTagColorProvider),
+             Positions({0, 1, 2, 3, 4}));
+    QCOMPARE(ownPositions<QWidget>(&IVLTagManagerWidget::updateMaximizeButton), Positions({0}));
+    QCOMPARE(ownPositions<QObject>(&After<IDataProvider>::first), Positions({0}));
     using Library = ILibraryDataProvider;
-    QCOMPARE((Positions{ownPosition<QObject>(&Library::tagAction), ownPosition<QObject>(&Library::tagGroupAction),
-                        ownPosition<QObject>(&Library::tagManagerDataProvider)}),
-             (Positions{6, 16, 22}));
+    QCOMPARE(ownPositions<QObject>(&Library::tagAction, &Library::tagGroupAction, &Library::tagManagerDataProvider),
+             Positions({6, 16, 22}));
     using Groups = ITagManagerDataProvider;
-    QCOMPARE((Positions{ownPosition<QObject>(&Groups::tagGroup), ownPosition<QObject>(&Groups::tagGroupByName),
-                        ownPosition<QObject>(&Groups::tagGroups)}),
-             (Positions{7, 8, 12}));
+    QCOMPARE(ownPositions<QObject>(&Groups::tagGroup, &Groups::tagGroupByName, &Groups::tagGroups),
+             Positions({7, 8, 12}));
     using Group = ITagGroupDataProvider;
-    QCOMPARE((Positions{ownPosition<QObject>(&Group::tagCount), ownPosition<QObject>(&Group::groupName),
-                        ownPosition<QObject>(&Group::groupInfo), ownPosition<QObject>(&Group::groupId),
-                        ownPosition<QObject>(&Group::tags), ownPosition<QObject>(&Group::tagsByIds),
-                        ownPosition<QObject>(&Group::tagByName)}),
-             (Positions{0, 2, 6, 7, 8, 11, 12}));
+    QCOMPARE(ownPositions<QObject>(&Group::tagCount, &Group::groupName, &Group::groupInfo, &Group::groupId,
+                                   &Group::tags, &Group::tagsByIds, &Group::tagByName),
+             Positions({0, 2, 6, 7, 8, 11, 12}));
     using Tag = ITagDataProvider;
-    QCOMPARE((Positions{ownPosition<QObject>(&Tag::fileCount), ownPosition<QObject>(&Tag::name),
-                        ownPosition<QObject>(&Tag::tagInfo)}),
-             (Positions{0, 2, 7}));
+    QCOMPARE(ownPositions<QObject>(&Tag::fileCount, &Tag::name, &Tag::tagInfo), Positions({0, 2, 7}));
     using Action = ITagAction;
-    QCOMPARE((Positions{ownPosition<QObject>(&Action::createTags), ownPosition<QObject>(&Action::renameTag),
-                        ownPosition<QObject>(&Action::setTagColor), ownPosition<QObject>(&Action::deleteTags),
-                        ownPosition<QObject>(&Action::addTagsToGroups),
-                        ownPosition<QObject>(&Action::removeTagsFromGroups)}),
-             (Positions{0, 1, 2, 3, 4, 7}));
+    QCOMPARE(ownPositions<QObject>(&Action::createTags, &Action::renameTag, &Action::setTagColor, &Action::deleteTags,
+                                   &Action::addTagsToGroups, &Action::removeTagsFromGroups),
+             Positions({0, 1, 2, 3, 4, 7}));
     using GroupAction = ITagGroupAction;
     QCOMPARE(
-        (Positions{ownPosition<QObject>(&GroupAction::addTagGroup), ownPosition<QObject>(&GroupAction::removeTagGroup),
-                   ownPosition<QObject>(&GroupAction::renameTagGroup)}),
-        (Positions{0, 1, 2}));
+        ownPositions<QObject>(&GroupAction::addTagGroup, &GroupAction::removeTagGroup, &GroupAction::renameTagGroup),
+        Positions({0, 1, 2}));
     using Answer = IResponseInfo;
-    QCOMPARE((Positions{position(&Answer::status), position(&Answer::message), position(&Answer::rejectedTags),
-                        position(&Answer::rejectedGroups), position(&Answer::rejectedFiles)}),
-             (Positions{2, 3, 4, 5, 8}));
-    QCOMPARE((Positions{position(&ITagColorProvider::colorEntries), position(&ITagColorProvider::color)}),
-             (Positions{1, 5}));
-    QCOMPARE((Positions{position(&ITagInfo::id), position(&ITagInfo::name), position(&ITagInfo::colorIndex)}),
-             (Positions{1, 2, 3}));
-    QCOMPARE((Positions{position(&ITagGroupInfo::id), position(&ITagGroupInfo::name)}), (Positions{1, 2}));
+    QCOMPARE(positions(&Answer::status, &Answer::message, &Answer::rejectedTags, &Answer::rejectedGroups,
+                       &Answer::rejectedFiles),
+             Positions({2, 3, 4, 5, 8}));
+    QCOMPARE(positions(&ITagColorProvider::colorEntries, &ITagColorProvider::color), Positions({1, 5}));
+    QCOMPARE(positions(&ITagInfo::id, &ITagInfo::name, &ITagInfo::colorIndex), Positions({1, 2, 3}));
+    QCOMPARE(positions(&ITagGroupInfo::id, &ITagGroupInfo::name), Positions({1, 2}));
 }
 
 QTEST_GUILESS_MAIN(TestVirtualTables)

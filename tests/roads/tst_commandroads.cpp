@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QSignalSpy>
 #include <QtTest>
 
 namespace {
@@ -60,7 +59,6 @@ private slots:
     void init();
     void cleanup();
     void createAndFindAgain();
-    void viewFiles();
     void favoriteAndCancel();
     void renameIntoAnotherLetter();
     void recolourByKeyboard();
@@ -138,15 +136,6 @@ void CommandRoadsTest::createAndFindAgain()
     QCOMPARE(m_user->counter(), QStringLiteral("(3)"));
     QVERIFY(restart());
     QTRY_COMPARE(chips(), expected);
-}
-
-void CommandRoadsTest::viewFiles()
-{
-    QSignalSpy files(m_user->window(), &IVLTagManagerWidget::signalCheckoutTagFile);
-    QVERIFY(gestures::doubleClickChip(m_user->page(WindowUser::AllTags), "apple"));
-    QVERIFY(chooseByMouse(m_user->openTagMenu("apple"), "View Related Files"));
-    QCOMPARE(files.count(), 2);
-    QCOMPARE(files[1][0].value<QVector<qint64>>(), QVector<qint64>{1});
 }
 
 void CommandRoadsTest::favoriteAndCancel()

@@ -62,11 +62,8 @@ class TagGroupListViewTest : public QObject
     Q_OBJECT
 
 private slots:
-    void tagsAreFiledInOrder();
     void newLettersFindTheirPlace();
-    void renameRefilesTheTag();
     void removingTheLastTagsReportsEmptiness();
-    void searchShowsResultsAlone();
     void providerCanBeReplaced();
     void anotherOrderOfFillingGivesTheSamePixels();
     void columnsMayBeTallerThanLayoutsAllow();
@@ -74,18 +71,6 @@ private slots:
     void sectionsOwnSlotsAgreeWithTheHostsNews();
     void signalsKeepTheirPlaces();
 };
-
-void TagGroupListViewTest::tagsAreFiledInOrder()
-{
-    InstalledHost host({"zebra", "apple", "中国", "1x", "Äpfel", "Avocado", "_draft", "a", "aé", "az", "阿"});
-    const Page page(host);
-    QCOMPARE(shownChips(page.list),
-             QStringList({"1: 1x", "A: Avocado, a, apple, az, aé, 阿", "Z: zebra, 中国", "_: _draft", "Ä: Äpfel"}));
-    QTRY_VERIFY(standInAColumn(page.list));
-    QCOMPARE(page.list->objectName(), QStringLiteral("tag_group_widget"));
-    QCOMPARE(page.list->styleSheet(), QStringLiteral("border:10px;"));
-    QVERIFY(qobject_cast<QVBoxLayout*>(page.list->layout()));
-}
 
 void TagGroupListViewTest::newLettersFindTheirPlace()
 {
@@ -97,22 +82,6 @@ void TagGroupListViewTest::newLettersFindTheirPlace()
              QStringList({"1: 1x", "A: apple, axe", "M: mew, mole, mouse", "Z: zebra, 中文", "é: é"}));
     QCOMPARE(close.count(), 1);
     QTRY_VERIFY(standInAColumn(page.list));
-}
-
-void TagGroupListViewTest::renameRefilesTheTag()
-{
-    InstalledHost host({"apple", "avocado", "bee"});
-    const Page page(host);
-    QSignalSpy close(page.list, &VLTagGroupListView::signalClosePopup);
-    host.renameTag(host.tagId("apple"), "cherry");
-    QCOMPARE(shownChips(page.list), QStringList({"A: avocado", "B: bee", "C: cherry"}));
-    host.renameTag(host.tagId("bee"), "axe");
-    QCOMPARE(shownChips(page.list), QStringList({"A: avocado, axe", "C: cherry"}));
-    QCOMPARE(close.count(), 2);
-    host.renameTag(host.tagId("avocado"), "apricot");
-    QCOMPARE(shownChips(page.list), QStringList({"A: apricot, axe", "C: cherry"}));
-    host.removeTags({host.tagId("cherry"), host.tagId("axe")});
-    QCOMPARE(shownChips(page.list), QStringList({"A: apricot"}));
 }
 
 void TagGroupListViewTest::removingTheLastTagsReportsEmptiness()
@@ -127,20 +96,6 @@ void TagGroupListViewTest::removingTheLastTagsReportsEmptiness()
     QVERIFY(shownChips(page.list).isEmpty());
     host.addTag(QStringLiteral("back"));
     QCOMPARE(shownChips(page.list), QStringList({"B: back"}));
-}
-
-void TagGroupListViewTest::searchShowsResultsAlone()
-{
-    InstalledHost host({"cat", "Category", "bobcat", "dog"});
-    const Page page(host);
-    page.list->reload(QStringLiteral("CAT"));
-    QCOMPARE(shownChips(page.list), QStringList({": Category, bobcat, cat"}));
-    page.list->reload(QStringLiteral("nothing like it"));
-    QCOMPARE(shownChips(page.list).join(QString()), QString());
-    page.list->reload(QString());
-    QCOMPARE(shownChips(page.list), QStringList({"B: bobcat", "C: Category, cat", "D: dog"}));
-    page.list->reload(QStringLiteral("dog"));
-    QCOMPARE(shownChips(page.list), QStringList({": dog"}));
 }
 
 void TagGroupListViewTest::providerCanBeReplaced()

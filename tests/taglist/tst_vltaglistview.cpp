@@ -2,18 +2,13 @@
 #include "taglist/vltaglistview.h"
 
 #include "taglist/sortfilterproxymodel.h"
-#include "taglist/tagdrag.h"
 #include "taglist/vltagdelegate.h"
 #include "tests/support/installedhost.h"
 
 #include <vleventtrack.h>
 
 #include <QAbstractItemModelTester>
-#include <QDataStream>
-#include <QLabel>
-#include <QMimeData>
 #include <QRandomGenerator>
-#include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -87,13 +82,10 @@ class TagListViewTest : public QObject
 private slots:
     void initTestCase() { registerTagItemMetaType(); }
     void rowsHoldTheWholeRecord();
-    void looksAsTheStyleNeedsIt();
     void heightFollowsTheChips();
     void renamedTagsMoveOrLeave();
     void resultsStandByClosenessThenByCodeUnit();
-    void followsItsCategory();
     void chipsTakeRightAndDoubleClicks();
-    void dragCarriesTheTagAlone();
 };
 
 void TagListViewTest::rowsHoldTheWholeRecord()
@@ -112,19 +104,6 @@ void TagListViewTest::rowsHoldTheWholeRecord()
     QVERIFY(index.flags() & Qt::ItemIsDragEnabled);
     for (const int role : {int(Qt::DisplayRole), int(Qt::DecorationRole), Qt::UserRole + 1})
         QVERIFY(!index.data(role).isValid());
-}
-
-void TagListViewTest::looksAsTheStyleNeedsIt()
-{
-    const Section section({"apple"});
-    QCOMPARE(section.view.objectName(), QStringLiteral("tag_list_view"));
-    QCOMPARE(section.view.styleSheet(), QStringLiteral("border:0px;"));
-    QVERIFY(section.view.verticalScrollBar()->styleSheet().endsWith("QScrollBar::handle:vertical{ width:0px;} "));
-    QVERIFY(section.view.horizontalScrollBar()->styleSheet().endsWith("QScrollBar::handle:horizontal{height:0px;} "));
-    const auto* letter = section.view.findChild<QLabel*>(QStringLiteral("tag_list_vew_char"));
-    QCOMPARE(letter->text(), QStringLiteral("A"));
-    QCOMPARE(letter->pos(), QPoint(18, 0));
-    QVERIFY(letter->isVisible());
 }
 
 void TagListViewTest::heightFollowsTheChips()
@@ -189,22 +168,6 @@ void TagListViewTest::resultsStandByClosenessThenByCodeUnit()
     QCOMPARE(names(view), tagNames);
 }
 
-void TagListViewTest::followsItsCategory()
-{
-    Section section({"apple"});
-    const TagItem apple = section.view.tagAt(section.view.model()->index(0, 0));
-    section.view.addTags({apple, apple});
-    section.host.addTags(QStringList{"avocado", "banana", "中"});
-    section.view.slotAddCallBack({-5, 0, 99999});
-    section.view.slotRemoveCallBack({-5, 99999});
-    QCOMPARE(names(section.view), QStringList({"apple", "avocado"}));
-    QSignalSpy changed(section.view.model(), &QAbstractItemModel::dataChanged);
-    section.host.setFileCount(section.ids[0], 3);
-    QCOMPARE(changed.count(), 1);
-    section.host.removeTags({section.ids[0]});
-    QCOMPARE(names(section.view), QStringList({"avocado"}));
-}
-
 void TagListViewTest::chipsTakeRightAndDoubleClicks()
 {
     Section section({"apple", "axe"});
@@ -229,17 +192,6 @@ void TagListViewTest::chipsTakeRightAndDoubleClicks()
     QCOMPARE(files.count(), 1);
     QCOMPARE(tracked.count(), 1);
     QCOMPARE(tracked[0], QVariantList({QStringLiteral("SendLabelJoin"), QVariant(QVariantList{1})}));
-}
-
-void TagListViewTest::dragCarriesTheTagAlone()
-{
-    const std::unique_ptr<QMimeData> data(makeTagMimeData(1234567890123));
-    QCOMPARE(data->formats(), QStringList({"TagManager_Group_List_View"}));
-    const QByteArray payload = data->data(QStringLiteral("TagManager_Group_List_View"));
-    QCOMPARE(payload.size(), int(sizeof(qint64)));
-    qint64 id = 0;
-    QDataStream(payload) >> id;
-    QCOMPARE(id, qint64(1234567890123));
 }
 
 QTEST_MAIN(TagListViewTest)
