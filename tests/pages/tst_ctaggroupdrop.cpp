@@ -6,7 +6,6 @@
 #include "tests/support/chipdrag.h"
 #include "tests/support/installedhost.h"
 
-#include <QApplication>
 #include <QListView>
 #include <QPointer>
 #include <QSignalSpy>
@@ -117,12 +116,5 @@ void TestTagGroupDrop::fixedTileSendsNoRequest()
     QCOMPARE(m_host->requestTexts(), QStringList{QStringLiteral("addTagsToGroups groups %1 tags 7").arg(id)});
 }
 
-int main(int argc, char* argv[])
-{
-    qputenv("QT_QPA_PLATFORM", "minimal");
-    QApplication application(argc, argv);
-    TestTagGroupDrop test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+DRAG_TEST_MAIN(TestTagGroupDrop)
 #include "tst_ctaggroupdrop.moc"

@@ -176,14 +176,5 @@ void TestHostileChanges::underAnAnimation()
     settle();
 }
 
-int main(int argc, char* argv[])
-{
-    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
-    // The offscreen platform knows no drags.
-    qputenv("QT_QPA_PLATFORM", "minimal");
-    QApplication application(argc, argv);
-    TestHostileChanges test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+DRAG_TEST_MAIN(TestHostileChanges)
 #include "tst_hostilechanges.moc"

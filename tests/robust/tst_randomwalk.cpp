@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/robust/randomwalk.h"
 #include "tests/robust/shrunk.h"
+#include "tests/support/chipdrag.h"
 #include "tests/support/messagecatcher.h"
 
 #include <QElapsedTimer>
@@ -85,16 +86,5 @@ void TestRandomWalk::failuresShrink()
     QCOMPARE(shrunk(steps, holdsBoth), QVector<int>({1, 2}));
 }
 
-int main(int argc, char* argv[])
-{
-    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
-    // Long walks, and the shrinking of what they find, take longer than test functions usually may; in milliseconds.
-    qputenv("QTEST_FUNCTION_TIMEOUT", "1500000");
-    // The offscreen platform knows no drags.
-    qputenv("QT_QPA_PLATFORM", "minimal");
-    QApplication application(argc, argv);
-    TestRandomWalk test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+DRAG_TEST_MAIN(TestRandomWalk)
 #include "tst_randomwalk.moc"

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QApplication>
 #include <QByteArray>
+#include <QLoggingCategory>
+#include <QTest>
 
 #include <functional>
 
 class QWidget;
 
 // Drags of a tag chip without a pointer that anybody moves: the events that the window system would send are sent by
-// hand while a real drag is under way. The "offscreen" platform knows no drags, so a test program that uses these
-// chooses the "minimal" one before it makes its application.
+// hand while a real drag is under way.
 
 /// What a chip of that tag carries.
 QByteArray chipPayload(qint64 tagId);
@@ -22,3 +24,17 @@ bool dragOver(QWidget* target, const QByteArray& payload);
 
 /// Drops it there. Answers whether the target took it.
 bool dropOn(QWidget* target, const QByteArray& payload);
+
+/// As QTEST_MAIN, on the "minimal" platform: "offscreen" knows no drags.
+#define DRAG_TEST_MAIN(TestClass)                                                                                      \
+    int main(int argc, char* argv[])                                                                                   \
+    {                                                                                                                  \
+        QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));                                       \
+        /* In milliseconds: long random walks, and the shrinking of what they find, take longer than tests usually     \
+         * may. */                                                                                                     \
+        qputenv("QTEST_FUNCTION_TIMEOUT", "1500000");                                                                  \
+        qputenv("QT_QPA_PLATFORM", "minimal");                                                                         \
+        const QApplication application(argc, argv);                                                                    \
+        TestClass test;                                                                                                \
+        return QTest::qExec(&test, argc, argv);                                                                        \
+    }
