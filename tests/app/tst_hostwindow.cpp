@@ -107,19 +107,127 @@ class TestHostWindow : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase()
+    {
+        QCoreApplication::setOrganizationName(QStringLiteral("vellum-test"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QFile::decodeName(m_settings.path()));
+    }
 
-    void buttonsOfTheTagWindow();
-    void doubleClickOnTheStripMaximises();
-    void draggingResizesAndMoves();
-    void geometryIsKept();
-    void filesOfTags();
-    void tagWindowMayGo();
+    void init()
+    {
+        QSettings().clear();
+        m_folder = std::make_unique<PictureFolder>();
+        LibraryChoice choice;
+        choice.file = m_folder->path("holidays.vellum");
+        QString error;
+        m_session = LibrarySession::open(choice, &error);
+        QVERIFY2(m_session, qPrintable(error));
+        openWindow();
+    }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_session.reset();
+    }
+
+    void buttonsOfTheTagWindow()
+    {
+        emit m_plugin.window()->signalSoftWareMax();
+        QVERIFY(m_window->isMaximized());
+        QTRY_COMPARE(m_plugin.window()->told.value(m_plugin.window()->told.size() - 1), true);
+        QTest::keyClick(m_window.get(), Qt::Key_F11);
+        QVERIFY(!m_window->isMaximized());
+        QTRY_COMPARE(m_plugin.window()->told.last(), false);
+        QTest::keyClick(m_window.get(), Qt::Key_F11);
+        emit m_plugin.window()->signalSoftWareMax();
+        QVERIFY(!m_window->isMaximized());
+        emit m_plugin.window()->signalSoftWareMin();
+        QVERIFY(m_window->isMinimized());
+        m_window->showNormal();
+        emit m_plugin.window()->signalSoftWareClose();
+        QVERIFY(!m_window->isVisible());
+    }
+
+    void doubleClickOnTheStripMaximises()
+    {
+        FakeTagWindow* tags = m_plugin.window();
+        QTest::mouseDClick(tags, Qt::LeftButton, {}, QPoint(400, FakeTagWindow::stripHeight - 1));
+        QVERIFY(m_window->isMaximized());
+        QTest::mouseDClick(tags, Qt::LeftButton, {}, QPoint(400, 4));
+        QVERIFY(!m_window->isMaximized());
+        QTest::mouseDClick(tags, Qt::LeftButton, {}, QPoint(400, FakeTagWindow::stripHeight + 5));
+        QVERIFY2(!m_window->isMaximized(), "the pages are not the frame's");
+        QTest::mouseDClick(tags->findChild<QWidget*>(QStringLiteral("tag_manager_title_btn")), Qt::LeftButton);
+        QVERIFY2(!m_window->isMaximized(), "a button is not the frame's");
+    }
+
+    void draggingResizesAndMoves()
+    {
+        m_window->setGeometry(50, 50, 840, 600);
+        drag(m_window.get(), QPoint(839, 300), QPoint(-40, 0));
+        QCOMPARE(m_window->geometry(), QRect(50, 50, 800, 600));
+        QCOMPARE(m_plugin.window()->parentWidget()->width(), 790);
+        drag(m_plugin.window(), QPoint(400, 5), QPoint(30, 20));
+        QCOMPARE(m_window->geometry(), QRect(80, 70, 800, 600));
+    }
+
+    void geometryIsKept()
+    {
+        const QRect place(20, 30, 800, 500);
+        m_window->setGeometry(place);
+        m_window->close();
+        openWindow();
+        QCOMPARE(m_window->geometry(), place);
+
+        m_window->showMaximized();
+        m_window->close();
+        openWindow();
+        QVERIFY(m_window->isMaximized());
+        m_window->showNormal();
+        QTRY_COMPARE(m_window->geometry(), place);
+    }
+
+    void filesOfTags()
+    {
+        const QString name = QStringLiteral("<b>%1 & co</b>");
+        QVERIFY(m_session->library().importAndWait({taggedFile("/a.png", {name})}).succeeded);
+        const FilePanel& panel = *m_window->filePanel();
+        QVERIFY(panel.isHidden());
+        emit m_plugin.window()->signalCheckoutTagFile({1});
+        QTRY_COMPARE(panel.title(), QStringLiteral("1 file tagged ‘<b>%1 & co</b>’"));
+        QVERIFY(panel.isVisible());
+        QVERIFY(m_session->library().importAndWait({taggedFile("/b.png", {name})}).succeeded);
+        QTRY_COMPARE(panel.title(), QStringLiteral("2 files tagged ‘<b>%1 & co</b>’"));
+        QTRY_COMPARE(panel.view()->model()->index(1, 0).data().toString(), QStringLiteral("b.png"));
+        emit m_plugin.window()->signalCheckoutGroupFile({0});
+        QTRY_VERIFY(panel.title().startsWith(QLatin1String("2 files in category")));
+        QVERIFY(m_session->library().forgetAndWait({"/a.png", "/b.png"}).succeeded);
+        QTRY_VERIFY(panel.message().startsWith(QLatin1String("No file")));
+        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+        QVERIFY(panel.isHidden());
+    }
+
+    void tagWindowMayGo()
+    {
+        connect(m_plugin.window(), &IVLTagManagerWidget::signalSoftWareMax, m_plugin.window(),
+                [this] { delete m_plugin.window(); });
+        emit m_plugin.window()->signalSoftWareMax();
+        QVERIFY(!m_window->tagWindow());
+        m_window->showNormal();
+        QTest::keyClick(m_window.get(), Qt::Key_F, Qt::ControlModifier);
+        QTest::mouseDClick(m_window.get(), Qt::LeftButton, {}, QPoint(400, 20));
+        m_window->close();
+    }
 
 private:
-    void openWindow();
+    void openWindow()
+    {
+        m_window = std::make_unique<HostWindow>(*m_session, m_plugin);
+        m_window->restoreGeometryKept();
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    }
 
     PictureFolder m_settings;
     FakePlugin m_plugin;
@@ -127,127 +235,6 @@ private:
     std::unique_ptr<LibrarySession> m_session;
     std::unique_ptr<HostWindow> m_window;
 };
-
-void TestHostWindow::initTestCase()
-{
-    QCoreApplication::setOrganizationName(QStringLiteral("vellum-test"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QFile::decodeName(m_settings.path()));
-}
-
-void TestHostWindow::init()
-{
-    QSettings().clear();
-    m_folder = std::make_unique<PictureFolder>();
-    LibraryChoice choice;
-    choice.file = m_folder->path("holidays.vellum");
-    QString error;
-    m_session = LibrarySession::open(choice, &error);
-    QVERIFY2(m_session, qPrintable(error));
-    openWindow();
-}
-
-void TestHostWindow::cleanup()
-{
-    m_window.reset();
-    m_session.reset();
-}
-
-void TestHostWindow::openWindow()
-{
-    m_window = std::make_unique<HostWindow>(*m_session, m_plugin);
-    m_window->restoreGeometryKept();
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-}
-
-void TestHostWindow::buttonsOfTheTagWindow()
-{
-    emit m_plugin.window()->signalSoftWareMax();
-    QVERIFY(m_window->isMaximized());
-    QTRY_COMPARE(m_plugin.window()->told.value(m_plugin.window()->told.size() - 1), true);
-    QTest::keyClick(m_window.get(), Qt::Key_F11);
-    QVERIFY(!m_window->isMaximized());
-    QTRY_COMPARE(m_plugin.window()->told.last(), false);
-    QTest::keyClick(m_window.get(), Qt::Key_F11);
-    emit m_plugin.window()->signalSoftWareMax();
-    QVERIFY(!m_window->isMaximized());
-    emit m_plugin.window()->signalSoftWareMin();
-    QVERIFY(m_window->isMinimized());
-    m_window->showNormal();
-    emit m_plugin.window()->signalSoftWareClose();
-    QVERIFY(!m_window->isVisible());
-}
-
-void TestHostWindow::doubleClickOnTheStripMaximises()
-{
-    FakeTagWindow* tags = m_plugin.window();
-    QTest::mouseDClick(tags, Qt::LeftButton, {}, QPoint(400, FakeTagWindow::stripHeight - 1));
-    QVERIFY(m_window->isMaximized());
-    QTest::mouseDClick(tags, Qt::LeftButton, {}, QPoint(400, 4));
-    QVERIFY(!m_window->isMaximized());
-    QTest::mouseDClick(tags, Qt::LeftButton, {}, QPoint(400, FakeTagWindow::stripHeight + 5));
-    QVERIFY2(!m_window->isMaximized(), "the pages are not the frame's");
-    QTest::mouseDClick(tags->findChild<QWidget*>(QStringLiteral("tag_manager_title_btn")), Qt::LeftButton);
-    QVERIFY2(!m_window->isMaximized(), "a button is not the frame's");
-}
-
-void TestHostWindow::draggingResizesAndMoves()
-{
-    m_window->setGeometry(50, 50, 840, 600);
-    drag(m_window.get(), QPoint(839, 300), QPoint(-40, 0));
-    QCOMPARE(m_window->geometry(), QRect(50, 50, 800, 600));
-    QCOMPARE(m_plugin.window()->parentWidget()->width(), 790);
-    drag(m_plugin.window(), QPoint(400, 5), QPoint(30, 20));
-    QCOMPARE(m_window->geometry(), QRect(80, 70, 800, 600));
-}
-
-void TestHostWindow::geometryIsKept()
-{
-    const QRect place(20, 30, 800, 500);
-    m_window->setGeometry(place);
-    m_window->close();
-    openWindow();
-    QCOMPARE(m_window->geometry(), place);
-
-    m_window->showMaximized();
-    m_window->close();
-    openWindow();
-    QVERIFY(m_window->isMaximized());
-    m_window->showNormal();
-    QTRY_COMPARE(m_window->geometry(), place);
-}
-
-void TestHostWindow::filesOfTags()
-{
-    const QString name = QStringLiteral("<b>%1 & co</b>");
-    QVERIFY(m_session->library().importAndWait({taggedFile("/a.png", {name})}).succeeded);
-    const FilePanel& panel = *m_window->filePanel();
-    QVERIFY(panel.isHidden());
-    emit m_plugin.window()->signalCheckoutTagFile({1});
-    QTRY_COMPARE(panel.title(), QStringLiteral("1 file tagged ‘<b>%1 & co</b>’"));
-    QVERIFY(panel.isVisible());
-    QVERIFY(m_session->library().importAndWait({taggedFile("/b.png", {name})}).succeeded);
-    QTRY_COMPARE(panel.title(), QStringLiteral("2 files tagged ‘<b>%1 & co</b>’"));
-    QTRY_COMPARE(panel.view()->model()->index(1, 0).data().toString(), QStringLiteral("b.png"));
-    emit m_plugin.window()->signalCheckoutGroupFile({0});
-    QTRY_VERIFY(panel.title().startsWith(QLatin1String("2 files in category")));
-    QVERIFY(m_session->library().forgetAndWait({"/a.png", "/b.png"}).succeeded);
-    QTRY_VERIFY(panel.message().startsWith(QLatin1String("No file")));
-    QTest::keyClick(m_window.get(), Qt::Key_Escape);
-    QVERIFY(panel.isHidden());
-}
-
-void TestHostWindow::tagWindowMayGo()
-{
-    connect(m_plugin.window(), &IVLTagManagerWidget::signalSoftWareMax, m_plugin.window(),
-            [this] { delete m_plugin.window(); });
-    emit m_plugin.window()->signalSoftWareMax();
-    QVERIFY(!m_window->tagWindow());
-    m_window->showNormal();
-    QTest::keyClick(m_window.get(), Qt::Key_F, Qt::ControlModifier);
-    QTest::mouseDClick(m_window.get(), Qt::LeftButton, {}, QPoint(400, 20));
-    m_window->close();
-}
 
 QTEST_MAIN(TestHostWindow)
 #include "tst_hostwindow.moc"

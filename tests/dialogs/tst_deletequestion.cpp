@@ -26,73 +26,69 @@ class TestDeleteQuestion : public QObject
     Q_OBJECT
 
 private slots:
-    void nameReadsAsTyped();
-    void ordinaryNameIsOnlyEscaped();
-    void directionOfTheSentenceHolds();
-    void longNameIsShortenedToTheBody();
-};
-
-void TestDeleteQuestion::nameReadsAsTyped()
-{
-    for (const QString& name :
-         {QStringLiteral("<b>x</b>"), QStringLiteral("<a href=\"file:///etc/passwd\">x</a>"),
-          QStringLiteral("%1 %2 %5 %n %L4"), QStringLiteral("&amp; & &lt;"), QStringLiteral("'><img src=x>"),
-          QStringLiteral(" a  b\tc "), QString::fromUtf8("\u5C71\u6C34 \U0001F600")}) {
-        const QString expected =
-            QStringLiteral("The Tag ") + name + QStringLiteral(" has 7 files\uFF0Cdelete? (Remark.) ");
-        QCOMPARE(plainText(fillDeleteQuestion(kTemplate, name, 7)).trimmed(), expected.trimmed());
-        QCOMPARE(plainText(plainToolTip(name)), name);
+    void nameReadsAsTyped()
+    {
+        for (const QString& name :
+             {QStringLiteral("<b>x</b>"), QStringLiteral("<a href=\"file:///etc/passwd\">x</a>"),
+              QStringLiteral("%1 %2 %5 %n %L4"), QStringLiteral("&amp; & &lt;"), QStringLiteral("'><img src=x>"),
+              QStringLiteral(" a  b\tc "), QString::fromUtf8("\u5C71\u6C34 \U0001F600")}) {
+            const QString expected =
+                QStringLiteral("The Tag ") + name + QStringLiteral(" has 7 files\uFF0Cdelete? (Remark.) ");
+            QCOMPARE(plainText(fillDeleteQuestion(kTemplate, name, 7)).trimmed(), expected.trimmed());
+            QCOMPARE(plainText(plainToolTip(name)), name);
+        }
     }
-}
 
-void TestDeleteQuestion::ordinaryNameIsOnlyEscaped()
-{
-    const VLSkinSetting* skin = VLSkinSetting::GetInstance();
-    const QString blue = skin->GetPopupWinBlueColor().name(QColor::HexArgb);
-    const QString weak = skin->GetTextColor(1).name(QColor::HexArgb);
-    QCOMPARE(fillDeleteQuestion(kTemplate, QStringLiteral("A & B"), 0),
-             QString(QStringLiteral("The Tag<font color='") + blue +
-                     QStringLiteral("'> A &amp; B </font>has<font color='") + blue +
-                     QStringLiteral("'> 0 </font>files\uFF0Cdelete?<font style='font-size:12px' color='") + weak +
-                     QStringLiteral("'> (Remark.) </font>")));
-}
+    void ordinaryNameIsOnlyEscaped()
+    {
+        const VLSkinSetting* skin = VLSkinSetting::GetInstance();
+        const QString blue = skin->GetPopupWinBlueColor().name(QColor::HexArgb);
+        const QString weak = skin->GetTextColor(1).name(QColor::HexArgb);
+        QCOMPARE(fillDeleteQuestion(kTemplate, QStringLiteral("A & B"), 0),
+                 QString(QStringLiteral("The Tag<font color='") + blue +
+                         QStringLiteral("'> A &amp; B </font>has<font color='") + blue +
+                         QStringLiteral("'> 0 </font>files\uFF0Cdelete?<font style='font-size:12px' color='") + weak +
+                         QStringLiteral("'> (Remark.) </font>")));
+    }
 
-void TestDeleteQuestion::directionOfTheSentenceHolds()
-{
-    for (const QString& name :
-         {QStringLiteral("x\u202Eabc"), QStringLiteral("\u2067a\u202Ebc"),
-          QStringLiteral("\u202Ea\u202C\u202C\u2069\u2069\u202Ebc"), QStringLiteral("a\u202E\nb\u2029c")}) {
+    void directionOfTheSentenceHolds()
+    {
+        for (const QString& name :
+             {QStringLiteral("x\u202Eabc"), QStringLiteral("\u2067a\u202Ebc"),
+              QStringLiteral("\u202Ea\u202C\u202C\u2069\u2069\u202Ebc"), QStringLiteral("a\u202E\nb\u2029c")}) {
+            QTextDocument document;
+            document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
+            document.setTextWidth(10000);
+            QVERIFY(document.size().isValid());  // Lays the text out.
+            QCOMPARE(document.blockCount(), 1);
+            const QTextBlock block = document.firstBlock();
+            const int tail = block.text().indexOf(QLatin1String(" has"));
+            const QTextLine line = block.layout()->lineForTextPosition(tail);
+            for (int i = tail + 1; i < block.text().size() - 1; ++i)
+                QVERIFY2(line.cursorToX(i + 1) > line.cursorToX(i), qPrintable(block.text().mid(i, 1)));
+        }
+    }
+
+    void longNameIsShortenedToTheBody()
+    {
+        QFont font;
+        font.setPixelSize(13);
         QTextDocument document;
-        document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
-        document.setTextWidth(10000);
-        QVERIFY(document.size().isValid());  // Lays the text out.
-        QCOMPARE(document.blockCount(), 1);
-        const QTextBlock block = document.firstBlock();
-        const int tail = block.text().indexOf(QLatin1String(" has"));
-        const QTextLine line = block.layout()->lineForTextPosition(tail);
-        for (int i = tail + 1; i < block.text().size() - 1; ++i)
-            QVERIFY2(line.cursorToX(i + 1) > line.cursorToX(i), qPrintable(block.text().mid(i, 1)));
+        document.setDefaultFont(font);
+        document.setDocumentMargin(0);
+        for (const QString& name :
+             {QString(2000, QLatin1Char('W')), QString(2000, QChar(0x5C71)),
+              QString::fromUtf8("\U0001F600").repeated(1000), QStringLiteral("a\n").repeated(1000)}) {
+            QVERIFY(isShortenedInQuestion(kTemplate, name, 7));
+            document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
+            document.setTextWidth(300);
+            QVERIFY(document.size().height() <= 70 && document.idealWidth() <= 300);
+            const QString shown = document.toPlainText();
+            QVERIFY(shown.contains(QChar(0x2026)) && shown.contains(QLatin1String("(Remark.)")));
+            QCOMPARE(QString::fromUtf8(shown.toUtf8()), shown);
+        }
     }
-}
-
-void TestDeleteQuestion::longNameIsShortenedToTheBody()
-{
-    QFont font;
-    font.setPixelSize(13);
-    QTextDocument document;
-    document.setDefaultFont(font);
-    document.setDocumentMargin(0);
-    for (const QString& name : {QString(2000, QLatin1Char('W')), QString(2000, QChar(0x5C71)),
-                                QString::fromUtf8("\U0001F600").repeated(1000), QStringLiteral("a\n").repeated(1000)}) {
-        QVERIFY(isShortenedInQuestion(kTemplate, name, 7));
-        document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
-        document.setTextWidth(300);
-        QVERIFY(document.size().height() <= 70 && document.idealWidth() <= 300);
-        const QString shown = document.toPlainText();
-        QVERIFY(shown.contains(QChar(0x2026)) && shown.contains(QLatin1String("(Remark.)")));
-        QCOMPARE(QString::fromUtf8(shown.toUtf8()), shown);
-    }
-}
+};
 
 QTEST_MAIN(TestDeleteQuestion)
 #include "tst_deletequestion.moc"

@@ -19,12 +19,118 @@ class TestVLTagModifyWidget : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void looksAsItsModeSays();
-    void checksNames();
-    void enterConfirmsAgainAndEscapeDoesNothing();
-    void survivesItsOwnerGoingFromInsideTheSignal();
+    void init()
+    {
+        m_host.reset(new MemoryHost);
+        m_host->addTags(QStringList{QStringLiteral("Zebra"), kLongTag});
+        m_host->addGroups({QStringLiteral("Animals"), kLongGroup});
+        VLTagManagerSingleton::instance()->setDataProvider(m_host->library());
+        VLTagManagerSingleton::instance()->tagManagerProvider();
+    }
+
+    void cleanup()
+    {
+        VLTagManagerSingleton::instance()->clear();
+        m_host.reset();
+    }
+
+    void looksAsItsModeSays()
+    {
+        const QVector<QPair<QString, QString>> textsByMode = {
+            {QStringLiteral("Modify Tags"), QStringLiteral("Modify")},
+            {QStringLiteral("Create Tags"), QStringLiteral("Create")},
+            {QStringLiteral("Modify Tag Categories"), QStringLiteral("Modify")},
+            {QStringLiteral("Create Tag Categories"), QStringLiteral("Create")}};
+        for (int mode = 0; mode < textsByMode.size(); ++mode) {
+            QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(mode, nullptr);
+            dialog->showPopup();
+            QVERIFY(dialog->isModal());
+            const auto* title = dialog->findChild<QLabel*>(QStringLiteral("tag_popup_ttile"));
+            QCOMPARE(title->text(), textsByMode.at(mode).first);
+            QVERIFY2(qAbs(title->geometry().center().x() - dialog->rect().center().x()) <= 1, "in the middle");
+            QCOMPARE(confirmButton(*dialog)->text(), textsByMode.at(mode).second);
+            QVERIFY(!tip(*dialog)->isVisible());
+            QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("title_bar_close_btn")), Qt::LeftButton);
+            QTRY_VERIFY(!dialog);
+        }
+    }
+
+    void checksNames()
+    {
+        const QString empty = QStringLiteral("Please insert a name");
+        const QString taken = QStringLiteral("Name already exists");
+        const QString tooLong = QStringLiteral("20 characters maximum");
+        const QString full(20, QLatin1Char('x'));
+        struct Case
+        {
+            bool isGroup;
+            QString text;
+            QString tip;
+        };
+        const QVector<Case> cases = {{false, QStringLiteral("  \t "), empty},
+                                     {false, QStringLiteral(" Zebra "), taken},
+                                     {false, full + QLatin1Char('x'), tooLong},
+                                     {false, kLongTag, taken},
+                                     {false, QStringLiteral("Animals"), {}},
+                                     {false, QLatin1Char(' ') + full + QLatin1Char(' '), {}},
+                                     {true, QStringLiteral("   "), empty},
+                                     {true, QStringLiteral("Animals"), taken},
+                                     {true, kLongGroup, tooLong},
+                                     {true, QStringLiteral("Zebra"), {}},
+                                     {true, QStringLiteral("\U0001F600").repeated(11), tooLong}};
+        const char* const signalsByMode[] = {SIGNAL(signRenameTag(QString)), SIGNAL(signCreateTag(QString)),
+                                             SIGNAL(signalRenameGroup(QString)), SIGNAL(signcreateGroup(QString))};
+        for (const Case& each : cases) {
+            for (const int mode : {each.isGroup ? 2 : 0, each.isGroup ? 3 : 1}) {
+                auto* dialog = new VLTagModifyWidget(mode, nullptr);
+                QSignalSpy spy(dialog, signalsByMode[mode]);
+                dialog->showPopup();
+                dialog->lineEdit()->setText(each.text);
+                QTest::mouseClick(confirmButton(*dialog), Qt::LeftButton);
+                QVERIFY2(tip(*dialog)->text() == each.tip, qPrintable(each.text));
+                QCOMPARE(tip(*dialog)->isVisible(), !each.tip.isEmpty());
+                QCOMPARE(spy.count(), each.tip.isEmpty() ? 1 : 0);
+                if (each.tip.isEmpty())
+                    QCOMPARE(spy.first().first().toString(), each.text.trimmed());
+                QCOMPARE(confirmButton(*dialog)->isEnabled(), !each.tip.isEmpty());
+                QVERIFY(dialog->isVisible());
+                dialog->close();
+            }
+        }
+    }
+
+    void enterConfirmsAgainAndEscapeDoesNothing()
+    {
+        auto* dialog = new VLTagModifyWidget(0, nullptr);
+        QSignalSpy spy(dialog, &VLTagModifyWidget::signRenameTag);
+        dialog->lineEdit()->setText(QStringLiteral("Zebra"));
+        dialog->showPopup();
+        dialog->activateWindow();
+        QTRY_COMPARE(QApplication::focusWidget(), dialog->lineEdit());
+        QCOMPARE(dialog->lineEdit()->selectedText(), QStringLiteral("Zebra"));
+        QTest::keyClick(dialog->lineEdit(), Qt::Key_Return);
+        QTest::keyClick(dialog->lineEdit(), Qt::Key_Escape);
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        QVERIFY(dialog->isVisible() && tip(*dialog)->isVisible());
+        dialog->lineEdit()->setText(QStringLiteral("Otter"));
+        QTest::keyClick(dialog->lineEdit(), Qt::Key_Return);
+        QVERIFY(!confirmButton(*dialog)->isEnabled());
+        QTest::keyClick(dialog->lineEdit(), Qt::Key_Enter);
+        QCOMPARE(spy.count(), 2);
+        dialog->close();
+    }
+
+    void survivesItsOwnerGoingFromInsideTheSignal()
+    {
+        auto* owner = new QWidget;
+        owner->show();
+        QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(1, owner);
+        connect(dialog.data(), &VLTagModifyWidget::signCreateTag, qApp, [owner] { delete owner; });
+        dialog->showPopup();
+        dialog->lineEdit()->setText(QStringLiteral("Otter"));
+        dialog->slotCreateLabel();
+        QVERIFY(!dialog);
+    }
 
 private:
     QScopedPointer<MemoryHost> m_host;
@@ -42,119 +148,6 @@ static QPushButton* confirmButton(const VLTagModifyWidget& dialog)
 static QLabel* tip(const VLTagModifyWidget& dialog)
 {
     return dialog.findChild<QLabel*>(QStringLiteral("tag_popup_tip"));
-}
-
-void TestVLTagModifyWidget::init()
-{
-    m_host.reset(new MemoryHost);
-    m_host->addTags(QStringList{QStringLiteral("Zebra"), kLongTag});
-    m_host->addGroups({QStringLiteral("Animals"), kLongGroup});
-    VLTagManagerSingleton::instance()->setDataProvider(m_host->library());
-    VLTagManagerSingleton::instance()->tagManagerProvider();
-}
-
-void TestVLTagModifyWidget::cleanup()
-{
-    VLTagManagerSingleton::instance()->clear();
-    m_host.reset();
-}
-
-void TestVLTagModifyWidget::looksAsItsModeSays()
-{
-    const QVector<QPair<QString, QString>> textsByMode = {
-        {QStringLiteral("Modify Tags"), QStringLiteral("Modify")},
-        {QStringLiteral("Create Tags"), QStringLiteral("Create")},
-        {QStringLiteral("Modify Tag Categories"), QStringLiteral("Modify")},
-        {QStringLiteral("Create Tag Categories"), QStringLiteral("Create")}};
-    for (int mode = 0; mode < textsByMode.size(); ++mode) {
-        QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(mode, nullptr);
-        dialog->showPopup();
-        QVERIFY(dialog->isModal());
-        const auto* title = dialog->findChild<QLabel*>(QStringLiteral("tag_popup_ttile"));
-        QCOMPARE(title->text(), textsByMode.at(mode).first);
-        QVERIFY2(qAbs(title->geometry().center().x() - dialog->rect().center().x()) <= 1, "in the middle");
-        QCOMPARE(confirmButton(*dialog)->text(), textsByMode.at(mode).second);
-        QVERIFY(!tip(*dialog)->isVisible());
-        QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("title_bar_close_btn")), Qt::LeftButton);
-        QTRY_VERIFY(!dialog);
-    }
-}
-
-void TestVLTagModifyWidget::checksNames()
-{
-    const QString empty = QStringLiteral("Please insert a name");
-    const QString taken = QStringLiteral("Name already exists");
-    const QString tooLong = QStringLiteral("20 characters maximum");
-    const QString full(20, QLatin1Char('x'));
-    struct Case
-    {
-        bool isGroup;
-        QString text;
-        QString tip;
-    };
-    const QVector<Case> cases = {{false, QStringLiteral("  \t "), empty},
-                                 {false, QStringLiteral(" Zebra "), taken},
-                                 {false, full + QLatin1Char('x'), tooLong},
-                                 {false, kLongTag, taken},
-                                 {false, QStringLiteral("Animals"), {}},
-                                 {false, QLatin1Char(' ') + full + QLatin1Char(' '), {}},
-                                 {true, QStringLiteral("   "), empty},
-                                 {true, QStringLiteral("Animals"), taken},
-                                 {true, kLongGroup, tooLong},
-                                 {true, QStringLiteral("Zebra"), {}},
-                                 {true, QStringLiteral("\U0001F600").repeated(11), tooLong}};
-    const char* const signalsByMode[] = {SIGNAL(signRenameTag(QString)), SIGNAL(signCreateTag(QString)),
-                                         SIGNAL(signalRenameGroup(QString)), SIGNAL(signcreateGroup(QString))};
-    for (const Case& each : cases) {
-        for (const int mode : {each.isGroup ? 2 : 0, each.isGroup ? 3 : 1}) {
-            auto* dialog = new VLTagModifyWidget(mode, nullptr);
-            QSignalSpy spy(dialog, signalsByMode[mode]);
-            dialog->showPopup();
-            dialog->lineEdit()->setText(each.text);
-            QTest::mouseClick(confirmButton(*dialog), Qt::LeftButton);
-            QVERIFY2(tip(*dialog)->text() == each.tip, qPrintable(each.text));
-            QCOMPARE(tip(*dialog)->isVisible(), !each.tip.isEmpty());
-            QCOMPARE(spy.count(), each.tip.isEmpty() ? 1 : 0);
-            if (each.tip.isEmpty())
-                QCOMPARE(spy.first().first().toString(), each.text.trimmed());
-            QCOMPARE(confirmButton(*dialog)->isEnabled(), !each.tip.isEmpty());
-            QVERIFY(dialog->isVisible());
-            dialog->close();
-        }
-    }
-}
-
-void TestVLTagModifyWidget::enterConfirmsAgainAndEscapeDoesNothing()
-{
-    auto* dialog = new VLTagModifyWidget(0, nullptr);
-    QSignalSpy spy(dialog, &VLTagModifyWidget::signRenameTag);
-    dialog->lineEdit()->setText(QStringLiteral("Zebra"));
-    dialog->showPopup();
-    dialog->activateWindow();
-    QTRY_COMPARE(QApplication::focusWidget(), dialog->lineEdit());
-    QCOMPARE(dialog->lineEdit()->selectedText(), QStringLiteral("Zebra"));
-    QTest::keyClick(dialog->lineEdit(), Qt::Key_Return);
-    QTest::keyClick(dialog->lineEdit(), Qt::Key_Escape);
-    QTest::keyClick(dialog, Qt::Key_Escape);
-    QVERIFY(dialog->isVisible() && tip(*dialog)->isVisible());
-    dialog->lineEdit()->setText(QStringLiteral("Otter"));
-    QTest::keyClick(dialog->lineEdit(), Qt::Key_Return);
-    QVERIFY(!confirmButton(*dialog)->isEnabled());
-    QTest::keyClick(dialog->lineEdit(), Qt::Key_Enter);
-    QCOMPARE(spy.count(), 2);
-    dialog->close();
-}
-
-void TestVLTagModifyWidget::survivesItsOwnerGoingFromInsideTheSignal()
-{
-    auto* owner = new QWidget;
-    owner->show();
-    QPointer<VLTagModifyWidget> dialog = new VLTagModifyWidget(1, owner);
-    connect(dialog.data(), &VLTagModifyWidget::signCreateTag, qApp, [owner] { delete owner; });
-    dialog->showPopup();
-    dialog->lineEdit()->setText(QStringLiteral("Otter"));
-    dialog->slotCreateLabel();
-    QVERIFY(!dialog);
 }
 
 QTEST_MAIN(TestVLTagModifyWidget)

@@ -25,14 +25,130 @@ class TestCommands : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        qputenv("XDG_DATA_HOME", path("data"));
+        QVERIFY(QDir().mkpath(file("pictures")));
+        writePicture(path("pictures/a.jpg"), {QStringLiteral("sea"), QStringLiteral("one\ttwo\nthree\\")});
+        writePicture(path("pictures/b\xff.jpg"), {QStringLiteral("sea"), QStringLiteral("山")});
+    }
+
     void cleanup() { qunsetenv(harmfulReaderVariable); }
-    void importPrintsTotals();
-    void importIsInterruptedWithoutHarm();
-    void importSurvivesBeingKilled();
-    void listsTagsAndFiles();
-    void listsAsJson();
-    void defaultLibraryIsThePersonsOwn();
+
+    void importPrintsTotals()
+    {
+        for (int i = 0; i < 2; ++i) {
+            const Result result = import("pictures", "a.db");
+            QCOMPARE(result.errors, QByteArray());
+            QCOMPARE(result.output, QByteArray("files: 2, tags: 3, links: 4, skipped: 0\n"));
+            QCOMPARE(result.status, 0);
+        }
+        QVERIFY(QDir().mkpath(file("bad")));
+        writeFile(path("bad/\033[31m.jpg"), "no picture");
+        const Result result = import("bad", "bad.db");
+        QVERIFY2(result.errors.contains("/bad/\\x1b[31m.jpg: "), result.errors);
+        QCOMPARE(result.output, QByteArray("files: 0, tags: 0, links: 0, skipped: 1\n"));
+        QCOMPARE(result.status, 0);
+    }
+
+    void importIsInterruptedWithoutHarm()
+    {
+        QVERIFY(QDir().mkpath(file("long")));
+        writePicture(path("long/a.jpg"), {QStringLiteral("tag")});
+        writeFile(path("long/b.jpg"), "no picture");
+        writePicture(path("long/c hang.jpg"), {QStringLiteral("tag")});
+        for (const int signal : {SIGINT, SIGTERM}) {
+            const QByteArray library = "interrupted" + QByteArray::number(signal) + ".db";
+            qputenv(harmfulReaderVariable, "1");
+            QProcess process;
+            start(process, {QStringLiteral("--import"), file("long"), QStringLiteral("--library"), file(library)});
+            // The bad file is named once the files before it are read; the next one is never answered.
+            process.setReadChannel(QProcess::StandardError);
+            QTRY_VERIFY_WITH_TIMEOUT(process.canReadLine(), 30000);
+            kill(pid_t(process.processId()), signal);
+            QVERIFY(process.waitForFinished(30000));
+            QCOMPARE(process.exitCode(), 130);
+            QCOMPARE(process.readAllStandardOutput(), QByteArray("files: 1, tags: 1, links: 1, skipped: 1\n"));
+            qunsetenv(harmfulReaderVariable);
+            QCOMPARE(import("long", library).output, QByteArray("files: 2, tags: 1, links: 2, skipped: 1\n"));
+        }
+    }
+
+    void importSurvivesBeingKilled()
+    {
+        QVERIFY(QDir().mkpath(file("many")));
+        for (int i = 0; i < 700; ++i)
+            writeSidecar(path("many/" + QByteArray::number(i) + ".xmp"), {QString::number(i % 90), QString::number(i)});
+        for (int i = 0; i < 700; ++i)
+            writeFile(path("many/" + QByteArray::number(i) + ".svg"), "<svg/>");
+        QRandomGenerator random(7);
+        for (int round = 0; round < 8; ++round) {
+            QProcess process;
+            start(process, {QStringLiteral("--import"), file("many"), QStringLiteral("--library"), file("killed.db")});
+            process.waitForFinished(random.bounded(20, 250));
+            process.kill();
+            process.waitForFinished();
+        }
+        QCOMPARE(import("many", "killed.db").output, QByteArray("files: 700, tags: 700, links: 1310, skipped: 0\n"));
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
+        database.setDatabaseName(file("killed.db"));
+        QVERIFY(database.open());
+        QSqlQuery check(QStringLiteral("PRAGMA integrity_check"), database);
+        QVERIFY(check.next());
+        QCOMPARE(check.value(0).toString(), QStringLiteral("ok"));
+    }
+
+    void listsTagsAndFiles()
+    {
+        const std::unique_ptr<Library> openMeanwhile = Library::open(file("a.db"));
+        QVERIFY(openMeanwhile);
+        const Result tags = list("tags");
+        QCOMPARE(tags.status, 0);
+        QList<QByteArray> names;
+        for (const QByteArray& line : tags.output.split('\n').mid(0, 3)) {
+            const QList<QByteArray> fields = line.split('\t');
+            QCOMPARE(fields.size(), 4);
+            names.append(fields.at(1) + '=' + fields.at(2));
+        }
+        std::sort(names.begin(), names.end());
+        QCOMPARE(names, (QList<QByteArray>{"one\\ttwo\\nthree\\\\=1", "sea=2", "\xe5\xb1\xb1=1"}));
+        const QList<QByteArray> files = list("files").output.split('\n');
+        QCOMPARE(files.size(), 3);
+        QVERIFY(files.at(1).startsWith(path("pictures/") + "b\xff.jpg\t"));
+        QCOMPARE(files.at(1).split('\t').size(), 4);
+        QVERIFY(list("categories").output.startsWith("1\t"));
+    }
+
+    void listsAsJson()
+    {
+        const QStringList json = {QStringLiteral("--json")};
+        const QJsonArray tags = QJsonDocument::fromJson(list("tags", json).output).array();
+        QCOMPARE(tags.size(), 3);
+        QCOMPARE(tags.first().toObject().keys(), (QStringList{QStringLiteral("colorIndex"), QStringLiteral("fileCount"),
+                                                              QStringLiteral("id"), QStringLiteral("name")}));
+        const QJsonArray files = QJsonDocument::fromJson(list("files", json).output).array();
+        QCOMPARE(files.size(), 2);
+        const QJsonObject plain = files.first().toObject();
+        QVERIFY(!plain.contains(QLatin1String("pathBase64")));
+        QVERIFY(plain.value(QLatin1String("tags")).toArray().contains(QStringLiteral("one\ttwo\nthree\\")));
+        const QString exact = files.last().toObject().value(QLatin1String("pathBase64")).toString();
+        QVERIFY(QByteArray::fromBase64(exact.toLatin1()).endsWith("b\xff.jpg"));
+        QVERIFY(QJsonDocument::fromJson(list("categories", json).output).isArray());
+    }
+
+    void defaultLibraryIsThePersonsOwn()
+    {
+        const QByteArray library = defaultLibraryPath(path("pictures"));
+        QVERIFY(library.startsWith(path("data") + '/'));
+        QCOMPARE(defaultLibraryPath(path("pictures/../pictures/")), library);
+        QVERIFY(defaultLibraryPath(path("bad")) != library);
+        QVERIFY(defaultLibraryPath(path("nowhere")).isEmpty());
+        struct stat status = {};
+        QCOMPARE(stat(library.left(library.lastIndexOf('/')).constData(), &status), 0);
+        QCOMPARE(status.st_mode & 0777, mode_t(0700));
+        QCOMPARE(run({QStringLiteral("--import"), file("pictures")}).status, 0);
+        QVERIFY(QFile::exists(QFile::decodeName(library)));
+    }
 
 private:
     struct Result
@@ -42,14 +158,28 @@ private:
         QByteArray errors;
     };
 
-    static void start(QProcess& process, const QStringList& arguments);
-    static Result run(const QStringList& arguments);
+    static void start(QProcess& process, const QStringList& arguments)
+    {
+        process.start(QCoreApplication::applicationFilePath(), QStringList{QLatin1String(commandArgument)} + arguments);
+    }
+
+    static Result run(const QStringList& arguments)
+    {
+        QProcess process;
+        start(process, arguments);
+        process.waitForFinished(60000);
+        if (process.exitStatus() != QProcess::NormalExit)
+            return {};
+        return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    }
+
     [[nodiscard]] Result import(const QByteArray& folder, const QByteArray& library) const
     {
         return run({QStringLiteral("--import"), file(folder), QStringLiteral("--library"), file(library)});
     }
     [[nodiscard]] QByteArray path(const QByteArray& name) const { return m_folder.file(name); }
     [[nodiscard]] QString file(const QByteArray& name) const { return QFile::decodeName(path(name)); }
+
     Result list(const char* what, const QStringList& more = {}) const
     {
         return run(
@@ -59,144 +189,6 @@ private:
 
     TestFolder m_folder;
 };
-
-void TestCommands::start(QProcess& process, const QStringList& arguments)
-{
-    process.start(QCoreApplication::applicationFilePath(), QStringList{QLatin1String(commandArgument)} + arguments);
-}
-
-TestCommands::Result TestCommands::run(const QStringList& arguments)
-{
-    QProcess process;
-    start(process, arguments);
-    process.waitForFinished(60000);
-    if (process.exitStatus() != QProcess::NormalExit)
-        return {};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
-}
-
-void TestCommands::initTestCase()
-{
-    qputenv("XDG_DATA_HOME", path("data"));
-    QVERIFY(QDir().mkpath(file("pictures")));
-    writePicture(path("pictures/a.jpg"), {QStringLiteral("sea"), QStringLiteral("one\ttwo\nthree\\")});
-    writePicture(path("pictures/b\xff.jpg"), {QStringLiteral("sea"), QStringLiteral("山")});
-}
-
-void TestCommands::importPrintsTotals()
-{
-    for (int i = 0; i < 2; ++i) {
-        const Result result = import("pictures", "a.db");
-        QCOMPARE(result.errors, QByteArray());
-        QCOMPARE(result.output, QByteArray("files: 2, tags: 3, links: 4, skipped: 0\n"));
-        QCOMPARE(result.status, 0);
-    }
-    QVERIFY(QDir().mkpath(file("bad")));
-    writeFile(path("bad/\033[31m.jpg"), "no picture");
-    const Result result = import("bad", "bad.db");
-    QVERIFY2(result.errors.contains("/bad/\\x1b[31m.jpg: "), result.errors);
-    QCOMPARE(result.output, QByteArray("files: 0, tags: 0, links: 0, skipped: 1\n"));
-    QCOMPARE(result.status, 0);
-}
-
-void TestCommands::importIsInterruptedWithoutHarm()
-{
-    QVERIFY(QDir().mkpath(file("long")));
-    writePicture(path("long/a.jpg"), {QStringLiteral("tag")});
-    writeFile(path("long/b.jpg"), "no picture");
-    writePicture(path("long/c hang.jpg"), {QStringLiteral("tag")});
-    for (const int signal : {SIGINT, SIGTERM}) {
-        const QByteArray library = "interrupted" + QByteArray::number(signal) + ".db";
-        qputenv(harmfulReaderVariable, "1");
-        QProcess process;
-        start(process, {QStringLiteral("--import"), file("long"), QStringLiteral("--library"), file(library)});
-        // The bad file is named once the files before it are read; the next one is never answered.
-        process.setReadChannel(QProcess::StandardError);
-        QTRY_VERIFY_WITH_TIMEOUT(process.canReadLine(), 30000);
-        kill(pid_t(process.processId()), signal);
-        QVERIFY(process.waitForFinished(30000));
-        QCOMPARE(process.exitCode(), 130);
-        QCOMPARE(process.readAllStandardOutput(), QByteArray("files: 1, tags: 1, links: 1, skipped: 1\n"));
-        qunsetenv(harmfulReaderVariable);
-        QCOMPARE(import("long", library).output, QByteArray("files: 2, tags: 1, links: 2, skipped: 1\n"));
-    }
-}
-
-void TestCommands::importSurvivesBeingKilled()
-{
-    QVERIFY(QDir().mkpath(file("many")));
-    for (int i = 0; i < 700; ++i)
-        writeSidecar(path("many/" + QByteArray::number(i) + ".xmp"), {QString::number(i % 90), QString::number(i)});
-    for (int i = 0; i < 700; ++i)
-        writeFile(path("many/" + QByteArray::number(i) + ".svg"), "<svg/>");
-    QRandomGenerator random(7);
-    for (int round = 0; round < 8; ++round) {
-        QProcess process;
-        start(process, {QStringLiteral("--import"), file("many"), QStringLiteral("--library"), file("killed.db")});
-        process.waitForFinished(random.bounded(20, 250));
-        process.kill();
-        process.waitForFinished();
-    }
-    QCOMPARE(import("many", "killed.db").output, QByteArray("files: 700, tags: 700, links: 1310, skipped: 0\n"));
-    QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
-    database.setDatabaseName(file("killed.db"));
-    QVERIFY(database.open());
-    QSqlQuery check(QStringLiteral("PRAGMA integrity_check"), database);
-    QVERIFY(check.next());
-    QCOMPARE(check.value(0).toString(), QStringLiteral("ok"));
-}
-
-void TestCommands::listsTagsAndFiles()
-{
-    const std::unique_ptr<Library> openMeanwhile = Library::open(file("a.db"));
-    QVERIFY(openMeanwhile);
-    const Result tags = list("tags");
-    QCOMPARE(tags.status, 0);
-    QList<QByteArray> names;
-    for (const QByteArray& line : tags.output.split('\n').mid(0, 3)) {
-        const QList<QByteArray> fields = line.split('\t');
-        QCOMPARE(fields.size(), 4);
-        names.append(fields.at(1) + '=' + fields.at(2));
-    }
-    std::sort(names.begin(), names.end());
-    QCOMPARE(names, (QList<QByteArray>{"one\\ttwo\\nthree\\\\=1", "sea=2", "\xe5\xb1\xb1=1"}));
-    const QList<QByteArray> files = list("files").output.split('\n');
-    QCOMPARE(files.size(), 3);
-    QVERIFY(files.at(1).startsWith(path("pictures/") + "b\xff.jpg\t"));
-    QCOMPARE(files.at(1).split('\t').size(), 4);
-    QVERIFY(list("categories").output.startsWith("1\t"));
-}
-
-void TestCommands::listsAsJson()
-{
-    const QStringList json = {QStringLiteral("--json")};
-    const QJsonArray tags = QJsonDocument::fromJson(list("tags", json).output).array();
-    QCOMPARE(tags.size(), 3);
-    QCOMPARE(tags.first().toObject().keys(), (QStringList{QStringLiteral("colorIndex"), QStringLiteral("fileCount"),
-                                                          QStringLiteral("id"), QStringLiteral("name")}));
-    const QJsonArray files = QJsonDocument::fromJson(list("files", json).output).array();
-    QCOMPARE(files.size(), 2);
-    const QJsonObject plain = files.first().toObject();
-    QVERIFY(!plain.contains(QLatin1String("pathBase64")));
-    QVERIFY(plain.value(QLatin1String("tags")).toArray().contains(QStringLiteral("one\ttwo\nthree\\")));
-    const QString exact = files.last().toObject().value(QLatin1String("pathBase64")).toString();
-    QVERIFY(QByteArray::fromBase64(exact.toLatin1()).endsWith("b\xff.jpg"));
-    QVERIFY(QJsonDocument::fromJson(list("categories", json).output).isArray());
-}
-
-void TestCommands::defaultLibraryIsThePersonsOwn()
-{
-    const QByteArray library = defaultLibraryPath(path("pictures"));
-    QVERIFY(library.startsWith(path("data") + '/'));
-    QCOMPARE(defaultLibraryPath(path("pictures/../pictures/")), library);
-    QVERIFY(defaultLibraryPath(path("bad")) != library);
-    QVERIFY(defaultLibraryPath(path("nowhere")).isEmpty());
-    struct stat status = {};
-    QCOMPARE(stat(library.left(library.lastIndexOf('/')).constData(), &status), 0);
-    QCOMPARE(status.st_mode & 0777, mode_t(0700));
-    QCOMPARE(run({QStringLiteral("--import"), file("pictures")}).status, 0);
-    QVERIFY(QFile::exists(QFile::decodeName(library)));
-}
 
 READER_TEST_MAIN(TestCommands)
 #include "tst_commands.moc"

@@ -45,25 +45,220 @@ class TestImporter : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void importsTheSamples();
-    void joinsSidecars();
-    void writesNothingWhenNothingChanged();
-    void followsChanges();
-    void aTouchedFileKeepsItsTags();
-    void vanishedFilesLeave();
-    void filesOutOfSightStay();
-    void badFilesAreNamedAndSkipped();
-    void harmfulFilesAreNamedAndSkipped();
-    void tellsOfFailure();
+    void init()
+    {
+        m_folder = std::make_unique<TestFolder>();
+        m_root = m_folder->path();
+        QString error;
+        m_library = Library::open(
+            m_libraryFolder.filePath(QLatin1String(QTest::currentTestFunction()) + QLatin1String(".db")), &error);
+        QVERIFY2(m_library, qPrintable(error));
+    }
+
+    void cleanup()
+    {
+        qunsetenv(harmfulReaderVariable);
+        m_library.reset();
+        m_folder.reset();
+    }
+
+    void importsTheSamples()
+    {
+        const ImportRun run(*m_library, VELLUM_SAMPLES);
+        QCOMPARE(run.finishedCount, 1);
+        QCOMPARE(run.summary.error, QString());
+        QVERIFY(run.skipped.isEmpty());
+        QCOMPARE(run.summary.found, 26);
+        QCOMPARE(run.summary.added, 26);
+        QCOMPARE(run.summary.totals.files, qint64(26));
+        QVERIFY(run.summary.totals.tags > 60);
+        const QMap<QByteArray, QStringList> found = tags(VELLUM_SAMPLES);
+        const QVector<QPair<QByteArray, QString>> oneOfEachFormat = {
+            {"Landscapes/Autumn forest.jpg", QStringLiteral("가을")},
+            {"Travel/Postcard from Malmö.jpg", QStringLiteral("Øresund")},
+            {"Design/Tartan.png", QStringLiteral("红色")},
+            {"Design/Fans.tif", QStringLiteral("デザイン")},
+            {"Design/Rings.tif", QStringLiteral("抽象")},
+            {"Everyday/Shoal.webp", QStringLiteral("动物")}};
+        for (const auto& [file, keyword] : oneOfEachFormat)
+            QVERIFY2(found.value(file).contains(keyword), file);
+    }
+
+    void joinsSidecars()
+    {
+        writePicture(path("a.jpg"), {QStringLiteral("embedded"), QStringLiteral("shared")});
+        writeSidecar(path("a.jpg.xmp"), {QStringLiteral("shared"), QStringLiteral("one, two")});
+        writeSidecar(path("a.xmp"), {QStringLiteral("both")});
+        writeFile(path("a.svg"), "<svg/>");
+        writeFile(path("caf\xe9.gif"), "GIF89a");
+        import();
+        const QMap<QByteArray, QStringList> expected = {{"a.jpg",
+                                                         {QStringLiteral("both"), QStringLiteral("embedded"),
+                                                          QStringLiteral("one, two"), QStringLiteral("shared")}},
+                                                        {"a.svg", {QStringLiteral("both")}},
+                                                        {"caf\xe9.gif", {}}};
+        QCOMPARE(tags(), expected);
+    }
+
+    void writesNothingWhenNothingChanged()
+    {
+        for (int i = 0; i < 30; ++i)
+            writePicture(path(QByteArray::number(i) + ".jpg"), {QString::number(i)});
+        QCOMPARE(import().summary.added, 30);
+        const QByteArray file = m_library->path().toUtf8();
+        const QByteArray before = fileBytes(file) + fileBytes(file + "-wal");
+        const ImportRun again = import();
+        QCOMPARE(again.summary.added + again.summary.changed + again.summary.removed, 0);
+        QCOMPARE(again.summary.totals.files, qint64(30));
+        QCOMPARE(fileBytes(file) + fileBytes(file + "-wal"), before);
+    }
+
+    void followsChanges()
+    {
+        writePicture(path("a.jpg"), {QStringLiteral("one")});
+        writePicture(path("b.jpg"), {QStringLiteral("one")});
+        writeSidecar(path("b.xmp"), {QStringLiteral("two")});
+        import();
+        writePicture(path("a.jpg"), {QStringLiteral("three, four")});
+        writeSidecar(path("b.xmp"), {QStringLiteral("five!")});
+        QCOMPARE(import().summary.changed, 2);
+        QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("three, four")});
+        QCOMPARE(tags().value("b.jpg"), (QStringList{QStringLiteral("five!"), QStringLiteral("one")}));
+        QCOMPARE(unlink(path("b.xmp").constData()), 0);
+        QCOMPARE(import().summary.changed, 1);
+        QCOMPARE(tags().value("b.jpg"), QStringList{QStringLiteral("one")});
+    }
+
+    void aTouchedFileKeepsItsTags()
+    {
+        writePicture(path("a.jpg"), {QStringLiteral("one")});
+        import();
+        const qint64 tag = LibraryReader::open(m_library->path())->tags().first().id;
+        m_library->dataProvider()->tagAction()->renameTag(tag, QStringLiteral("renamed"));
+        QTRY_COMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
+
+        const timespec times[2] = {{0, UTIME_OMIT}, {1000, 1}};
+        QCOMPARE(utimensat(AT_FDCWD, path("a.jpg").constData(), times, 0), 0);
+        QCOMPARE(import().summary.changed, 1);
+        QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
+        QCOMPARE(import().summary.changed, 0);
+    }
+
+    void vanishedFilesLeave()
+    {
+        for (const char* const name : {"sub", "other", "sub more"})
+            makeFolder(name);
+        for (const char* const name : {"a.jpg", "b.jpg", "sub/c.jpg", "other/d.jpg", "sub more/e.jpg"})
+            writePicture(path(name), {QStringLiteral("tag")});
+        import();
+        for (const char* const name : {"a.jpg", "sub/c.jpg", "sub more/e.jpg"})
+            QCOMPARE(unlink(path(name).constData()), 0);
+        QCOMPARE(ImportRun(*m_library, path("sub")).summary.removed, 1);
+        QVERIFY(ImportRun(*m_library, path("nowhere")).summary.noSuchFolder);
+        QCOMPARE(tags().keys(), (QList<QByteArray>{"a.jpg", "b.jpg", "other/d.jpg", "sub more/e.jpg"}));
+        QCOMPARE(rename(path("other").constData(), path("moved").constData()), 0);
+        const ImportRun run = import();
+        QCOMPARE(run.summary.removed, 3);
+        QCOMPARE(run.summary.added, 1);
+        QCOMPARE(tags().keys(), (QList<QByteArray>{"b.jpg", "moved/d.jpg"}));
+    }
+
+    void filesOutOfSightStay()
+    {
+        makeFolder("seen");
+        writePicture(path("seen/a.jpg"), {QStringLiteral("tag")});
+        import();
+        QCOMPARE(rename(path("seen").constData(), path(".hidden").constData()), 0);
+        // A link into nowhere stands for a folder whose disk is not there.
+        QCOMPARE(symlink(".hidden", path("seen").constData()), 0);
+        QCOMPARE(import().summary.removed, 0);
+        QCOMPARE(tags().keys(), QList<QByteArray>{"seen/a.jpg"});
+    }
+
+    void badFilesAreNamedAndSkipped()
+    {
+        const QStringList kept{QStringLiteral("kept")};
+        for (const char* const name : {"fine.jpg", "later bad.jpg"})
+            writePicture(path(name), kept);
+        writeFile(path("empty.png"), "");
+        writeFile(path("fine.xmp"), "<x:xmpmeta");
+        writeFile(path("text.jpg"), "no picture");
+        const ImportRun run = import();
+        QCOMPARE(run.skipped.keys(), (QList<QByteArray>{path("empty.png"), path("fine.xmp"), path("text.jpg")}));
+        QVERIFY(!run.skipped.first().isEmpty());
+        QCOMPARE(run.summary.totals.files, qint64(2));
+        QCOMPARE(tags().value("fine.jpg"), kept);
+
+        writeFile(path("later bad.jpg"), "no picture");
+        const ImportRun again = import();
+        QCOMPARE(again.skipped.size(), 4);
+        QCOMPARE(again.summary.changed + again.summary.removed, 0);
+        QCOMPARE(tags().value("later bad.jpg"), kept);
+        writeSidecar(path("fine.xmp"), {QStringLiteral("mended")});
+        import();
+        QCOMPARE(tags().value("fine.jpg"), kept + QStringList{QStringLiteral("mended")});
+    }
+
+    void harmfulFilesAreNamedAndSkipped()
+    {
+        qputenv(harmfulReaderVariable, "1");
+        QList<QByteArray> harmful;
+        for (int i = 0; i < 60; ++i) {
+            const char* const kind = i == 30 ? "hang" : i % 10 == 3 ? "crash" : i % 10 == 7 ? "babble" : "fine\xff\n";
+            const QByteArray name = path(QByteArray::number(i + 10) + kind + ".jpg");
+            writePicture(name, {QString::number(i)});
+            if (!name.contains("fine"))
+                harmful.append(name);
+        }
+        ReaderPool::Settings settings;
+        settings.processes = 3;
+        settings.fileLimit = std::chrono::milliseconds(1500);
+        const ImportRun run = import(settings);
+        QCOMPARE(run.summary.error, QString());
+        QCOMPARE(run.skipped.keys(), harmful);
+        QVERIFY(run.skipped.value(path("40hang.jpg")).contains(QLatin1String("1.5 seconds")));
+        QCOMPARE(tags().size(), 60 - harmful.size());
+        QCOMPARE(tags().value("69fine\xff\n.jpg"), QStringList{QStringLiteral("59")});
+    }
+
+    void tellsOfFailure()
+    {
+        writePicture(path("a.jpg"), {QStringLiteral("tag")});
+        ReaderPool::Settings settings;
+        for (const char* const program : {"/nowhere/at/all", "/bin/echo", "/bin/false"}) {
+            settings.program = QLatin1String(program);
+            const ImportRun run = import(settings);
+            QCOMPARE(run.finishedCount, 1);
+            QVERIFY2(run.summary.error.contains(settings.program), qPrintable(run.summary.error));
+            QVERIFY(!run.summary.noSuchFolder);
+        }
+        QCOMPARE(import().summary.error, QString());
+    }
 
 private:
     [[nodiscard]] QByteArray path(const QByteArray& name) const { return m_folder->file(name); }
     void makeFolder(const QByteArray& name) const { QCOMPARE(mkdir(path(name).constData(), 0755), 0); }
     ImportRun import(const ReaderPool::Settings& settings = {}) { return {*m_library, m_root, settings}; }
+
     /// The names of the tags of each file in the library, sorted, by paths relative to \a root.
-    [[nodiscard]] QMap<QByteArray, QStringList> tags(const QByteArray& root) const;
+    [[nodiscard]] QMap<QByteArray, QStringList> tags(const QByteArray& root) const
+    {
+        QMap<QByteArray, QStringList> result;
+        const std::unique_ptr<LibraryReader> reader = LibraryReader::open(m_library->path());
+        QHash<qint64, QString> names;
+        for (const TagRow& tag : reader->tags())
+            names.insert(tag.id, tag.name);
+        reader->forEachFile([&](const FileRow& file) {
+            QStringList tags;
+            for (const qint64 id : file.tagIds)
+                tags.append(names.value(id));
+            tags.sort();
+            result.insert(file.path.mid(root.size() + 1), tags);
+            return true;
+        });
+        return result;
+    }
+
     [[nodiscard]] QMap<QByteArray, QStringList> tags() const { return tags(m_root); }
 
     std::unique_ptr<TestFolder> m_folder;
@@ -71,214 +266,6 @@ private:
     QTemporaryDir m_libraryFolder;
     std::unique_ptr<Library> m_library;
 };
-
-void TestImporter::init()
-{
-    m_folder = std::make_unique<TestFolder>();
-    m_root = m_folder->path();
-    QString error;
-    m_library = Library::open(
-        m_libraryFolder.filePath(QLatin1String(QTest::currentTestFunction()) + QLatin1String(".db")), &error);
-    QVERIFY2(m_library, qPrintable(error));
-}
-
-void TestImporter::cleanup()
-{
-    qunsetenv(harmfulReaderVariable);
-    m_library.reset();
-    m_folder.reset();
-}
-
-QMap<QByteArray, QStringList> TestImporter::tags(const QByteArray& root) const
-{
-    QMap<QByteArray, QStringList> result;
-    const std::unique_ptr<LibraryReader> reader = LibraryReader::open(m_library->path());
-    QHash<qint64, QString> names;
-    for (const TagRow& tag : reader->tags())
-        names.insert(tag.id, tag.name);
-    reader->forEachFile([&](const FileRow& file) {
-        QStringList tags;
-        for (const qint64 id : file.tagIds)
-            tags.append(names.value(id));
-        tags.sort();
-        result.insert(file.path.mid(root.size() + 1), tags);
-        return true;
-    });
-    return result;
-}
-
-void TestImporter::importsTheSamples()
-{
-    const ImportRun run(*m_library, VELLUM_SAMPLES);
-    QCOMPARE(run.finishedCount, 1);
-    QCOMPARE(run.summary.error, QString());
-    QVERIFY(run.skipped.isEmpty());
-    QCOMPARE(run.summary.found, 26);
-    QCOMPARE(run.summary.added, 26);
-    QCOMPARE(run.summary.totals.files, qint64(26));
-    QVERIFY(run.summary.totals.tags > 60);
-    const QMap<QByteArray, QStringList> found = tags(VELLUM_SAMPLES);
-    const QVector<QPair<QByteArray, QString>> oneOfEachFormat = {
-        {"Landscapes/Autumn forest.jpg", QStringLiteral("가을")},
-        {"Travel/Postcard from Malmö.jpg", QStringLiteral("Øresund")},
-        {"Design/Tartan.png", QStringLiteral("红色")},
-        {"Design/Fans.tif", QStringLiteral("デザイン")},
-        {"Design/Rings.tif", QStringLiteral("抽象")},
-        {"Everyday/Shoal.webp", QStringLiteral("动物")}};
-    for (const auto& [file, keyword] : oneOfEachFormat)
-        QVERIFY2(found.value(file).contains(keyword), file);
-}
-
-void TestImporter::joinsSidecars()
-{
-    writePicture(path("a.jpg"), {QStringLiteral("embedded"), QStringLiteral("shared")});
-    writeSidecar(path("a.jpg.xmp"), {QStringLiteral("shared"), QStringLiteral("one, two")});
-    writeSidecar(path("a.xmp"), {QStringLiteral("both")});
-    writeFile(path("a.svg"), "<svg/>");
-    writeFile(path("caf\xe9.gif"), "GIF89a");
-    import();
-    const QMap<QByteArray, QStringList> expected = {
-        {"a.jpg",
-         {QStringLiteral("both"), QStringLiteral("embedded"), QStringLiteral("one, two"), QStringLiteral("shared")}},
-        {"a.svg", {QStringLiteral("both")}},
-        {"caf\xe9.gif", {}}};
-    QCOMPARE(tags(), expected);
-}
-
-void TestImporter::writesNothingWhenNothingChanged()
-{
-    for (int i = 0; i < 30; ++i)
-        writePicture(path(QByteArray::number(i) + ".jpg"), {QString::number(i)});
-    QCOMPARE(import().summary.added, 30);
-    const QByteArray file = m_library->path().toUtf8();
-    const QByteArray before = fileBytes(file) + fileBytes(file + "-wal");
-    const ImportRun again = import();
-    QCOMPARE(again.summary.added + again.summary.changed + again.summary.removed, 0);
-    QCOMPARE(again.summary.totals.files, qint64(30));
-    QCOMPARE(fileBytes(file) + fileBytes(file + "-wal"), before);
-}
-
-void TestImporter::followsChanges()
-{
-    writePicture(path("a.jpg"), {QStringLiteral("one")});
-    writePicture(path("b.jpg"), {QStringLiteral("one")});
-    writeSidecar(path("b.xmp"), {QStringLiteral("two")});
-    import();
-    writePicture(path("a.jpg"), {QStringLiteral("three, four")});
-    writeSidecar(path("b.xmp"), {QStringLiteral("five!")});
-    QCOMPARE(import().summary.changed, 2);
-    QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("three, four")});
-    QCOMPARE(tags().value("b.jpg"), (QStringList{QStringLiteral("five!"), QStringLiteral("one")}));
-    QCOMPARE(unlink(path("b.xmp").constData()), 0);
-    QCOMPARE(import().summary.changed, 1);
-    QCOMPARE(tags().value("b.jpg"), QStringList{QStringLiteral("one")});
-}
-
-void TestImporter::aTouchedFileKeepsItsTags()
-{
-    writePicture(path("a.jpg"), {QStringLiteral("one")});
-    import();
-    const qint64 tag = LibraryReader::open(m_library->path())->tags().first().id;
-    m_library->dataProvider()->tagAction()->renameTag(tag, QStringLiteral("renamed"));
-    QTRY_COMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
-
-    const timespec times[2] = {{0, UTIME_OMIT}, {1000, 1}};
-    QCOMPARE(utimensat(AT_FDCWD, path("a.jpg").constData(), times, 0), 0);
-    QCOMPARE(import().summary.changed, 1);
-    QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
-    QCOMPARE(import().summary.changed, 0);
-}
-
-void TestImporter::vanishedFilesLeave()
-{
-    for (const char* const name : {"sub", "other", "sub more"})
-        makeFolder(name);
-    for (const char* const name : {"a.jpg", "b.jpg", "sub/c.jpg", "other/d.jpg", "sub more/e.jpg"})
-        writePicture(path(name), {QStringLiteral("tag")});
-    import();
-    for (const char* const name : {"a.jpg", "sub/c.jpg", "sub more/e.jpg"})
-        QCOMPARE(unlink(path(name).constData()), 0);
-    QCOMPARE(ImportRun(*m_library, path("sub")).summary.removed, 1);
-    QVERIFY(ImportRun(*m_library, path("nowhere")).summary.noSuchFolder);
-    QCOMPARE(tags().keys(), (QList<QByteArray>{"a.jpg", "b.jpg", "other/d.jpg", "sub more/e.jpg"}));
-    QCOMPARE(rename(path("other").constData(), path("moved").constData()), 0);
-    const ImportRun run = import();
-    QCOMPARE(run.summary.removed, 3);
-    QCOMPARE(run.summary.added, 1);
-    QCOMPARE(tags().keys(), (QList<QByteArray>{"b.jpg", "moved/d.jpg"}));
-}
-
-void TestImporter::filesOutOfSightStay()
-{
-    makeFolder("seen");
-    writePicture(path("seen/a.jpg"), {QStringLiteral("tag")});
-    import();
-    QCOMPARE(rename(path("seen").constData(), path(".hidden").constData()), 0);
-    // A link into nowhere stands for a folder whose disk is not there.
-    QCOMPARE(symlink(".hidden", path("seen").constData()), 0);
-    QCOMPARE(import().summary.removed, 0);
-    QCOMPARE(tags().keys(), QList<QByteArray>{"seen/a.jpg"});
-}
-
-void TestImporter::badFilesAreNamedAndSkipped()
-{
-    const QStringList kept{QStringLiteral("kept")};
-    for (const char* const name : {"fine.jpg", "later bad.jpg"})
-        writePicture(path(name), kept);
-    writeFile(path("empty.png"), "");
-    writeFile(path("fine.xmp"), "<x:xmpmeta");
-    writeFile(path("text.jpg"), "no picture");
-    const ImportRun run = import();
-    QCOMPARE(run.skipped.keys(), (QList<QByteArray>{path("empty.png"), path("fine.xmp"), path("text.jpg")}));
-    QVERIFY(!run.skipped.first().isEmpty());
-    QCOMPARE(run.summary.totals.files, qint64(2));
-    QCOMPARE(tags().value("fine.jpg"), kept);
-
-    writeFile(path("later bad.jpg"), "no picture");
-    const ImportRun again = import();
-    QCOMPARE(again.skipped.size(), 4);
-    QCOMPARE(again.summary.changed + again.summary.removed, 0);
-    QCOMPARE(tags().value("later bad.jpg"), kept);
-    writeSidecar(path("fine.xmp"), {QStringLiteral("mended")});
-    import();
-    QCOMPARE(tags().value("fine.jpg"), kept + QStringList{QStringLiteral("mended")});
-}
-
-void TestImporter::harmfulFilesAreNamedAndSkipped()
-{
-    qputenv(harmfulReaderVariable, "1");
-    QList<QByteArray> harmful;
-    for (int i = 0; i < 60; ++i) {
-        const char* const kind = i == 30 ? "hang" : i % 10 == 3 ? "crash" : i % 10 == 7 ? "babble" : "fine\xff\n";
-        const QByteArray name = path(QByteArray::number(i + 10) + kind + ".jpg");
-        writePicture(name, {QString::number(i)});
-        if (!name.contains("fine"))
-            harmful.append(name);
-    }
-    ReaderPool::Settings settings;
-    settings.processes = 3;
-    settings.fileLimit = std::chrono::milliseconds(1500);
-    const ImportRun run = import(settings);
-    QCOMPARE(run.summary.error, QString());
-    QCOMPARE(run.skipped.keys(), harmful);
-    QVERIFY(run.skipped.value(path("40hang.jpg")).contains(QLatin1String("1.5 seconds")));
-    QCOMPARE(tags().size(), 60 - harmful.size());
-    QCOMPARE(tags().value("69fine\xff\n.jpg"), QStringList{QStringLiteral("59")});
-}
-
-void TestImporter::tellsOfFailure()
-{
-    writePicture(path("a.jpg"), {QStringLiteral("tag")});
-    ReaderPool::Settings settings;
-    for (const char* const program : {"/nowhere/at/all", "/bin/echo", "/bin/false"}) {
-        settings.program = QLatin1String(program);
-        const ImportRun run = import(settings);
-        QCOMPARE(run.finishedCount, 1);
-        QVERIFY2(run.summary.error.contains(settings.program), qPrintable(run.summary.error));
-        QVERIFY(!run.summary.noSuchFolder);
-    }
-    QCOMPARE(import().summary.error, QString());
-}
 
 READER_TEST_MAIN(TestImporter)
 #include "tst_importer.moc"

@@ -33,152 +33,143 @@ class TstLibraryFile : public QObject
     Q_OBJECT
 
 private slots:
-    void createdForTheOwnerAlone();
-    void durableSettings();
-    void refusedFilesStayAsTheyAre_data();
-    void refusedFilesStayAsTheyAre();
-    void newerVersionInTheLogIsRefused();
-    void whereNoFileCanBe();
-    void emptyFileBecomesALibrary();
-    void failedMigrationLeavesTheOldVersion();
-    void damagedLibraryIsReported();
-};
-
-void TstLibraryFile::createdForTheOwnerAlone()
-{
-    const mode_t before = ::umask(0);
-    LibraryFixture f;
-    QVERIFY(f.createTags({"one"}));
-    ::umask(before);
-    for (const char* suffix : {"", "-wal", "-shm"}) {
-        struct stat status
-        {
-        };
-        QCOMPARE(::stat(QFile::encodeName(f.path() + suffix).constData(), &status), 0);
-        QCOMPARE(int(status.st_mode & 0777), 0600);
+    void createdForTheOwnerAlone()
+    {
+        const mode_t before = ::umask(0);
+        LibraryFixture f;
+        QVERIFY(f.createTags({"one"}));
+        ::umask(before);
+        for (const char* suffix : {"", "-wal", "-shm"}) {
+            struct stat status
+            {
+            };
+            QCOMPARE(::stat(QFile::encodeName(f.path() + suffix).constData(), &status), 0);
+            QCOMPARE(int(status.st_mode & 0777), 0600);
+        }
     }
-}
 
-void TstLibraryFile::durableSettings()
-{
-    LibraryFixture f;
-    LibraryDatabase database(f.path(), LibraryDatabase::Access::ReadWrite);
-    QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
-    QCOMPARE(database.number("PRAGMA synchronous"), 2);
-    QCOMPARE(database.number("PRAGMA busy_timeout"), 5000);
-    QCOMPARE(database.number("SELECT journal_mode = 'wal' FROM pragma_journal_mode"), 1);
-    QCOMPARE(database.number("PRAGMA user_version"), libraryschema::currentVersion());
-    QCOMPARE(quint32(database.number("PRAGMA application_id")), libraryschema::ApplicationId);
-}
+    void durableSettings()
+    {
+        LibraryFixture f;
+        LibraryDatabase database(f.path(), LibraryDatabase::Access::ReadWrite);
+        QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
+        QCOMPARE(database.number("PRAGMA synchronous"), 2);
+        QCOMPARE(database.number("PRAGMA busy_timeout"), 5000);
+        QCOMPARE(database.number("SELECT journal_mode = 'wal' FROM pragma_journal_mode"), 1);
+        QCOMPARE(database.number("PRAGMA user_version"), libraryschema::currentVersion());
+        QCOMPARE(quint32(database.number("PRAGMA application_id")), libraryschema::ApplicationId);
+    }
 
-void TstLibraryFile::refusedFilesStayAsTheyAre_data()
-{
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("statements");
-    QTest::addColumn<QString>("reason");
-    QTest::newRow("text") << QByteArray("Dear diary") << QStringList() << "no database";
-    QTest::newRow("long text") << QByteArray(5000, 'x') << QStringList() << "no database";
-    QTest::newRow("nearly a database") << QByteArray("SQLite format 3\0", 16) << QStringList() << "no database";
-    QTest::newRow("another program's") << QByteArray() << QStringList{"CREATE TABLE tags (id)"} << "another program";
-    QTest::newRow("newer")
-        << QByteArray()
-        << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(libraryschema::ApplicationId),
-                       "PRAGMA user_version = 99", "CREATE TABLE tags (other)"}
-        << "newer";
-}
+    void refusedFilesStayAsTheyAre_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QStringList>("statements");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("text") << QByteArray("Dear diary") << QStringList() << "no database";
+        QTest::newRow("long text") << QByteArray(5000, 'x') << QStringList() << "no database";
+        QTest::newRow("nearly a database") << QByteArray("SQLite format 3\0", 16) << QStringList() << "no database";
+        QTest::newRow("another program's")
+            << QByteArray() << QStringList{"CREATE TABLE tags (id)"} << "another program";
+        QTest::newRow("newer")
+            << QByteArray()
+            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(libraryschema::ApplicationId),
+                           "PRAGMA user_version = 99", "CREATE TABLE tags (other)"}
+            << "newer";
+    }
 
-void TstLibraryFile::refusedFilesStayAsTheyAre()
-{
-    QFETCH(const QByteArray, content);
-    QFETCH(const QStringList, statements);
-    QFETCH(const QString, reason);
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("file");
-    QVERIFY(write(path, content));
-    QCOMPARE(LibraryFixture::rowsOf(path, statements), QStringList());
-    const QByteArray before = bytesOf(path);
-    QString error;
-    QVERIFY(!Library::open(path, &error));
-    QVERIFY2(error.contains(reason), qPrintable(error));
-    QVERIFY(!LibraryReader::open(path, &error));
-    QVERIFY2(error.contains(reason), qPrintable(error));
-    QCOMPARE(bytesOf(path), before);
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
-}
+    void refusedFilesStayAsTheyAre()
+    {
+        QFETCH(const QByteArray, content);
+        QFETCH(const QStringList, statements);
+        QFETCH(const QString, reason);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("file");
+        QVERIFY(write(path, content));
+        QCOMPARE(LibraryFixture::rowsOf(path, statements), QStringList());
+        const QByteArray before = bytesOf(path);
+        QString error;
+        QVERIFY(!Library::open(path, &error));
+        QVERIFY2(error.contains(reason), qPrintable(error));
+        QVERIFY(!LibraryReader::open(path, &error));
+        QVERIFY2(error.contains(reason), qPrintable(error));
+        QCOMPARE(bytesOf(path), before);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    }
 
-void TstLibraryFile::newerVersionInTheLogIsRefused()
-{
-    LibraryFixture f;
-    QVERIFY(f.createTags({"one"}));
-    LibraryDatabase newer(f.path(), LibraryDatabase::Access::ReadWrite);
-    newer.execute("PRAGMA user_version = 99");
-    f.close();
-    // As if that program had been killed: the new version is in the log only.
-    const QTemporaryDir folder;
-    const QString copy = folder.filePath("copy");
-    for (const char* suffix : {"", "-wal"})
-        QVERIFY(QFile::copy(f.path() + suffix, copy + suffix));
-    const QByteArray before = bytesOf(copy);
-    const QByteArray logBefore = bytesOf(copy + "-wal");
-    QString error;
-    QVERIFY(!Library::open(copy, &error));
-    QVERIFY2(error.contains("newer"), qPrintable(error));
-    QCOMPARE(bytesOf(copy), before);
-    QCOMPARE(bytesOf(copy + "-wal"), logBefore);
-}
+    void newerVersionInTheLogIsRefused()
+    {
+        LibraryFixture f;
+        QVERIFY(f.createTags({"one"}));
+        LibraryDatabase newer(f.path(), LibraryDatabase::Access::ReadWrite);
+        newer.execute("PRAGMA user_version = 99");
+        f.close();
+        // As if that program had been killed: the new version is in the log only.
+        const QTemporaryDir folder;
+        const QString copy = folder.filePath("copy");
+        for (const char* suffix : {"", "-wal"})
+            QVERIFY(QFile::copy(f.path() + suffix, copy + suffix));
+        const QByteArray before = bytesOf(copy);
+        const QByteArray logBefore = bytesOf(copy + "-wal");
+        QString error;
+        QVERIFY(!Library::open(copy, &error));
+        QVERIFY2(error.contains("newer"), qPrintable(error));
+        QCOMPARE(bytesOf(copy), before);
+        QCOMPARE(bytesOf(copy + "-wal"), logBefore);
+    }
 
-void TstLibraryFile::whereNoFileCanBe()
-{
-    const QTemporaryDir folder;
-    QString error;
-    QVERIFY(!Library::open(folder.path(), &error));
-    QVERIFY2(error.contains("folder"), qPrintable(error));
-    QVERIFY(!Library::open(folder.filePath("none/library"), &error));
-    QVERIFY2(error.contains("No such file"), qPrintable(error));
-    QVERIFY(QFile::link(folder.filePath("none/target"), folder.filePath("link")));
-    QVERIFY(!Library::open(folder.filePath("link"), &error));
-    QVERIFY(!LibraryReader::open(folder.filePath("never"), &error));
-    QVERIFY(!QFile::exists(folder.filePath("never")));
-}
+    void whereNoFileCanBe()
+    {
+        const QTemporaryDir folder;
+        QString error;
+        QVERIFY(!Library::open(folder.path(), &error));
+        QVERIFY2(error.contains("folder"), qPrintable(error));
+        QVERIFY(!Library::open(folder.filePath("none/library"), &error));
+        QVERIFY2(error.contains("No such file"), qPrintable(error));
+        QVERIFY(QFile::link(folder.filePath("none/target"), folder.filePath("link")));
+        QVERIFY(!Library::open(folder.filePath("link"), &error));
+        QVERIFY(!LibraryReader::open(folder.filePath("never"), &error));
+        QVERIFY(!QFile::exists(folder.filePath("never")));
+    }
 
-void TstLibraryFile::emptyFileBecomesALibrary()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("library %1 ;\u6c34?mode=memory#");
-    QVERIFY(write(path, {}));
-    QVERIFY(LibraryFixture::openOnce(path));
-    QVERIFY(bytesOf(path).size() > 0);
-    QCOMPARE(LibraryFixture::storedIn(path).size(), 2);
-}
+    void emptyFileBecomesALibrary()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("library %1 ;\u6c34?mode=memory#");
+        QVERIFY(write(path, {}));
+        QVERIFY(LibraryFixture::openOnce(path));
+        QVERIFY(bytesOf(path).size() > 0);
+        QCOMPARE(LibraryFixture::storedIn(path).size(), 2);
+    }
 
-void TstLibraryFile::failedMigrationLeavesTheOldVersion()
-{
-    LibraryFixture f;
-    QVERIFY(f.createTags({"one"}));
-    QVector<libraryschema::Step> steps = libraryschema::steps();
-    steps.append(libraryschema::Step{"DELETE FROM tags", "CREATE TABLE tags (again)"});
-    LibraryDatabase database(f.path(), LibraryDatabase::Access::ReadWrite);
-    QVERIFY_EXCEPTION_THROWN(libraryschema::migrate(database, steps), LibraryError);
-    QVERIFY(f.reopen());
-    QCOMPARE(f.group(-1)->tagCount(1), 1);
-}
+    void failedMigrationLeavesTheOldVersion()
+    {
+        LibraryFixture f;
+        QVERIFY(f.createTags({"one"}));
+        QVector<libraryschema::Step> steps = libraryschema::steps();
+        steps.append(libraryschema::Step{"DELETE FROM tags", "CREATE TABLE tags (again)"});
+        LibraryDatabase database(f.path(), LibraryDatabase::Access::ReadWrite);
+        QVERIFY_EXCEPTION_THROWN(libraryschema::migrate(database, steps), LibraryError);
+        QVERIFY(f.reopen());
+        QCOMPARE(f.group(-1)->tagCount(1), 1);
+    }
 
-void TstLibraryFile::damagedLibraryIsReported()
-{
-    LibraryFixture f;
-    QStringList names;
-    for (int i = 0; i < 500; ++i)
-        names.append(QStringLiteral("tag %1").arg(i));
-    QVERIFY(f.createTags(names));
-    f.close();
-    QByteArray bytes = bytesOf(f.path());
-    const int header = 100;
-    std::fill(bytes.begin() + header, bytes.end(), '\x5a');
-    QVERIFY(write(f.path(), bytes));
-    QString error;
-    QVERIFY(!Library::open(f.path(), &error));
-    QVERIFY(!error.isEmpty());
-}
+    void damagedLibraryIsReported()
+    {
+        LibraryFixture f;
+        QStringList names;
+        for (int i = 0; i < 500; ++i)
+            names.append(QStringLiteral("tag %1").arg(i));
+        QVERIFY(f.createTags(names));
+        f.close();
+        QByteArray bytes = bytesOf(f.path());
+        const int header = 100;
+        std::fill(bytes.begin() + header, bytes.end(), '\x5a');
+        QVERIFY(write(f.path(), bytes));
+        QString error;
+        QVERIFY(!Library::open(f.path(), &error));
+        QVERIFY(!error.isEmpty());
+    }
+};
 
 QTEST_GUILESS_MAIN(TstLibraryFile)
 

@@ -13,8 +13,47 @@ class TstLibraryKilled : public QObject
     Q_OBJECT
 
 private slots:
-    void killedAtAnyMoment();
-    void killedWhileTheLibraryIsCreated();
+    void killedAtAnyMoment()
+    {
+        constexpr quint32 Seed = 20240229;
+        LibraryFixture uninterrupted;
+        QEventLoop answer;
+        CommandScript script(uninterrupted.library(), Seed, [&answer] { answer.quit(); });
+        QVector<QStringList> contents = {uninterrupted.stored()};
+        QRandomGenerator random(Seed);
+        for (int round = 0; round < 50; ++round) {
+            QTemporaryDir folder;
+            const QString path = folder.filePath(QStringLiteral("library.vellum"));
+            const int atLeast = random.bounded(60);
+            const int answered = answersUntilKilled({path, QString::number(Seed)}, atLeast, random.bounded(5));
+            QVERIFY(answered >= atLeast);
+            if (answered == 0 && !QFile::exists(path))
+                continue;
+            QVERIFY(LibraryFixture::openOnce(path));
+            QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
+            while (contents.size() < answered + 2) {
+                script.next();
+                answer.exec();
+                contents.append(uninterrupted.stored());
+            }
+            const QStringList found = LibraryFixture::storedIn(path);
+            if (found != contents.at(answered + 1))
+                QCOMPARE(found, contents.at(answered));
+        }
+    }
+
+    void killedWhileTheLibraryIsCreated()
+    {
+        QRandomGenerator random(7);
+        for (int round = 0; round < 20; ++round) {
+            QTemporaryDir folder;
+            const QString path = folder.filePath(QStringLiteral("library.vellum"));
+            QVERIFY(answersUntilKilled({path, "1"}, 0, random.bounded(15), [&path] { return QFile::exists(path); }) >=
+                    0);
+            QVERIFY(LibraryFixture::openOnce(path));
+            QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
+        }
+    }
 };
 
 /// Starts the program, kills it some milliseconds after its answers are \a atLeast and \a isReady, and counts them:
@@ -30,47 +69,6 @@ static int answersUntilKilled(
     runner.kill();
     runner.waitForFinished();
     return came && !endedItself ? runner.readAllStandardOutput().size() : -1;
-}
-
-void TstLibraryKilled::killedAtAnyMoment()
-{
-    constexpr quint32 Seed = 20240229;
-    LibraryFixture uninterrupted;
-    QEventLoop answer;
-    CommandScript script(uninterrupted.library(), Seed, [&answer] { answer.quit(); });
-    QVector<QStringList> contents = {uninterrupted.stored()};
-    QRandomGenerator random(Seed);
-    for (int round = 0; round < 50; ++round) {
-        QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("library.vellum"));
-        const int atLeast = random.bounded(60);
-        const int answered = answersUntilKilled({path, QString::number(Seed)}, atLeast, random.bounded(5));
-        QVERIFY(answered >= atLeast);
-        if (answered == 0 && !QFile::exists(path))
-            continue;
-        QVERIFY(LibraryFixture::openOnce(path));
-        QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
-        while (contents.size() < answered + 2) {
-            script.next();
-            answer.exec();
-            contents.append(uninterrupted.stored());
-        }
-        const QStringList found = LibraryFixture::storedIn(path);
-        if (found != contents.at(answered + 1))
-            QCOMPARE(found, contents.at(answered));
-    }
-}
-
-void TstLibraryKilled::killedWhileTheLibraryIsCreated()
-{
-    QRandomGenerator random(7);
-    for (int round = 0; round < 20; ++round) {
-        QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("library.vellum"));
-        QVERIFY(answersUntilKilled({path, "1"}, 0, random.bounded(15), [&path] { return QFile::exists(path); }) >= 0);
-        QVERIFY(LibraryFixture::openOnce(path));
-        QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
-    }
 }
 
 QTEST_GUILESS_MAIN(TstLibraryKilled)

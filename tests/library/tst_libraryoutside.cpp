@@ -55,146 +55,132 @@ class TstLibraryOutside : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        f = std::make_unique<LibraryFixture>();
+        QVERIFY(f->createTags({"one", "two", "three"}));
+        QVERIFY(f->createCategories({"left", "right"}));
+        QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({2}, {1})), 0);
+        other = std::make_unique<LibraryFixture>(f->path());
+        QVERIFY(other->isOpen());
+        f->follow({-1, 0, 1, 2, 3});
+        f->takeLog();
+    }
 
-    void changesAreToldWithoutARequest();
-    void nothingIsLostWhenAnotherProgramCloses();
-    void changesAreToldBeforeARequestIsCarriedOut();
-    void namesThatChangedHands();
-    void ownChangesAreToldOnce();
-    void anotherProcess();
-    void largeChangesComeInPieces();
+    void cleanup() { QCOMPARE(f->shown(), f->stored()); }
+
+    void changesAreToldWithoutARequest()
+    {
+        QSignalSpy files(f->library(), &Library::filesChanged);
+        QVERIFY(other->library()->importAndWait({picture(1, "one"), picture(2, "four")}).succeeded);
+        QCOMPARE(other->statusOf(other->tags()->setTagColor(1, 5)), 0);
+        QCOMPARE(other->statusOf(other->tags()->addTagsToGroups({1, 3}, {3})), 0);
+        QCOMPARE(other->statusOf(other->tags()->deleteTags({2})), 0);
+        QCOMPARE(other->statusOf(other->categories()->renameTagGroup(3, "gauche")), 0);
+        QVERIFY(other->createCategories({"new"}));
+        QTRY_COMPARE(f->shown(), f->stored());
+        QTRY_VERIFY(files.count() > 0);
+        const QStringList log = f->takeLog();
+        for (const char* line : {"updated tag 1", "add -1: 4", "add 1: 3", "add 3: 3", "remove -1: 2",
+                                 "updated category 3", "add categories: 4"})
+            QVERIFY2(log.contains(line), qPrintable(log.join('\n')));
+    }
+
+    /// The last program that closes a library removes its log. Who is not the last must know of the others.
+    void nothingIsLostWhenAnotherProgramCloses()
+    {
+        const auto seenByAnotherProgram = [this] {
+            QProcess program;
+            program.start(QStringLiteral("sqlite3"), {f->path(), QStringLiteral("SELECT max(name) FROM tags")});
+            program.waitForFinished();
+            return program.readAllStandardOutput().trimmed();
+        };
+        QVERIFY(f->createTags({"x before"}));
+        QVERIFY(LibraryFixture::openOnce(f->path()));
+        QVERIFY(LibraryReader::open(f->path()));
+        QCOMPARE(seenByAnotherProgram(), QByteArray("x before"));
+        QVERIFY(f->createTags({"y after"}));
+        QCOMPARE(seenByAnotherProgram(), QByteArray("y after"));
+    }
+
+    void changesAreToldBeforeARequestIsCarriedOut()
+    {
+        QVERIFY(other->createTags({"four"}));
+        QCOMPARE(f->statusOf(f->tags()->renameTag(4, "vier")), 0);
+        const QStringList log = f->takeLog();
+        QVERIFY(log.indexOf("add -1: 4") >= 0);
+        QCOMPARE(log.last(), QStringLiteral("answer 0"));
+        QCOMPARE(f->tag(4)->name(), QStringLiteral("vier"));
+    }
+
+    void namesThatChangedHands()
+    {
+        for (const auto& [tag, name] : {std::pair<int, const char*>{1, "x"}, {2, "one"}, {1, "two"}})
+            QCOMPARE(other->statusOf(other->tags()->renameTag(tag, name)), 0);
+        QCOMPARE(other->statusOf(other->tags()->deleteTags({3})), 0);
+        QVERIFY(other->createTags({"three"}));
+        QCOMPARE(other->statusOf(other->categories()->removeTagGroup(2)), 0);
+        QVERIFY(other->createCategories({"left"}));
+        QCOMPARE(f->statusOf(f->tags()->setTagColor(1, 1)), 0);
+        QCOMPARE(f->group(-1)->tagByName("one"), f->tag(2));
+        QCOMPARE(f->group(-1)->tagByName("two"), f->tag(1));
+        QCOMPARE(f->group(-1)->tagByName("three"), f->tag(4));
+        QVERIFY(!f->group(-1)->tagByName("x"));
+        QCOMPARE(f->manager()->tagGroupByName("left"), f->group(4));
+    }
+
+    void ownChangesAreToldOnce()
+    {
+        QCOMPARE(f->statusOf(f->tags()->renameTag(1, "eins")), 0);
+        QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({3}, {1, 2})), 0);
+        QCOMPARE(f->statusOf(f->tags()->deleteTags({3})), 0);
+        QVERIFY(f->library()->importAndWait({picture(1, "eins"), picture(2, "four")}).succeeded);
+        QVERIFY(f->createTags({"five"}));
+        f->takeLog();
+        QCOMPARE(other->statusOf(other->tags()->setTagColor(2, 6)), 0);
+        QCOMPARE(f->statusOf(f->tags()->setTagColor(1, 1)), 0);
+        QCOMPARE(f->takeLog(), (QStringList{"updated tag 2", "updated tag 1", "answer 0"}));
+    }
+
+    void anotherProcess()
+    {
+        other.reset();
+        f = std::make_unique<LibraryFixture>();
+        const Listener all(f->group(-1));
+        const Listener uncategorized(f->group(0));
+        const Listener favorites(f->group(1));
+        QProcess runner;
+        runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        runner.start(QStringLiteral(COMMAND_RUNNER), {f->path(), "4711"});
+        QTRY_VERIFY(f->group(-1)->tagCount(1) > 5);
+        QTRY_VERIFY(runner.bytesAvailable() > 150);
+        QCOMPARE(runner.state(), QProcess::Running);
+        runner.kill();
+        QVERIFY(runner.waitForFinished());
+        QTRY_COMPARE(f->shown(), f->stored());
+        QTRY_VERIFY(all.isRight() && uncategorized.isRight() && favorites.isRight());
+    }
+
+    void largeChangesComeInPieces()
+    {
+        const Listener all(f->group(-1));
+        QVector<ImportedFile> files;
+        for (int i = 0; i < 12000; ++i)
+            files.append(picture(i, QStringLiteral("key %1").arg(i)));
+        QSignalSpy filesChanged(f->library(), &Library::filesChanged);
+        QVERIFY(other->library()->importAndWait(files).succeeded);
+        QCOMPARE(other->statusOf(other->tags()->deleteTags({2})), 0);
+        QVERIFY(f->createTags({"mine"}));
+        // Large libraries are not read again in quick succession, so what came last may take a while.
+        QTRY_COMPARE_WITH_TIMEOUT(f->group(-1)->tagCount(1), 12003, 20000);
+        QVERIFY(filesChanged.count() > 0);
+        QVERIFY(all.isRight());
+    }
 
 private:
     std::unique_ptr<LibraryFixture> f;
     std::unique_ptr<LibraryFixture> other;
 };
-
-void TstLibraryOutside::init()
-{
-    f = std::make_unique<LibraryFixture>();
-    QVERIFY(f->createTags({"one", "two", "three"}));
-    QVERIFY(f->createCategories({"left", "right"}));
-    QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({2}, {1})), 0);
-    other = std::make_unique<LibraryFixture>(f->path());
-    QVERIFY(other->isOpen());
-    f->follow({-1, 0, 1, 2, 3});
-    f->takeLog();
-}
-
-void TstLibraryOutside::cleanup()
-{
-    QCOMPARE(f->shown(), f->stored());
-}
-
-/// The last program that closes a library removes its log. Who is not the last must know of the others.
-void TstLibraryOutside::nothingIsLostWhenAnotherProgramCloses()
-{
-    const auto seenByAnotherProgram = [this] {
-        QProcess program;
-        program.start(QStringLiteral("sqlite3"), {f->path(), QStringLiteral("SELECT max(name) FROM tags")});
-        program.waitForFinished();
-        return program.readAllStandardOutput().trimmed();
-    };
-    QVERIFY(f->createTags({"x before"}));
-    QVERIFY(LibraryFixture::openOnce(f->path()));
-    QVERIFY(LibraryReader::open(f->path()));
-    QCOMPARE(seenByAnotherProgram(), QByteArray("x before"));
-    QVERIFY(f->createTags({"y after"}));
-    QCOMPARE(seenByAnotherProgram(), QByteArray("y after"));
-}
-
-void TstLibraryOutside::changesAreToldWithoutARequest()
-{
-    QSignalSpy files(f->library(), &Library::filesChanged);
-    QVERIFY(other->library()->importAndWait({picture(1, "one"), picture(2, "four")}).succeeded);
-    QCOMPARE(other->statusOf(other->tags()->setTagColor(1, 5)), 0);
-    QCOMPARE(other->statusOf(other->tags()->addTagsToGroups({1, 3}, {3})), 0);
-    QCOMPARE(other->statusOf(other->tags()->deleteTags({2})), 0);
-    QCOMPARE(other->statusOf(other->categories()->renameTagGroup(3, "gauche")), 0);
-    QVERIFY(other->createCategories({"new"}));
-    QTRY_COMPARE(f->shown(), f->stored());
-    QTRY_VERIFY(files.count() > 0);
-    const QStringList log = f->takeLog();
-    for (const char* line : {"updated tag 1", "add -1: 4", "add 1: 3", "add 3: 3", "remove -1: 2", "updated category 3",
-                             "add categories: 4"})
-        QVERIFY2(log.contains(line), qPrintable(log.join('\n')));
-}
-
-void TstLibraryOutside::changesAreToldBeforeARequestIsCarriedOut()
-{
-    QVERIFY(other->createTags({"four"}));
-    QCOMPARE(f->statusOf(f->tags()->renameTag(4, "vier")), 0);
-    const QStringList log = f->takeLog();
-    QVERIFY(log.indexOf("add -1: 4") >= 0);
-    QCOMPARE(log.last(), QStringLiteral("answer 0"));
-    QCOMPARE(f->tag(4)->name(), QStringLiteral("vier"));
-}
-
-void TstLibraryOutside::namesThatChangedHands()
-{
-    for (const auto& [tag, name] : {std::pair<int, const char*>{1, "x"}, {2, "one"}, {1, "two"}})
-        QCOMPARE(other->statusOf(other->tags()->renameTag(tag, name)), 0);
-    QCOMPARE(other->statusOf(other->tags()->deleteTags({3})), 0);
-    QVERIFY(other->createTags({"three"}));
-    QCOMPARE(other->statusOf(other->categories()->removeTagGroup(2)), 0);
-    QVERIFY(other->createCategories({"left"}));
-    QCOMPARE(f->statusOf(f->tags()->setTagColor(1, 1)), 0);
-    QCOMPARE(f->group(-1)->tagByName("one"), f->tag(2));
-    QCOMPARE(f->group(-1)->tagByName("two"), f->tag(1));
-    QCOMPARE(f->group(-1)->tagByName("three"), f->tag(4));
-    QVERIFY(!f->group(-1)->tagByName("x"));
-    QCOMPARE(f->manager()->tagGroupByName("left"), f->group(4));
-}
-
-void TstLibraryOutside::ownChangesAreToldOnce()
-{
-    QCOMPARE(f->statusOf(f->tags()->renameTag(1, "eins")), 0);
-    QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({3}, {1, 2})), 0);
-    QCOMPARE(f->statusOf(f->tags()->deleteTags({3})), 0);
-    QVERIFY(f->library()->importAndWait({picture(1, "eins"), picture(2, "four")}).succeeded);
-    QVERIFY(f->createTags({"five"}));
-    f->takeLog();
-    QCOMPARE(other->statusOf(other->tags()->setTagColor(2, 6)), 0);
-    QCOMPARE(f->statusOf(f->tags()->setTagColor(1, 1)), 0);
-    QCOMPARE(f->takeLog(), (QStringList{"updated tag 2", "updated tag 1", "answer 0"}));
-}
-
-void TstLibraryOutside::anotherProcess()
-{
-    other.reset();
-    f = std::make_unique<LibraryFixture>();
-    const Listener all(f->group(-1));
-    const Listener uncategorized(f->group(0));
-    const Listener favorites(f->group(1));
-    QProcess runner;
-    runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    runner.start(QStringLiteral(COMMAND_RUNNER), {f->path(), "4711"});
-    QTRY_VERIFY(f->group(-1)->tagCount(1) > 5);
-    QTRY_VERIFY(runner.bytesAvailable() > 150);
-    QCOMPARE(runner.state(), QProcess::Running);
-    runner.kill();
-    QVERIFY(runner.waitForFinished());
-    QTRY_COMPARE(f->shown(), f->stored());
-    QTRY_VERIFY(all.isRight() && uncategorized.isRight() && favorites.isRight());
-}
-
-void TstLibraryOutside::largeChangesComeInPieces()
-{
-    const Listener all(f->group(-1));
-    QVector<ImportedFile> files;
-    for (int i = 0; i < 12000; ++i)
-        files.append(picture(i, QStringLiteral("key %1").arg(i)));
-    QSignalSpy filesChanged(f->library(), &Library::filesChanged);
-    QVERIFY(other->library()->importAndWait(files).succeeded);
-    QCOMPARE(other->statusOf(other->tags()->deleteTags({2})), 0);
-    QVERIFY(f->createTags({"mine"}));
-    // Large libraries are not read again in quick succession, so what came last may take a while.
-    QTRY_COMPARE_WITH_TIMEOUT(f->group(-1)->tagCount(1), 12003, 20000);
-    QVERIFY(filesChanged.count() > 0);
-    QVERIFY(all.isRight());
-}
 
 QTEST_GUILESS_MAIN(TstLibraryOutside)
 

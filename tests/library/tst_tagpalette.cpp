@@ -60,61 +60,56 @@ class TstTagPalette : public QObject
     Q_OBJECT
 
 private slots:
-    void entriesAndLookUpAgree();
-    void whiteTextIsReadable();
-    void neighboursStayApart();
-    void keywordsKeepTheirColour();
-};
-
-void TstTagPalette::entriesAndLookUpAgree()
-{
-    const auto& entries = TagPalette::instance()->colorEntries();
-    QCOMPARE(entries.size(), TagPalette::Size);
-    for (int i = 0; i < entries.size(); ++i) {
-        QColor color;
-        TagPalette::instance()->color(i, color);
-        QVERIFY(color.isValid());
-        QCOMPARE(color, QColor(entries.at(i).color));
-        QCOMPARE(entries.at(i).index, i);
-        QVERIFY(!entries.at(i).name.isEmpty());
+    void entriesAndLookUpAgree()
+    {
+        const auto& entries = TagPalette::instance()->colorEntries();
+        QCOMPARE(entries.size(), TagPalette::Size);
+        for (int i = 0; i < entries.size(); ++i) {
+            QColor color;
+            TagPalette::instance()->color(i, color);
+            QVERIFY(color.isValid());
+            QCOMPARE(color, QColor(entries.at(i).color));
+            QCOMPARE(entries.at(i).index, i);
+            QVERIFY(!entries.at(i).name.isEmpty());
+        }
+        QColor unknown;
+        TagPalette::instance()->color(99, unknown);
+        QCOMPARE(unknown, QColor(entries.first().color));
     }
-    QColor unknown;
-    TagPalette::instance()->color(99, unknown);
-    QCOMPARE(unknown, QColor(entries.first().color));
-}
 
-void TstTagPalette::whiteTextIsReadable()
-{
-    for (const TagColorEntry& entry : TagPalette::instance()->colorEntries())
-        QVERIFY2(contrast(Qt::white, QColor(entry.color)) >= 4.5, qPrintable(entry.name));
-}
+    void whiteTextIsReadable()
+    {
+        for (const TagColorEntry& entry : TagPalette::instance()->colorEntries())
+            QVERIFY2(contrast(Qt::white, QColor(entry.color)) >= 4.5, qPrintable(entry.name));
+    }
 
-void TstTagPalette::neighboursStayApart()
-{
-    // About ten times what the eye just tells apart (2.3 in this space).
-    constexpr double SmallestDistance = 20;
-    const auto& entries = TagPalette::instance()->colorEntries();
-    for (const Matrix& vision : {Protanopia, Deuteranopia, Tritanopia}) {
-        for (int i = 1; i < entries.size(); ++i) {
-            const Triple before = lab(times(vision, linearRgb(QColor(entries.at(i - 1).color))));
-            const Triple after = lab(times(vision, linearRgb(QColor(entries.at(i).color))));
-            QVERIFY2(distance(before, after) >= SmallestDistance, qPrintable(entries.at(i).name));
+    void neighboursStayApart()
+    {
+        // About ten times what the eye just tells apart (2.3 in this space).
+        constexpr double SmallestDistance = 20;
+        const auto& entries = TagPalette::instance()->colorEntries();
+        for (const Matrix& vision : {Protanopia, Deuteranopia, Tritanopia}) {
+            for (int i = 1; i < entries.size(); ++i) {
+                const Triple before = lab(times(vision, linearRgb(QColor(entries.at(i - 1).color))));
+                const Triple after = lab(times(vision, linearRgb(QColor(entries.at(i).color))));
+                QVERIFY2(distance(before, after) >= SmallestDistance, qPrintable(entries.at(i).name));
+            }
         }
     }
-}
 
-void TstTagPalette::keywordsKeepTheirColour()
-{
-    // Libraries on other machines, and made by later versions, give the same keyword the same colour.
-    QCOMPARE(TagPalette::indexForName(QStringLiteral("caf\u00e9")),
-             TagPalette::indexForName(QStringLiteral(" cafe\u0301")));
-    QSet<int> used;
-    for (int i = 0; i < 100; ++i)
-        used.insert(TagPalette::indexForName(QStringLiteral("keyword %1").arg(i)));
-    QCOMPARE(used.size(), TagPalette::Size);
-    QVERIFY(*std::min_element(used.cbegin(), used.cend()) == 0);
-    QVERIFY(*std::max_element(used.cbegin(), used.cend()) == TagPalette::Size - 1);
-}
+    void keywordsKeepTheirColour()
+    {
+        // Libraries on other machines, and made by later versions, give the same keyword the same colour.
+        QCOMPARE(TagPalette::indexForName(QStringLiteral("caf\u00e9")),
+                 TagPalette::indexForName(QStringLiteral(" cafe\u0301")));
+        QSet<int> used;
+        for (int i = 0; i < 100; ++i)
+            used.insert(TagPalette::indexForName(QStringLiteral("keyword %1").arg(i)));
+        QCOMPARE(used.size(), TagPalette::Size);
+        QVERIFY(*std::min_element(used.cbegin(), used.cend()) == 0);
+        QVERIFY(*std::max_element(used.cbegin(), used.cend()) == TagPalette::Size - 1);
+    }
+};
 
 QTEST_APPLESS_MAIN(TstTagPalette)
 

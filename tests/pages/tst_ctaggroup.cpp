@@ -45,160 +45,148 @@ class TestTagGroup : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_host = std::make_unique<InstalledHost>(QStringList{QStringLiteral("tag")});
+        m_host->addGroups({QStringLiteral("b"), QStringLiteral("A"), QStringLiteral("a")});
+        m_list = std::make_unique<CTagGroupShowWidgt>();
+        m_list->resize(400, 400);
+        m_list->fill(groups());
+        m_list->show();
+    }
 
-    void fillingInBulkLooksLikeFillingOneByOne();
-    void removedTileIsSilentAtOnce();
-    void removalFromInsideTheTilesOwnSignals();
-    void namesWrapToTwoLines();
-    void everyTileCanBeScrolledTo();
+    void cleanup()
+    {
+        m_list.reset();
+        m_host.reset();
+    }
+
+    void fillingInBulkLooksLikeFillingOneByOne()
+    {
+        for (const char* name : {"x", "same", "y", "same", "B", "same"})
+            m_host->addGroup(QString::fromLatin1(name));
+        CTagGroupShowWidgt bulk;
+        bulk.fill(groups());
+        CTagGroupShowWidgt single;
+        single.fill({});
+        for (const auto& provider : groups())
+            single.addGroup(provider);
+
+        QCOMPARE(shownNames(bulk), QStringLiteral("A B a b same same same x y +"));
+        for (CTagGroupShowWidgt* list : {&bulk, &single}) {
+            list->resize(350, 500);
+            list->show();
+        }
+        QCOMPARE(shownNames(single), shownNames(bulk));
+        QCOMPARE(single.grab().toImage(), bulk.grab().toImage());
+        for (int row = 0; row + 1 < bulk.count(); ++row)
+            QCOMPARE(tileAt(single, row)->groupId(), tileAt(bulk, row)->groupId());
+    }
+
+    void removedTileIsSilentAtOnce()
+    {
+        const auto provider = m_host->group(4);
+        QTest::mouseClick(tile(QStringLiteral("a")), Qt::LeftButton);
+        // The host drops the record before it tells anybody.
+        provider->dropRecord();
+        QVERIFY(m_list->removeGroup(4));
+        QCOMPARE(m_list->findChildren<CTagGroupItemWidget*>().size(), 3);
+        QSignalSpy header(m_list.get(), &CTagGroupShowWidgt::signalGroupInfoChanged);
+        QSignalSpy news(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
+        emit provider->signalUpdated();
+        m_list->removeGroup(2);
+        m_host->renameGroup(2, QStringLiteral("late"));
+        QCOMPARE(header.count() + news.count(), 0);
+        QVERIFY(!m_list->removeGroup(4));
+    }
+
+    void removalFromInsideTheTilesOwnSignals()
+    {
+        connect(m_list.get(), &CTagGroupShowWidgt::signSelectedChanged, this, [this] { m_list->removeGroup(4); });
+        connect(m_list.get(), &CTagGroupShowWidgt::signalClosePopup, this, [this] { m_list->removeGroup(2); });
+        const QPointer<CTagGroupItemWidget> clicked = tile(QStringLiteral("a"));
+        QTest::mouseClick(clicked, Qt::RightButton);
+        m_host->renameGroup(2, QStringLiteral("moved"));
+        QCOMPARE(shownNames(*m_list), QStringLiteral("A +"));
+        QTRY_VERIFY(!clicked);
+    }
+
+    void namesWrapToTwoLines()
+    {
+        const QString faces = QStringLiteral("\U0001F600").repeated(10);
+        const QVector<QPair<QString, int>> linesByName = {{QString(), 1},
+                                                          {QStringLiteral("Architecture"), 2},
+                                                          {QString(20, QLatin1Char('W')), 2},
+                                                          {QString(20, QChar(0x6807)), 2},
+                                                          {QString(QLatin1Char('i') + faces), 2},
+                                                          {QString(100000, QChar(0x200B)), 1}};
+        VLGroupLabel label;
+        QFont font = label.font();
+        font.setPixelSize(13);
+        label.setFont(font);
+        QCOMPARE(label.textFormat(), Qt::PlainText);
+        for (const auto& [name, lines] : linesByName) {
+            label.setWrappedText(name);
+            const QStringList shown = label.text().split(QLatin1Char('\n'));
+            QCOMPARE(shown.size(), lines);
+            QVERIFY(name.startsWith(shown.join(QString())));
+            for (const QString& line : shown) {
+                QVERIFY2(QFontMetrics(font).boundingRect(line).width() < 64, qUtf8Printable(line));
+                QVERIFY(line.isEmpty() || (!line.back().isHighSurrogate() && !line.front().isLowSurrogate()));
+            }
+        }
+    }
+
+    void everyTileCanBeScrolledTo()
+    {
+        QStringList names;
+        for (int number = 0; number < 60; ++number)
+            names << QStringLiteral("n%1").arg(number);
+        m_host->addGroups(names);
+        QScrollArea area;
+        area.setWidgetResizable(true);
+        auto* list = new CTagGroupShowWidgt;
+        area.setWidget(list);
+        area.resize(420, 300);
+        area.show();
+        list->fill(groups());
+
+        const auto lastTileIsWithinReach = [&] {
+            const QWidget* addNew = tileAt(*list, list->count() - 1);
+            const int bottom = addNew->mapTo(list, addNew->rect().bottomLeft()).y();
+            return bottom > area.height() && bottom < list->height() && list->verticalScrollBar()->maximum() == 0 &&
+                   area.verticalScrollBar()->maximum() >= bottom - area.viewport()->height();
+        };
+        QTRY_VERIFY(lastTileIsWithinReach());
+        const int wideHeight = list->height();
+        area.resize(250, 300);
+        QTRY_VERIFY(list->height() > wideHeight);
+        QTRY_VERIFY(lastTileIsWithinReach());
+        for (const auto& provider : groups().mid(10))
+            list->removeGroup(provider->groupId());
+        QTRY_VERIFY(list->minimumHeight() < wideHeight);
+    }
 
 private:
-    Groups groups() const;
-    CTagGroupItemWidget* tile(const QString& name) const;
+    Groups groups() const
+    {
+        Groups all;
+        m_host->manager()->tagGroups(all);
+        return all;
+    }
+
+    CTagGroupItemWidget* tile(const QString& name) const
+    {
+        for (int row = 0; row < m_list->count(); ++row) {
+            if (shownText(tileAt(*m_list, row), QStringLiteral("tag_group_name_label")) == name)
+                return tileAt(*m_list, row);
+        }
+        return nullptr;
+    }
 
     std::unique_ptr<InstalledHost> m_host;
     std::unique_ptr<CTagGroupShowWidgt> m_list;
 };
-
-void TestTagGroup::init()
-{
-    m_host = std::make_unique<InstalledHost>(QStringList{QStringLiteral("tag")});
-    m_host->addGroups({QStringLiteral("b"), QStringLiteral("A"), QStringLiteral("a")});
-    m_list = std::make_unique<CTagGroupShowWidgt>();
-    m_list->resize(400, 400);
-    m_list->fill(groups());
-    m_list->show();
-}
-
-void TestTagGroup::cleanup()
-{
-    m_list.reset();
-    m_host.reset();
-}
-
-Groups TestTagGroup::groups() const
-{
-    Groups all;
-    m_host->manager()->tagGroups(all);
-    return all;
-}
-
-CTagGroupItemWidget* TestTagGroup::tile(const QString& name) const
-{
-    for (int row = 0; row < m_list->count(); ++row) {
-        if (shownText(tileAt(*m_list, row), QStringLiteral("tag_group_name_label")) == name)
-            return tileAt(*m_list, row);
-    }
-    return nullptr;
-}
-
-void TestTagGroup::fillingInBulkLooksLikeFillingOneByOne()
-{
-    for (const char* name : {"x", "same", "y", "same", "B", "same"})
-        m_host->addGroup(QString::fromLatin1(name));
-    CTagGroupShowWidgt bulk;
-    bulk.fill(groups());
-    CTagGroupShowWidgt single;
-    single.fill({});
-    for (const auto& provider : groups())
-        single.addGroup(provider);
-
-    QCOMPARE(shownNames(bulk), QStringLiteral("A B a b same same same x y +"));
-    for (CTagGroupShowWidgt* list : {&bulk, &single}) {
-        list->resize(350, 500);
-        list->show();
-    }
-    QCOMPARE(shownNames(single), shownNames(bulk));
-    QCOMPARE(single.grab().toImage(), bulk.grab().toImage());
-    for (int row = 0; row + 1 < bulk.count(); ++row)
-        QCOMPARE(tileAt(single, row)->groupId(), tileAt(bulk, row)->groupId());
-}
-
-void TestTagGroup::removedTileIsSilentAtOnce()
-{
-    const auto provider = m_host->group(4);
-    QTest::mouseClick(tile(QStringLiteral("a")), Qt::LeftButton);
-    // The host drops the record before it tells anybody.
-    provider->dropRecord();
-    QVERIFY(m_list->removeGroup(4));
-    QCOMPARE(m_list->findChildren<CTagGroupItemWidget*>().size(), 3);
-    QSignalSpy header(m_list.get(), &CTagGroupShowWidgt::signalGroupInfoChanged);
-    QSignalSpy news(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
-    emit provider->signalUpdated();
-    m_list->removeGroup(2);
-    m_host->renameGroup(2, QStringLiteral("late"));
-    QCOMPARE(header.count() + news.count(), 0);
-    QVERIFY(!m_list->removeGroup(4));
-}
-
-void TestTagGroup::removalFromInsideTheTilesOwnSignals()
-{
-    connect(m_list.get(), &CTagGroupShowWidgt::signSelectedChanged, this, [this] { m_list->removeGroup(4); });
-    connect(m_list.get(), &CTagGroupShowWidgt::signalClosePopup, this, [this] { m_list->removeGroup(2); });
-    const QPointer<CTagGroupItemWidget> clicked = tile(QStringLiteral("a"));
-    QTest::mouseClick(clicked, Qt::RightButton);
-    m_host->renameGroup(2, QStringLiteral("moved"));
-    QCOMPARE(shownNames(*m_list), QStringLiteral("A +"));
-    QTRY_VERIFY(!clicked);
-}
-
-void TestTagGroup::namesWrapToTwoLines()
-{
-    const QString faces = QStringLiteral("\U0001F600").repeated(10);
-    const QVector<QPair<QString, int>> linesByName = {{QString(), 1},
-                                                      {QStringLiteral("Architecture"), 2},
-                                                      {QString(20, QLatin1Char('W')), 2},
-                                                      {QString(20, QChar(0x6807)), 2},
-                                                      {QString(QLatin1Char('i') + faces), 2},
-                                                      {QString(100000, QChar(0x200B)), 1}};
-    VLGroupLabel label;
-    QFont font = label.font();
-    font.setPixelSize(13);
-    label.setFont(font);
-    QCOMPARE(label.textFormat(), Qt::PlainText);
-    for (const auto& [name, lines] : linesByName) {
-        label.setWrappedText(name);
-        const QStringList shown = label.text().split(QLatin1Char('\n'));
-        QCOMPARE(shown.size(), lines);
-        QVERIFY(name.startsWith(shown.join(QString())));
-        for (const QString& line : shown) {
-            QVERIFY2(QFontMetrics(font).boundingRect(line).width() < 64, qUtf8Printable(line));
-            QVERIFY(line.isEmpty() || (!line.back().isHighSurrogate() && !line.front().isLowSurrogate()));
-        }
-    }
-}
-
-void TestTagGroup::everyTileCanBeScrolledTo()
-{
-    QStringList names;
-    for (int number = 0; number < 60; ++number)
-        names << QStringLiteral("n%1").arg(number);
-    m_host->addGroups(names);
-    QScrollArea area;
-    area.setWidgetResizable(true);
-    auto* list = new CTagGroupShowWidgt;
-    area.setWidget(list);
-    area.resize(420, 300);
-    area.show();
-    list->fill(groups());
-
-    const auto lastTileIsWithinReach = [&] {
-        const QWidget* addNew = tileAt(*list, list->count() - 1);
-        const int bottom = addNew->mapTo(list, addNew->rect().bottomLeft()).y();
-        return bottom > area.height() && bottom < list->height() && list->verticalScrollBar()->maximum() == 0 &&
-               area.verticalScrollBar()->maximum() >= bottom - area.viewport()->height();
-    };
-    QTRY_VERIFY(lastTileIsWithinReach());
-    const int wideHeight = list->height();
-    area.resize(250, 300);
-    QTRY_VERIFY(list->height() > wideHeight);
-    QTRY_VERIFY(lastTileIsWithinReach());
-    for (const auto& provider : groups().mid(10))
-        list->removeGroup(provider->groupId());
-    QTRY_VERIFY(list->minimumHeight() < wideHeight);
-}
 
 QTEST_MAIN(TestTagGroup)
 #include "tst_ctaggroup.moc"

@@ -84,144 +84,137 @@ class TestAllTagWidget : public QObject
     Q_OBJECT
 
 private slots:
-    void startsAtTheTopHoweverTallItIs();
-    void createTagOpensTheDialogAndEndsTheSearch();
-    void screenShowsWhatTheWidgetsAre();
-    void overlayBarShowsOnlyWhatCanScroll();
-    void rebuildKeepsContentAndPosition();
-    void emptyPageSaysWhatToDo();
-};
-
-void TestAllTagWidget::startsAtTheTopHoweverTallItIs()
-{
-    QStringList names;
-    // One chip for each line: 16,000 lines of 38 pixels pass the 524,287 pixels that layouts clamp at.
-    for (int i = 0; i < 16000; ++i)
-        names.append(QStringLiteral("long name ") + QString::number(i).rightJustified(90, QLatin1Char('0')));
-    const OpenPage open(names);
-    QTRY_VERIFY(open.area()->widget()->height() > 16000 * 38);
-    const auto* list = open.page->findChild<VLTagGroupListView*>();
-    QTRY_COMPARE(list->geometry().top(), 16);
-    QCOMPARE(list->geometry().bottom(), open.area()->widget()->rect().bottom());
-}
-
-void TestAllTagWidget::createTagOpensTheDialogAndEndsTheSearch()
-{
-    const OpenPage open(lines({"apple", "bee"}));
-    QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
-    open.search(QStringLiteral("bee"));
-    QTRY_VERIFY(!gestures::findChip(open.page, QStringLiteral("apple")).view);
-    QTest::mouseClick(open.createButton(), Qt::LeftButton);
-    const QPointer<VLTagModifyWidget> dialog = open.page->findChild<VLTagModifyWidget*>();
-    QVERIFY(dialog && dialog->isVisible());
-    QCOMPARE(open.field()->text(), QString());
-    QTRY_COMPARE(gestures::shownChips(open.page), lines({"A: apple", "B: bee"}));
-    QCOMPARE(tracked.first().at(0).toString(), QStringLiteral("ClickTagManagerAddBtn"));
-    QCOMPARE(tracked.first().at(1).toList(), QVariantList{0});
-    dialog->close();
-    QTRY_VERIFY(!dialog);
-}
-
-/// What a change does not paint anew has to be right as it stands.
-void TestAllTagWidget::screenShowsWhatTheWidgetsAre()
-{
-    OpenPage open(manyNames(400));
-    QVERIFY(QTest::qWaitForWindowExposed(open.page));
-    const auto isTrue = [&open] {
-        const QImage shown = open.page->screen()->grabWindow(open.page->winId()).toImage();
-        return shown.convertToFormat(QImage::Format_RGB32) ==
-               open.page->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    };
-    const std::vector<std::pair<const char*, std::function<void()>>> changes{
-        {"opened", [] {}},
-        {"scrolled", [&] { open.area()->verticalScrollBar()->setValue(300); }},
-        {"added in view",
-         [&] {
-             open.host.addTags(lines({"d", "é", "f new and long", "A"}));
-         }},
-        {"renamed into view", [&] { open.host.renameTag(26, QStringLiteral("e renamed")); }},
-        {"renamed out of view", [&] { open.host.renameTag(5, QStringLiteral("~")); }},
-        {"longer in place",
-         [&] { open.host.renameTag(31, QStringLiteral("e tag of a much longer name than before")); }},
-        {"recoloured", [&] { open.host.setTagColor(31, 3); }},
-        {"section removed", [&] { open.host.removeTags({401}); }},
-        {"many added", [&] { open.host.addTags(manyNames(600).mid(400)); }},
-        {"narrower", [&] { open.page->resize(700, 600); }},
-        {"higher", [&] { open.page->resize(700, 640); }},
-        {"wider", [&] { open.page->resize(860, 500); }},
-        {"searched", [&] { open.search(QStringLiteral("1")); }},
-        {"searched on", [&] { open.search(QStringLiteral("12")); }},
-        {"result renamed", [&] { open.host.renameTag(13, QStringLiteral("12 is first")); }},
-        {"found nothing", [&] { open.search(QStringLiteral("nothing")); }},
-        {"cleared", [&] { open.field()->clear(); }},
-        {"emptied", [&] { open.host.removeTags(open.host.group(MemoryHost::AllTags)->tagIds()); }},
-    };
-    for (const auto& [name, change] : changes) {
-        change();
-        QTRY_VERIFY2(isTrue(), name);
+    void startsAtTheTopHoweverTallItIs()
+    {
+        QStringList names;
+        // One chip for each line: 16,000 lines of 38 pixels pass the 524,287 pixels that layouts clamp at.
+        for (int i = 0; i < 16000; ++i)
+            names.append(QStringLiteral("long name ") + QString::number(i).rightJustified(90, QLatin1Char('0')));
+        const OpenPage open(names);
+        QTRY_VERIFY(open.area()->widget()->height() > 16000 * 38);
+        const auto* list = open.page->findChild<VLTagGroupListView*>();
+        QTRY_COMPARE(list->geometry().top(), 16);
+        QCOMPARE(list->geometry().bottom(), open.area()->widget()->rect().bottom());
     }
-}
 
-void TestAllTagWidget::overlayBarShowsOnlyWhatCanScroll()
-{
-    OpenPage open(lines({"apple"}));
-    send(open.area(), QEvent::Enter);
-    QVERIFY(open.bar()->isHidden());
-    open.host.addTags(manyNames(200));
-    QTRY_VERIFY(open.bar()->maximum() > 0);
-    send(open.area(), QEvent::Enter);
-    QVERIFY(open.bar()->isVisible());
-    open.page->resize(700, 500);
-    const QSize size = open.area()->size();
-    const QRect restingPlace(size.width() - 9, 1, 5, size.height() - 2);
-    QCOMPARE(open.bar()->geometry(), restingPlace);
-    send(open.area(), QEvent::Leave);
-    QVERIFY2(open.bar()->isHidden(), "at once");
-    QCOMPARE(open.bar()->geometry(), restingPlace);
-    send(open.area(), QEvent::Enter);
-    QVERIFY(open.bar()->isVisible());
-}
+    void createTagOpensTheDialogAndEndsTheSearch()
+    {
+        const OpenPage open(lines({"apple", "bee"}));
+        QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
+        open.search(QStringLiteral("bee"));
+        QTRY_VERIFY(!gestures::findChip(open.page, QStringLiteral("apple")).view);
+        QTest::mouseClick(open.createButton(), Qt::LeftButton);
+        const QPointer<VLTagModifyWidget> dialog = open.page->findChild<VLTagModifyWidget*>();
+        QVERIFY(dialog && dialog->isVisible());
+        QCOMPARE(open.field()->text(), QString());
+        QTRY_COMPARE(gestures::shownChips(open.page), lines({"A: apple", "B: bee"}));
+        QCOMPARE(tracked.first().at(0).toString(), QStringLiteral("ClickTagManagerAddBtn"));
+        QCOMPARE(tracked.first().at(1).toList(), QVariantList{0});
+        dialog->close();
+        QTRY_VERIFY(!dialog);
+    }
 
-void TestAllTagWidget::rebuildKeepsContentAndPosition()
-{
-    OpenPage open(manyNames(200));
-    QScrollBar* scroll = open.area()->verticalScrollBar();
-    QTRY_VERIFY(scroll->maximum() > 300);
-    const QStringList shown = gestures::shownChips(open.page);
-    const int range = scroll->maximum();
-    open.page->slotSetOriScrollValue(250);
-    QCOMPARE(scroll->value(), 250);
-    open.page->rebuild();
-    QTRY_COMPARE(scroll->maximum(), range);
-    QCOMPARE(scroll->value(), 250);
-    QTRY_COMPARE(gestures::shownChips(open.page), shown);
-}
+    /// What a change does not paint anew has to be right as it stands.
+    void screenShowsWhatTheWidgetsAre()
+    {
+        OpenPage open(manyNames(400));
+        QVERIFY(QTest::qWaitForWindowExposed(open.page));
+        const auto isTrue = [&open] {
+            const QImage shown = open.page->screen()->grabWindow(open.page->winId()).toImage();
+            return shown.convertToFormat(QImage::Format_RGB32) ==
+                   open.page->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        };
+        const std::vector<std::pair<const char*, std::function<void()>>> changes{
+            {"opened", [] {}},
+            {"scrolled", [&] { open.area()->verticalScrollBar()->setValue(300); }},
+            {"added in view",
+             [&] {
+                 open.host.addTags(lines({"d", "é", "f new and long", "A"}));
+             }},
+            {"renamed into view", [&] { open.host.renameTag(26, QStringLiteral("e renamed")); }},
+            {"renamed out of view", [&] { open.host.renameTag(5, QStringLiteral("~")); }},
+            {"longer in place",
+             [&] { open.host.renameTag(31, QStringLiteral("e tag of a much longer name than before")); }},
+            {"recoloured", [&] { open.host.setTagColor(31, 3); }},
+            {"section removed", [&] { open.host.removeTags({401}); }},
+            {"many added", [&] { open.host.addTags(manyNames(600).mid(400)); }},
+            {"narrower", [&] { open.page->resize(700, 600); }},
+            {"higher", [&] { open.page->resize(700, 640); }},
+            {"wider", [&] { open.page->resize(860, 500); }},
+            {"searched", [&] { open.search(QStringLiteral("1")); }},
+            {"searched on", [&] { open.search(QStringLiteral("12")); }},
+            {"result renamed", [&] { open.host.renameTag(13, QStringLiteral("12 is first")); }},
+            {"found nothing", [&] { open.search(QStringLiteral("nothing")); }},
+            {"cleared", [&] { open.field()->clear(); }},
+            {"emptied", [&] { open.host.removeTags(open.host.group(MemoryHost::AllTags)->tagIds()); }},
+        };
+        for (const auto& [name, change] : changes) {
+            change();
+            QTRY_VERIFY2(isTrue(), name);
+        }
+    }
 
-void TestAllTagWidget::emptyPageSaysWhatToDo()
-{
-    InstalledHost host;
-    WindowUser user;
-    const auto content = [](const WindowUser& seen) {
-        settle();
-        auto* area = seen.page(WindowUser::AllTags)->findChild<QScrollArea*>(QStringLiteral("all_tag_scroll"));
-        return area->viewport()->grab().toImage();
-    };
-    const auto isBlank = [](const QImage& image) {
-        QImage blank(image.size(), image.format());
-        blank.fill(image.pixelColor(0, 0));
-        return image == blank;
-    };
-    const QImage noTags = content(user);
-    QVERIFY(!isBlank(noTags));
-    user.search(QStringLiteral("a"));
-    const QImage nothingFound = content(user);
-    QVERIFY(!isBlank(nothingFound) && nothingFound != noTags);
-    user.search({});
-    const qint64 tag = host.addTag(QStringLiteral("apple"));
-    QVERIFY2(content(user) == content(WindowUser()), "nothing of the hint is left behind the chip");
-    host.removeTags({tag});
-    QCOMPARE(content(user), noTags);
-}
+    void overlayBarShowsOnlyWhatCanScroll()
+    {
+        OpenPage open(lines({"apple"}));
+        send(open.area(), QEvent::Enter);
+        QVERIFY(open.bar()->isHidden());
+        open.host.addTags(manyNames(200));
+        QTRY_VERIFY(open.bar()->maximum() > 0);
+        send(open.area(), QEvent::Enter);
+        QVERIFY(open.bar()->isVisible());
+        open.page->resize(700, 500);
+        const QSize size = open.area()->size();
+        const QRect restingPlace(size.width() - 9, 1, 5, size.height() - 2);
+        QCOMPARE(open.bar()->geometry(), restingPlace);
+        send(open.area(), QEvent::Leave);
+        QVERIFY2(open.bar()->isHidden(), "at once");
+        QCOMPARE(open.bar()->geometry(), restingPlace);
+        send(open.area(), QEvent::Enter);
+        QVERIFY(open.bar()->isVisible());
+    }
+
+    void rebuildKeepsContentAndPosition()
+    {
+        OpenPage open(manyNames(200));
+        QScrollBar* scroll = open.area()->verticalScrollBar();
+        QTRY_VERIFY(scroll->maximum() > 300);
+        const QStringList shown = gestures::shownChips(open.page);
+        const int range = scroll->maximum();
+        open.page->slotSetOriScrollValue(250);
+        QCOMPARE(scroll->value(), 250);
+        open.page->rebuild();
+        QTRY_COMPARE(scroll->maximum(), range);
+        QCOMPARE(scroll->value(), 250);
+        QTRY_COMPARE(gestures::shownChips(open.page), shown);
+    }
+
+    void emptyPageSaysWhatToDo()
+    {
+        InstalledHost host;
+        WindowUser user;
+        const auto content = [](const WindowUser& seen) {
+            settle();
+            auto* area = seen.page(WindowUser::AllTags)->findChild<QScrollArea*>(QStringLiteral("all_tag_scroll"));
+            return area->viewport()->grab().toImage();
+        };
+        const auto isBlank = [](const QImage& image) {
+            QImage blank(image.size(), image.format());
+            blank.fill(image.pixelColor(0, 0));
+            return image == blank;
+        };
+        const QImage noTags = content(user);
+        QVERIFY(!isBlank(noTags));
+        user.search(QStringLiteral("a"));
+        const QImage nothingFound = content(user);
+        QVERIFY(!isBlank(nothingFound) && nothingFound != noTags);
+        user.search({});
+        const qint64 tag = host.addTag(QStringLiteral("apple"));
+        QVERIFY2(content(user) == content(WindowUser()), "nothing of the hint is left behind the chip");
+        host.removeTags({tag});
+        QCOMPARE(content(user), noTags);
+    }
+};
 
 QTEST_MAIN(TestAllTagWidget)
 #include "tst_vlalltagwidget.moc"

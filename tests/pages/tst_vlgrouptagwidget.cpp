@@ -27,24 +27,165 @@ class TestVLGroupTagWidget : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_host = std::make_unique<InstalledHost>(QStringList{QStringLiteral("apple"), QStringLiteral("banana")});
+        m_host->addGroups({QStringLiteral("Art"), QStringLiteral("Books")});
+        m_host->addTagsToGroups({2}, {1});
+        m_user = std::make_unique<WindowUser>();
+        m_user->selectPage(WindowUser::Categories);
+        m_page = static_cast<VLGroupTagWidget*>(m_user->page(WindowUser::Categories));
+        m_log = std::make_unique<MessageCatcher>();
+        m_lines.clear();
+    }
 
-    void filesOfACategory();
-    void categoryIsCreated();
-    void categoryIsRenamed();
-    void categoryIsDeletedAfterConfirmation();
-    void tagIsFiledIntoACategory();
-    void newsIsSpreadOnce();
-    void longNamesDoNotWidenTheWindow();
-    void createButtonOpensTheTagDialog();
+    void cleanup()
+    {
+        m_log.reset();
+        m_user.reset();
+        m_host.reset();
+    }
+
+    void filesOfACategory()
+    {
+        QSignalSpy files(m_user->window(), &IVLTagManagerWidget::signalCheckoutGroupFile);
+        choose(QStringLiteral("Art"), QStringLiteral("View Related Files"));
+        QCOMPARE(files.count(), 1);
+        QCOMPARE(files.at(0).at(0).value<QVector<qint64>>(), QVector<qint64>{2});
+        QVERIFY(isLogged(QStringLiteral("VLGroupTagWidget::signalCheckGroupFiles gId: 2")));
+    }
+
+    void categoryIsCreated()
+    {
+        QTest::mouseClick(m_user->addNewTile(), Qt::RightButton);
+        QVERIFY(!m_user->dialog());
+        m_user->clickTile(m_user->addNewTile());
+        m_host->setAnswers(MemoryHost::Answers::OnDemand);
+        m_user->enterName(QStringLiteral("  Aardvarks "));
+        QCOMPARE(m_host->requestTexts(), QStringList{QStringLiteral("addTagGroup names Aardvarks")});
+        QCOMPARE(m_log->take(), QStringList{QStringLiteral("VLGroupTagWidget::slotAddGroup name: \"Aardvarks\"")});
+        m_host->answer(m_host->requests().first(), MemoryHost::response());
+        QVERIFY(m_user->dialog()->isVisible());
+        m_host->carryOut(m_host->requests().first());
+        QTRY_VERIFY(!m_user->dialog());
+        QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Aardvarks 0 Art 1 Books 0"));
+        QCOMPARE(m_log->take(), QStringList());
+    }
+
+    void categoryIsRenamed()
+    {
+        choose(QStringLiteral("Books"), QStringLiteral("Rename Category"));
+        QCOMPARE(m_user->dialog()->lineEdit()->text(), QStringLiteral("Books"));
+        m_host->refuseWith(5, QStringLiteral("disk full"));
+        m_user->enterName(QStringLiteral("Arias"));
+        QTRY_VERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotRenameGroup failed. Message: \"disk full\"")));
+        QVERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotRenameGroup gId: 3  newName: \"Arias\"")));
+        QVERIFY(m_user->dialog()->isVisible());
+        QCOMPARE(tiles(), QStringLiteral("Uncategorized 1 Art 1 [Books 0]"));
+
+        m_host->refuseWith(0, {});
+        QTest::keyClick(m_user->dialog()->lineEdit(), Qt::Key_Return);
+        QTRY_VERIFY(!m_user->dialog());
+        QCOMPARE(m_host->requests().last().text(), QStringLiteral("renameTagGroup groups 3 names Arias"));
+        QCOMPARE(tiles(), QStringLiteral("Uncategorized 1 [Arias 0] Art 1"));
+        QCOMPARE(header(), QStringLiteral("Arias(0)"));
+    }
+
+    void categoryIsDeletedAfterConfirmation()
+    {
+        m_host->renameGroup(2, QStringLiteral("<b>%4</b>"));
+        choose(QStringLiteral("<b>%4</b>"), QStringLiteral("Delete Category"));
+        QCOMPARE(questionLabel("tips_lab")->text(), QStringLiteral("Delete Category"));
+        QVERIFY(!m_user->box()->findChild<QPushButton*>(QStringLiteral("btn_close"))->isVisible());
+        const QString question = questionLabel("lab_context")->text();
+        QVERIFY2(!question.contains(QStringLiteral("<b>")) && question.contains(QStringLiteral("> 1 <")),
+                 qPrintable(question));
+        m_user->answerBox(false);
+        QTRY_VERIFY(!m_user->box());
+        QCOMPARE(m_log->take() + m_host->requestTexts(), QStringList());
+
+        m_host->refuseWith(5, QStringLiteral("locked"));
+        choose(QStringLiteral("<b>%4</b>"), QStringLiteral("Delete Category"));
+        m_user->answerBox(true);
+        QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Books 0"));
+        QCOMPARE(header(), QStringLiteral("Uncategorized(1)"));
+        QCOMPARE(gestures::shownChips(m_page), QStringList{QStringLiteral("B: banana")});
+        QVERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotDelGroup gId: 2")));
+        QTRY_VERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotDelGroup failed. Message: \"locked\"")));
+        m_page->slotDelGroup(999);
+        QVERIFY(!m_user->box() || !m_user->box()->isVisible());
+    }
+
+    void tagIsFiledIntoACategory()
+    {
+        m_page->slotAddGroupTag(3, 2);
+        QCOMPARE(m_log->take(), QStringList{QStringLiteral("VLGroupTagWidget::slotAddGroupTag tId: 2  gId: 3")});
+        QCOMPARE(m_host->requestTexts(), QStringList{QStringLiteral("addTagsToGroups groups 3 tags 2")});
+        QTRY_COMPARE(tiles(), QStringLiteral("[Uncategorized 0] Art 1 Books 1"));
+        QCOMPARE(header(), QStringLiteral("Uncategorized(0)"));
+
+        m_host->refuseWith(1, QStringLiteral("no"));
+        m_page->slotAddGroupTag(2, 2);
+        QTRY_VERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotAddGroupTag failed. Message: \"no\"")));
+    }
+
+    void newsIsSpreadOnce()
+    {
+        QSignalSpy added(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalAddGroupAction);
+        QSignalSpy removed(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalRemoveGroupAction);
+        m_host->addGroups({QStringLiteral("x"), QStringLiteral("y")});
+        QCOMPARE(added.count(), 2);
+        m_page->addGroups({4, 4, 999, -1000, 5});
+        QCOMPARE(added.count(), 2);
+        QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0 x 0 y 0"));
+        QSignalSpy updated(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
+        m_host->renameGroup(4, QStringLiteral("z"));
+        QCOMPARE(updated.count(), 1);
+        QCOMPARE(updated.at(0).at(0).toLongLong(), 4LL);
+        m_host->removeGroups({4, 5});
+        QCOMPARE(removed.count(), 2);
+        m_page->removeGroups({4, 999});
+        QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0"));
+    }
+
+    void longNamesDoNotWidenTheWindow()
+    {
+        const int width = m_user->window()->minimumSizeHint().width();
+        m_host->renameGroup(2, QString(2000, QLatin1Char('W')));
+        m_user->clickTile(m_user->tile(QStringLiteral("WWWWWWWW")));
+        QCOMPARE(header().size(), 2003);
+        QTRY_COMPARE(m_user->window()->minimumSizeHint().width(), width);
+        QCOMPARE(m_user->window()->width(), 1000);
+        const auto* count = m_page->findChild<QLabel*>(QStringLiteral("tag_manager_group_count"));
+        QTRY_COMPARE(count->visibleRegion().boundingRect(), count->rect());
+    }
+
+    void createButtonOpensTheTagDialog()
+    {
+        QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
+        QTest::mouseClick(m_page->findChild<QPushButton*>(QStringLiteral("create_tag_btn")), Qt::LeftButton);
+        QCOMPARE(tracked.count(), 1);
+        QCOMPARE(tracked.at(0), (QVariantList{QStringLiteral("ClickTagManagerAddBtn"), QVariant(QVariantList{1})}));
+        QTRY_VERIFY(m_user->dialog() && m_user->dialog()->isVisible());
+    }
 
 private:
     QString tiles() const { return m_user->tiles().join(QLatin1Char(' ')); }
     QString header() const { return m_user->header(); }
-    void choose(const QString& groupName, const QString& entry);
+
+    void choose(const QString& groupName, const QString& entry)
+    {
+        QVERIFY(WindowUser::choose(m_user->openGroupMenu(groupName), entry));
+    }
+
     QLabel* questionLabel(const char* name) const { return m_user->box()->findChild<QLabel*>(QLatin1String(name)); }
-    bool isLogged(const QString& line);
+
+    /// Whether the line was written since the window was opened.
+    bool isLogged(const QString& line)
+    {
+        m_lines += m_log->take();
+        return m_lines.contains(line);
+    }
 
     std::unique_ptr<InstalledHost> m_host;
     std::unique_ptr<WindowUser> m_user;
@@ -52,160 +193,6 @@ private:
     QStringList m_lines;
     VLGroupTagWidget* m_page = nullptr;
 };
-
-void TestVLGroupTagWidget::init()
-{
-    m_host = std::make_unique<InstalledHost>(QStringList{QStringLiteral("apple"), QStringLiteral("banana")});
-    m_host->addGroups({QStringLiteral("Art"), QStringLiteral("Books")});
-    m_host->addTagsToGroups({2}, {1});
-    m_user = std::make_unique<WindowUser>();
-    m_user->selectPage(WindowUser::Categories);
-    m_page = static_cast<VLGroupTagWidget*>(m_user->page(WindowUser::Categories));
-    m_log = std::make_unique<MessageCatcher>();
-    m_lines.clear();
-}
-
-void TestVLGroupTagWidget::cleanup()
-{
-    m_log.reset();
-    m_user.reset();
-    m_host.reset();
-}
-
-void TestVLGroupTagWidget::choose(const QString& groupName, const QString& entry)
-{
-    QVERIFY(WindowUser::choose(m_user->openGroupMenu(groupName), entry));
-}
-
-/// Whether the line was written since the window was opened.
-bool TestVLGroupTagWidget::isLogged(const QString& line)
-{
-    m_lines += m_log->take();
-    return m_lines.contains(line);
-}
-
-void TestVLGroupTagWidget::filesOfACategory()
-{
-    QSignalSpy files(m_user->window(), &IVLTagManagerWidget::signalCheckoutGroupFile);
-    choose(QStringLiteral("Art"), QStringLiteral("View Related Files"));
-    QCOMPARE(files.count(), 1);
-    QCOMPARE(files.at(0).at(0).value<QVector<qint64>>(), QVector<qint64>{2});
-    QVERIFY(isLogged(QStringLiteral("VLGroupTagWidget::signalCheckGroupFiles gId: 2")));
-}
-
-void TestVLGroupTagWidget::categoryIsCreated()
-{
-    QTest::mouseClick(m_user->addNewTile(), Qt::RightButton);
-    QVERIFY(!m_user->dialog());
-    m_user->clickTile(m_user->addNewTile());
-    m_host->setAnswers(MemoryHost::Answers::OnDemand);
-    m_user->enterName(QStringLiteral("  Aardvarks "));
-    QCOMPARE(m_host->requestTexts(), QStringList{QStringLiteral("addTagGroup names Aardvarks")});
-    QCOMPARE(m_log->take(), QStringList{QStringLiteral("VLGroupTagWidget::slotAddGroup name: \"Aardvarks\"")});
-    m_host->answer(m_host->requests().first(), MemoryHost::response());
-    QVERIFY(m_user->dialog()->isVisible());
-    m_host->carryOut(m_host->requests().first());
-    QTRY_VERIFY(!m_user->dialog());
-    QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Aardvarks 0 Art 1 Books 0"));
-    QCOMPARE(m_log->take(), QStringList());
-}
-
-void TestVLGroupTagWidget::categoryIsRenamed()
-{
-    choose(QStringLiteral("Books"), QStringLiteral("Rename Category"));
-    QCOMPARE(m_user->dialog()->lineEdit()->text(), QStringLiteral("Books"));
-    m_host->refuseWith(5, QStringLiteral("disk full"));
-    m_user->enterName(QStringLiteral("Arias"));
-    QTRY_VERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotRenameGroup failed. Message: \"disk full\"")));
-    QVERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotRenameGroup gId: 3  newName: \"Arias\"")));
-    QVERIFY(m_user->dialog()->isVisible());
-    QCOMPARE(tiles(), QStringLiteral("Uncategorized 1 Art 1 [Books 0]"));
-
-    m_host->refuseWith(0, {});
-    QTest::keyClick(m_user->dialog()->lineEdit(), Qt::Key_Return);
-    QTRY_VERIFY(!m_user->dialog());
-    QCOMPARE(m_host->requests().last().text(), QStringLiteral("renameTagGroup groups 3 names Arias"));
-    QCOMPARE(tiles(), QStringLiteral("Uncategorized 1 [Arias 0] Art 1"));
-    QCOMPARE(header(), QStringLiteral("Arias(0)"));
-}
-
-void TestVLGroupTagWidget::categoryIsDeletedAfterConfirmation()
-{
-    m_host->renameGroup(2, QStringLiteral("<b>%4</b>"));
-    choose(QStringLiteral("<b>%4</b>"), QStringLiteral("Delete Category"));
-    QCOMPARE(questionLabel("tips_lab")->text(), QStringLiteral("Delete Category"));
-    QVERIFY(!m_user->box()->findChild<QPushButton*>(QStringLiteral("btn_close"))->isVisible());
-    const QString question = questionLabel("lab_context")->text();
-    QVERIFY2(!question.contains(QStringLiteral("<b>")) && question.contains(QStringLiteral("> 1 <")),
-             qPrintable(question));
-    m_user->answerBox(false);
-    QTRY_VERIFY(!m_user->box());
-    QCOMPARE(m_log->take() + m_host->requestTexts(), QStringList());
-
-    m_host->refuseWith(5, QStringLiteral("locked"));
-    choose(QStringLiteral("<b>%4</b>"), QStringLiteral("Delete Category"));
-    m_user->answerBox(true);
-    QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Books 0"));
-    QCOMPARE(header(), QStringLiteral("Uncategorized(1)"));
-    QCOMPARE(gestures::shownChips(m_page), QStringList{QStringLiteral("B: banana")});
-    QVERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotDelGroup gId: 2")));
-    QTRY_VERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotDelGroup failed. Message: \"locked\"")));
-    m_page->slotDelGroup(999);
-    QVERIFY(!m_user->box() || !m_user->box()->isVisible());
-}
-
-void TestVLGroupTagWidget::tagIsFiledIntoACategory()
-{
-    m_page->slotAddGroupTag(3, 2);
-    QCOMPARE(m_log->take(), QStringList{QStringLiteral("VLGroupTagWidget::slotAddGroupTag tId: 2  gId: 3")});
-    QCOMPARE(m_host->requestTexts(), QStringList{QStringLiteral("addTagsToGroups groups 3 tags 2")});
-    QTRY_COMPARE(tiles(), QStringLiteral("[Uncategorized 0] Art 1 Books 1"));
-    QCOMPARE(header(), QStringLiteral("Uncategorized(0)"));
-
-    m_host->refuseWith(1, QStringLiteral("no"));
-    m_page->slotAddGroupTag(2, 2);
-    QTRY_VERIFY(isLogged(QStringLiteral("VLGroupTagWidget::slotAddGroupTag failed. Message: \"no\"")));
-}
-
-void TestVLGroupTagWidget::newsIsSpreadOnce()
-{
-    QSignalSpy added(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalAddGroupAction);
-    QSignalSpy removed(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalRemoveGroupAction);
-    m_host->addGroups({QStringLiteral("x"), QStringLiteral("y")});
-    QCOMPARE(added.count(), 2);
-    m_page->addGroups({4, 4, 999, -1000, 5});
-    QCOMPARE(added.count(), 2);
-    QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0 x 0 y 0"));
-    QSignalSpy updated(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
-    m_host->renameGroup(4, QStringLiteral("z"));
-    QCOMPARE(updated.count(), 1);
-    QCOMPARE(updated.at(0).at(0).toLongLong(), 4LL);
-    m_host->removeGroups({4, 5});
-    QCOMPARE(removed.count(), 2);
-    m_page->removeGroups({4, 999});
-    QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0"));
-}
-
-void TestVLGroupTagWidget::longNamesDoNotWidenTheWindow()
-{
-    const int width = m_user->window()->minimumSizeHint().width();
-    m_host->renameGroup(2, QString(2000, QLatin1Char('W')));
-    m_user->clickTile(m_user->tile(QStringLiteral("WWWWWWWW")));
-    QCOMPARE(header().size(), 2003);
-    QTRY_COMPARE(m_user->window()->minimumSizeHint().width(), width);
-    QCOMPARE(m_user->window()->width(), 1000);
-    const auto* count = m_page->findChild<QLabel*>(QStringLiteral("tag_manager_group_count"));
-    QTRY_COMPARE(count->visibleRegion().boundingRect(), count->rect());
-}
-
-void TestVLGroupTagWidget::createButtonOpensTheTagDialog()
-{
-    QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
-    QTest::mouseClick(m_page->findChild<QPushButton*>(QStringLiteral("create_tag_btn")), Qt::LeftButton);
-    QCOMPARE(tracked.count(), 1);
-    QCOMPARE(tracked.at(0), (QVariantList{QStringLiteral("ClickTagManagerAddBtn"), QVariant(QVariantList{1})}));
-    QTRY_VERIFY(m_user->dialog() && m_user->dialog()->isVisible());
-}
 
 QTEST_MAIN(TestVLGroupTagWidget)
 #include "tst_vlgrouptagwidget.moc"

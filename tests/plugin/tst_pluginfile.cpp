@@ -68,126 +68,129 @@ class TestPluginFile : public QObject
     Q_OBJECT
 
 private slots:
-    void carriesItsMetadata();
-    void exportsTheTwoEntryPointsOnly();
-    void isFoundByIdentifierAndIntroducesItself();
-    void handsItsProvidersToItsWindows();
-    void logLinesCarryNoSource();
-    void loadsAndUnloadsAgainAndAgain();
-    void hostMayEndWithoutUnloading();
-};
-
-void TestPluginFile::carriesItsMetadata()
-{
-    const QPluginLoader loader(pluginFile);
-    const QJsonObject data = loader.metaData();
-    QCOMPARE(data.value(QStringLiteral("IID")).toString(), QStringLiteral("Vellum.Plugin.IVLTagManagerPlugin/1.0"));
-    QCOMPARE(data.value(QStringLiteral("className")).toString(), QStringLiteral("VLTagMnagerPlugin"));
-    QCOMPARE(data.value(QStringLiteral("debug")).toBool(true), false);
-    const QJsonObject expected{{QStringLiteral("Keys"), QJsonArray{QStringLiteral("plg_vltagmanagerplugin")}}};
-    QCOMPARE(data.value(QStringLiteral("MetaData")).toObject(), expected);
-}
-
-void TestPluginFile::exportsTheTwoEntryPointsOnly()
-{
-    QProcess nm;
-    nm.start(QStringLiteral("nm"), {QStringLiteral("-D"), QStringLiteral("--defined-only"), pluginFile});
-    QVERIFY(nm.waitForFinished());
-    QCOMPARE(nm.exitCode(), 0);
-    QStringList names;
-    for (const QString& line : QString::fromUtf8(nm.readAllStandardOutput()).split(QLatin1Char('\n'))) {
-        if (!line.isEmpty())
-            names.append(line.section(QLatin1Char(' '), -1));
+    void carriesItsMetadata()
+    {
+        const QPluginLoader loader(pluginFile);
+        const QJsonObject data = loader.metaData();
+        QCOMPARE(data.value(QStringLiteral("IID")).toString(), QStringLiteral("Vellum.Plugin.IVLTagManagerPlugin/1.0"));
+        QCOMPARE(data.value(QStringLiteral("className")).toString(), QStringLiteral("VLTagMnagerPlugin"));
+        QCOMPARE(data.value(QStringLiteral("debug")).toBool(true), false);
+        const QJsonObject expected{{QStringLiteral("Keys"), QJsonArray{QStringLiteral("plg_vltagmanagerplugin")}}};
+        QCOMPARE(data.value(QStringLiteral("MetaData")).toObject(), expected);
     }
-    names.sort();
-    QCOMPARE(names, QStringList({QStringLiteral("qt_plugin_instance"), QStringLiteral("qt_plugin_query_metadata")}));
-}
 
-void TestPluginFile::isFoundByIdentifierAndIntroducesItself()
-{
-    const LoadedPlugin loaded;
-    QObject* root = loaded.root;
-    QVERIFY2(root, qPrintable(loaded.loader.errorString()));
-    QVERIFY(loaded.plugin && loaded.tagManager);
-    QCOMPARE(loaded.plugin->pluginObject(), root);
-    QCOMPARE(loaded.tagManager->pluginObject(), root);
-    for (const char* name : {"VLTagMnagerPlugin", "IPlugin", "IVLTagManagerPlugin", "Orb.Core.IPlugin/1.0",
-                             "Vellum.Plugin.IVLTagManagerPlugin/1.0", "QObject"})
-        QVERIFY2(root->qt_metacast(name), name);
-    for (const char* name : {"Orb.Core.IPlugin/1.1", "Orb.Core.IPlugin", "VLTagManagerPlugin", ""})
-        QVERIFY2(!root->qt_metacast(name), name);
-    QCOMPARE(loaded.plugin->pluginId(), QUuid(QStringLiteral("{74aab3cb-d246-48c9-9619-042f5f108220}")));
-    const QString old = QStringLiteral("old");
-    PluginInfo info{old, old, old, old, QUrl(old)};
-    loaded.plugin->pluginInfo(info);
-    QCOMPARE(info.name, QStringLiteral("tag manager module"));
-    QCOMPARE(info.description, info.name);
-    QCOMPARE(info.version, QStringLiteral("1.0"));
-    QVERIFY(!info.author.isEmpty() && info.author != old && info.url.isValid() && info.url != QUrl(old));
-}
+    void exportsTheTwoEntryPointsOnly()
+    {
+        QProcess nm;
+        nm.start(QStringLiteral("nm"), {QStringLiteral("-D"), QStringLiteral("--defined-only"), pluginFile});
+        QVERIFY(nm.waitForFinished());
+        QCOMPARE(nm.exitCode(), 0);
+        QStringList names;
+        for (const QString& line : QString::fromUtf8(nm.readAllStandardOutput()).split(QLatin1Char('\n'))) {
+            if (!line.isEmpty())
+                names.append(line.section(QLatin1Char(' '), -1));
+        }
+        names.sort();
+        QCOMPARE(names,
+                 QStringList({QStringLiteral("qt_plugin_instance"), QStringLiteral("qt_plugin_query_metadata")}));
+    }
 
-void TestPluginFile::handsItsProvidersToItsWindows()
-{
-    MemoryHost first({QStringLiteral("apple"), QStringLiteral("bee")});
-    const MemoryHost second({QStringLiteral("cow")});
-    const LoadedPlugin loaded;
-    IVLTagManagerPlugin* plugin = loaded.tagManager;
-    QVERIFY(plugin);
-    plugin->setTagColorProvider(first.palette());
-    plugin->setDataProvider(first.library());
-    const auto window = openWindow(plugin);
-    QCOMPARE(counter(*window), QStringLiteral("(2)"));
+    void isFoundByIdentifierAndIntroducesItself()
+    {
+        const LoadedPlugin loaded;
+        QObject* root = loaded.root;
+        QVERIFY2(root, qPrintable(loaded.loader.errorString()));
+        QVERIFY(loaded.plugin && loaded.tagManager);
+        QCOMPARE(loaded.plugin->pluginObject(), root);
+        QCOMPARE(loaded.tagManager->pluginObject(), root);
+        for (const char* name : {"VLTagMnagerPlugin", "IPlugin", "IVLTagManagerPlugin", "Orb.Core.IPlugin/1.0",
+                                 "Vellum.Plugin.IVLTagManagerPlugin/1.0", "QObject"})
+            QVERIFY2(root->qt_metacast(name), name);
+        for (const char* name : {"Orb.Core.IPlugin/1.1", "Orb.Core.IPlugin", "VLTagManagerPlugin", ""})
+            QVERIFY2(!root->qt_metacast(name), name);
+        QCOMPARE(loaded.plugin->pluginId(), QUuid(QStringLiteral("{74aab3cb-d246-48c9-9619-042f5f108220}")));
+        const QString old = QStringLiteral("old");
+        PluginInfo info{old, old, old, old, QUrl(old)};
+        loaded.plugin->pluginInfo(info);
+        QCOMPARE(info.name, QStringLiteral("tag manager module"));
+        QCOMPARE(info.description, info.name);
+        QCOMPARE(info.version, QStringLiteral("1.0"));
+        QVERIFY(!info.author.isEmpty() && info.author != old && info.url.isValid() && info.url != QUrl(old));
+    }
 
-    QVERIFY(loaded.plugin->uninitialize());
-    QCOMPARE(counter(*openWindow(plugin)), QStringLiteral("(2)"));
-    plugin->setDataProvider(second.library());
-    QCOMPARE(counter(*openWindow(plugin)), QStringLiteral("(1)"));
-    first.addTag(QStringLiteral("dog"));
-    QCOMPARE(counter(*window), QStringLiteral("(3)"));
-    plugin->clearDataProvider();
-    QCOMPARE(counter(*openWindow(plugin)), QString());
-    plugin->setTagColorProvider(nullptr);
-}
-
-void TestPluginFile::logLinesCarryNoSource()
-{
-    const LoadedPlugin loaded;
-    const auto window = openWindow(loaded.tagManager);
-    static bool hasSource = false;
-    static int lines = 0;
-    const auto previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext& context, const QString&) {
-        ++lines;
-        hasSource |= context.file != nullptr || context.function != nullptr;
-    });
-    QTest::mouseClick(window->findChildren<QPushButton*>(QStringLiteral("tag_manager_title_btn")).last(),
-                      Qt::LeftButton);
-    qInstallMessageHandler(previous);
-    QCOMPARE(lines, 1);
-    QVERIFY(!hasSource);
-}
-
-void TestPluginFile::loadsAndUnloadsAgainAndAgain()
-{
-    MemoryHost host({QStringLiteral("apple"), QString::fromUtf8("中国")});
-    host.addGroup(QStringLiteral("Fruit"));
-    for (int round = 0; round < 100; ++round) {
-        LoadedPlugin loaded;
-        QVERIFY2(loaded.tagManager, qPrintable(loaded.loader.errorString()));
-        loaded.tagManager->setTagColorProvider(host.palette());
-        loaded.tagManager->setDataProvider(host.library());
-        auto window = openWindow(loaded.tagManager);
+    void handsItsProvidersToItsWindows()
+    {
+        MemoryHost first({QStringLiteral("apple"), QStringLiteral("bee")});
+        const MemoryHost second({QStringLiteral("cow")});
+        const LoadedPlugin loaded;
+        IVLTagManagerPlugin* plugin = loaded.tagManager;
+        QVERIFY(plugin);
+        plugin->setTagColorProvider(first.palette());
+        plugin->setDataProvider(first.library());
+        const auto window = openWindow(plugin);
         QCOMPARE(counter(*window), QStringLiteral("(2)"));
-        host.setFavorite(1, round % 2 == 0);
-        if (round % 3 == 0)
-            window.reset();
-        QVERIFY(loaded.loader.unload());
-        QVERIFY(!loaded.root);
-        const qint64 added = host.addTag(QStringLiteral("bee"));
-        if (window)
-            QCOMPARE(counter(*window), QStringLiteral("(3)"));
-        host.removeTags({added});
+
+        QVERIFY(loaded.plugin->uninitialize());
+        QCOMPARE(counter(*openWindow(plugin)), QStringLiteral("(2)"));
+        plugin->setDataProvider(second.library());
+        QCOMPARE(counter(*openWindow(plugin)), QStringLiteral("(1)"));
+        first.addTag(QStringLiteral("dog"));
+        QCOMPARE(counter(*window), QStringLiteral("(3)"));
+        plugin->clearDataProvider();
+        QCOMPARE(counter(*openWindow(plugin)), QString());
+        plugin->setTagColorProvider(nullptr);
     }
-}
+
+    void logLinesCarryNoSource()
+    {
+        const LoadedPlugin loaded;
+        const auto window = openWindow(loaded.tagManager);
+        static bool hasSource = false;
+        static int lines = 0;
+        const auto previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext& context, const QString&) {
+            ++lines;
+            hasSource |= context.file != nullptr || context.function != nullptr;
+        });
+        QTest::mouseClick(window->findChildren<QPushButton*>(QStringLiteral("tag_manager_title_btn")).last(),
+                          Qt::LeftButton);
+        qInstallMessageHandler(previous);
+        QCOMPARE(lines, 1);
+        QVERIFY(!hasSource);
+    }
+
+    void loadsAndUnloadsAgainAndAgain()
+    {
+        MemoryHost host({QStringLiteral("apple"), QString::fromUtf8("中国")});
+        host.addGroup(QStringLiteral("Fruit"));
+        for (int round = 0; round < 100; ++round) {
+            LoadedPlugin loaded;
+            QVERIFY2(loaded.tagManager, qPrintable(loaded.loader.errorString()));
+            loaded.tagManager->setTagColorProvider(host.palette());
+            loaded.tagManager->setDataProvider(host.library());
+            auto window = openWindow(loaded.tagManager);
+            QCOMPARE(counter(*window), QStringLiteral("(2)"));
+            host.setFavorite(1, round % 2 == 0);
+            if (round % 3 == 0)
+                window.reset();
+            QVERIFY(loaded.loader.unload());
+            QVERIFY(!loaded.root);
+            const qint64 added = host.addTag(QStringLiteral("bee"));
+            if (window)
+                QCOMPARE(counter(*window), QStringLiteral("(3)"));
+            host.removeTags({added});
+        }
+    }
+
+    void hostMayEndWithoutUnloading()
+    {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::ForwardedChannels);
+        process.start(QCoreApplication::applicationFilePath(), {leaveArgument});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+    }
+};
 
 /// A host that ends with the library still set and the plug-in still loaded; it runs in a process of its own.
 static int leaveWithoutUnloading()
@@ -200,16 +203,6 @@ static int leaveWithoutUnloading()
     plugin->setTagColorProvider(host.palette());
     plugin->setDataProvider(host.library());
     return counter(*openWindow(plugin)) == QStringLiteral("(1)") ? 0 : 2;
-}
-
-void TestPluginFile::hostMayEndWithoutUnloading()
-{
-    QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(QCoreApplication::applicationFilePath(), {leaveArgument});
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process.exitCode(), 0);
 }
 
 int main(int argc, char* argv[])

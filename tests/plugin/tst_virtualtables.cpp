@@ -60,49 +60,47 @@ class TestVirtualTables : public QObject
     Q_OBJECT
 
 private slots:
-    void operationsStandWhereHostsCallThem();
+    void operationsStandWhereHostsCallThem()
+    {
+        using Positions = QVector<int>;
+        QCOMPARE(positions(&IPlugin::pluginObject, &IPlugin::pluginId, &IPlugin::pluginInfo, &IPlugin::initialize,
+                           &IPlugin::uninitialize, &IPlugin::activate, &IPlugin::deactivate),
+                 Positions({0, 1, 2, 3, 4, 5, 6}));
+        using Manager = IVLTagManagerPlugin;
+        QCOMPARE(positions(&Manager::pluginObject, &Manager::createTagManagerWidget, &Manager::setDataProvider,
+                           &Manager::clearDataProvider, &Manager::setTagColorProvider),
+                 Positions({0, 1, 2, 3, 4}));
+        QCOMPARE(ownPositions<QWidget>(&IVLTagManagerWidget::updateMaximizeButton), Positions({0}));
+        QCOMPARE(ownPositions<QObject>(&After<IDataProvider>::first), Positions({0}));
+        using Library = ILibraryDataProvider;
+        QCOMPARE(ownPositions<QObject>(&Library::tagAction, &Library::tagGroupAction, &Library::tagManagerDataProvider),
+                 Positions({6, 16, 22}));
+        using Groups = ITagManagerDataProvider;
+        QCOMPARE(ownPositions<QObject>(&Groups::tagGroup, &Groups::tagGroupByName, &Groups::tagGroups),
+                 Positions({7, 8, 12}));
+        using Group = ITagGroupDataProvider;
+        QCOMPARE(ownPositions<QObject>(&Group::tagCount, &Group::groupName, &Group::groupInfo, &Group::groupId,
+                                       &Group::tags, &Group::tagsByIds, &Group::tagByName),
+                 Positions({0, 2, 6, 7, 8, 11, 12}));
+        using Tag = ITagDataProvider;
+        QCOMPARE(ownPositions<QObject>(&Tag::fileCount, &Tag::name, &Tag::tagInfo), Positions({0, 2, 7}));
+        using Action = ITagAction;
+        QCOMPARE(ownPositions<QObject>(&Action::createTags, &Action::renameTag, &Action::setTagColor,
+                                       &Action::deleteTags, &Action::addTagsToGroups, &Action::removeTagsFromGroups),
+                 Positions({0, 1, 2, 3, 4, 7}));
+        using GroupAction = ITagGroupAction;
+        QCOMPARE(ownPositions<QObject>(&GroupAction::addTagGroup, &GroupAction::removeTagGroup,
+                                       &GroupAction::renameTagGroup),
+                 Positions({0, 1, 2}));
+        using Answer = IResponseInfo;
+        QCOMPARE(positions(&Answer::status, &Answer::message, &Answer::rejectedTags, &Answer::rejectedGroups,
+                           &Answer::rejectedFiles),
+                 Positions({2, 3, 4, 5, 8}));
+        QCOMPARE(positions(&ITagColorProvider::colorEntries, &ITagColorProvider::color), Positions({1, 5}));
+        QCOMPARE(positions(&ITagInfo::id, &ITagInfo::name, &ITagInfo::colorIndex), Positions({1, 2, 3}));
+        QCOMPARE(positions(&ITagGroupInfo::id, &ITagGroupInfo::name), Positions({1, 2}));
+    }
 };
-
-void TestVirtualTables::operationsStandWhereHostsCallThem()
-{
-    using Positions = QVector<int>;
-    QCOMPARE(positions(&IPlugin::pluginObject, &IPlugin::pluginId, &IPlugin::pluginInfo, &IPlugin::initialize,
-                       &IPlugin::uninitialize, &IPlugin::activate, &IPlugin::deactivate),
-             Positions({0, 1, 2, 3, 4, 5, 6}));
-    using Manager = IVLTagManagerPlugin;
-    QCOMPARE(positions(&Manager::pluginObject, &Manager::createTagManagerWidget, &Manager::setDataProvider,
-                       &Manager::clearDataProvider, &Manager::setTagColorProvider),
-             Positions({0, 1, 2, 3, 4}));
-    QCOMPARE(ownPositions<QWidget>(&IVLTagManagerWidget::updateMaximizeButton), Positions({0}));
-    QCOMPARE(ownPositions<QObject>(&After<IDataProvider>::first), Positions({0}));
-    using Library = ILibraryDataProvider;
-    QCOMPARE(ownPositions<QObject>(&Library::tagAction, &Library::tagGroupAction, &Library::tagManagerDataProvider),
-             Positions({6, 16, 22}));
-    using Groups = ITagManagerDataProvider;
-    QCOMPARE(ownPositions<QObject>(&Groups::tagGroup, &Groups::tagGroupByName, &Groups::tagGroups),
-             Positions({7, 8, 12}));
-    using Group = ITagGroupDataProvider;
-    QCOMPARE(ownPositions<QObject>(&Group::tagCount, &Group::groupName, &Group::groupInfo, &Group::groupId,
-                                   &Group::tags, &Group::tagsByIds, &Group::tagByName),
-             Positions({0, 2, 6, 7, 8, 11, 12}));
-    using Tag = ITagDataProvider;
-    QCOMPARE(ownPositions<QObject>(&Tag::fileCount, &Tag::name, &Tag::tagInfo), Positions({0, 2, 7}));
-    using Action = ITagAction;
-    QCOMPARE(ownPositions<QObject>(&Action::createTags, &Action::renameTag, &Action::setTagColor, &Action::deleteTags,
-                                   &Action::addTagsToGroups, &Action::removeTagsFromGroups),
-             Positions({0, 1, 2, 3, 4, 7}));
-    using GroupAction = ITagGroupAction;
-    QCOMPARE(
-        ownPositions<QObject>(&GroupAction::addTagGroup, &GroupAction::removeTagGroup, &GroupAction::renameTagGroup),
-        Positions({0, 1, 2}));
-    using Answer = IResponseInfo;
-    QCOMPARE(positions(&Answer::status, &Answer::message, &Answer::rejectedTags, &Answer::rejectedGroups,
-                       &Answer::rejectedFiles),
-             Positions({2, 3, 4, 5, 8}));
-    QCOMPARE(positions(&ITagColorProvider::colorEntries, &ITagColorProvider::color), Positions({1, 5}));
-    QCOMPARE(positions(&ITagInfo::id, &ITagInfo::name, &ITagInfo::colorIndex), Positions({1, 2, 3}));
-    QCOMPARE(positions(&ITagGroupInfo::id, &ITagGroupInfo::name), Positions({1, 2}));
-}
 
 QTEST_GUILESS_MAIN(TestVirtualTables)
 #include "tst_virtualtables.moc"

@@ -147,46 +147,42 @@ class TestHostileCalls : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void deedsInsideCalls_data();
-    void deedsInsideCalls();
+    void initTestCase()
+    {
+        m_calls = tellingCalls();
+        QVERIFY(m_calls.size() > 50);
+    }
+
+    void deedsInsideCalls_data()
+    {
+        QTest::addColumn<int>("number");
+        for (int i = 0; i < deeds.size(); ++i)
+            QTest::newRow(deeds.at(i).name) << i;
+    }
+
+    void deedsInsideCalls()
+    {
+        QFETCH(const int, number);
+        const NamedDeed& deed = deeds.at(number);
+        // The short form takes other calls for each deed.
+        const int stride = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS") ? 1 : 15;
+        for (int i = number % stride; i < m_calls.size(); i += stride) {
+            HostileSession s;
+            play(s, m_calls.at(i), deed.run);
+            if (!s.user || !s.user->window() || !deed.keepsPage)
+                continue;
+            s.user->selectPage(WindowUser::AllTags);
+            settle();
+            const QStringList shown = gestures::shownChips(s.user->page(WindowUser::AllTags));
+            QVERIFY2(shown == expectedChips(s.host),
+                     qPrintable(QStringLiteral("call %1:\n").arg(m_calls.at(i)) + shown.join('\n') + "\ninstead of\n" +
+                                expectedChips(s.host).join('\n')));
+        }
+    }
 
 private:
     QVector<int> m_calls;
 };
-
-void TestHostileCalls::initTestCase()
-{
-    m_calls = tellingCalls();
-    QVERIFY(m_calls.size() > 50);
-}
-
-void TestHostileCalls::deedsInsideCalls_data()
-{
-    QTest::addColumn<int>("number");
-    for (int i = 0; i < deeds.size(); ++i)
-        QTest::newRow(deeds.at(i).name) << i;
-}
-
-void TestHostileCalls::deedsInsideCalls()
-{
-    QFETCH(const int, number);
-    const NamedDeed& deed = deeds.at(number);
-    // The short form takes other calls for each deed.
-    const int stride = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS") ? 1 : 15;
-    for (int i = number % stride; i < m_calls.size(); i += stride) {
-        HostileSession s;
-        play(s, m_calls.at(i), deed.run);
-        if (!s.user || !s.user->window() || !deed.keepsPage)
-            continue;
-        s.user->selectPage(WindowUser::AllTags);
-        settle();
-        const QStringList shown = gestures::shownChips(s.user->page(WindowUser::AllTags));
-        QVERIFY2(shown == expectedChips(s.host),
-                 qPrintable(QStringLiteral("call %1:\n").arg(m_calls.at(i)) + shown.join('\n') + "\ninstead of\n" +
-                            expectedChips(s.host).join('\n')));
-    }
-}
 
 QTEST_MAIN(TestHostileCalls)
 #include "tst_hostilecalls.moc"

@@ -36,166 +36,157 @@ class TestHostileHost : public QObject
     Q_OBJECT
 
 private slots:
-    void crookedAnswers_data();
-    void crookedAnswers();
-    void windowGoesInsideItsOwnSignals();
-    void windowGoesInsideTracking();
-    void strangeResults();
-    void resultsFromAnotherThread();
-    void tagsWhoseProviderIsGone();
-    void twoWindowsAndOneGoes();
-    void rootObjectGoesFirst();
-};
-
-void TestHostileHost::crookedAnswers_data()
-{
-    QTest::addColumn<HostLie>("lie");
-    for (int lie = int(HostLie::None) + 1; lie <= int(HostLie::NamesAtOdds); ++lie)
-        QTest::addRow("lie %d", lie) << HostLie(lie);
-}
-
-void TestHostileHost::crookedAnswers()
-{
-    QFETCH(const HostLie, lie);
-    for (const bool isAlwaysToldSo : {true, false}) {
-        HostileSession session;
-        session.host.setLie(lie);
-        session.host.install();
-        session.play([&](int step) { session.host.setLie(isAlwaysToldSo || step % 2 != 0 ? lie : HostLie::None); });
-        QVERIFY(session.user->window());
-        if (!isAlwaysToldSo)
-            continue;
-        // Each tag stands in one place at most, whatever was said of it.
-        session.user->selectPage(WindowUser::AllTags);
-        QStringList names;
-        for (const QString& line : gestures::shownChips(session.user->list()))
-            names += line.mid(line.indexOf(QLatin1Char(':')) + 2).split(QStringLiteral(", "));
-        QCOMPARE(names.removeDuplicates(), 0);
+    void crookedAnswers_data()
+    {
+        QTest::addColumn<HostLie>("lie");
+        for (int lie = int(HostLie::None) + 1; lie <= int(HostLie::NamesAtOdds); ++lie)
+            QTest::addRow("lie %d", lie) << HostLie(lie);
     }
-}
 
-void TestHostileHost::windowGoesInsideItsOwnSignals()
-{
-    for (const auto& [name, way] : waysToSignals) {
-        HostileSession session;
-        session.openCategories();
-        WindowUser& user = *session.user;
-        user.clickTile(user.tile("Art"));
-        const IVLTagManagerWidget* window = user.window();
-        const auto close = [&user] { user.closeWindow(); };
-        connect(window, &IVLTagManagerWidget::signalSoftWareMin, this, close);
-        connect(window, &IVLTagManagerWidget::signalSoftWareMax, this, close);
-        connect(window, &IVLTagManagerWidget::signalSoftWareClose, this, close);
-        connect(window, &IVLTagManagerWidget::signalCheckoutTagFile, this, close);
-        connect(window, &IVLTagManagerWidget::signalCheckoutGroupFile, this, close);
-        way(user);
-        QVERIFY2(!user.window(), name);
-        settle();
-        session.host.addTag("afterwards");
-    }
-}
-
-void TestHostileHost::windowGoesInsideTracking()
-{
-    // Each report of what a person does, one after the other, finds the window gone when it returns.
-    for (int report = 0, seen = 1; seen > report; ++report) {
-        HostileSession session;
-        seen = 0;
-        const auto tracking = connect(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked, this, [&] {
-            if (seen++ == report)
-                session.user->closeWindow();
-        });
-        session.play();
-        disconnect(tracking);
-    }
-}
-
-void TestHostileHost::strangeResults()
-{
-    HostileSession session;
-    HostileHost& host = session.host;
-    host.setAnswers(MemoryHost::Answers::OnDemand);
-    session.play();
-    const auto failure = MemoryHost::response(3, "no");
-    auto rejecting = MemoryHost::response();
-    rejecting->tags.append(nullptr);
-    rejecting->files.append(QSharedPointer<QString>::create("file"));
-    QVERIFY(host.requests().size() > 3);
-    for (int round = 0; round < 2; ++round) {
-        for (const MemoryRequest& request : host.requests()) {
-            for (const auto& response : {QSharedPointer<MemoryResponse>(), failure, rejecting, MemoryHost::response()})
-                host.answer(request, response);
+    void crookedAnswers()
+    {
+        QFETCH(const HostLie, lie);
+        for (const bool isAlwaysToldSo : {true, false}) {
+            HostileSession session;
+            session.host.setLie(lie);
+            session.host.install();
+            session.play([&](int step) { session.host.setLie(isAlwaysToldSo || step % 2 != 0 ? lie : HostLie::None); });
+            QVERIFY(session.user->window());
+            if (!isAlwaysToldSo)
+                continue;
+            // Each tag stands in one place at most, whatever was said of it.
+            session.user->selectPage(WindowUser::AllTags);
+            QStringList names;
+            for (const QString& line : gestures::shownChips(session.user->list()))
+                names += line.mid(line.indexOf(QLatin1Char(':')) + 2).split(QStringLiteral(", "));
+            QCOMPARE(names.removeDuplicates(), 0);
         }
-        for (const qint64 id : {Q_INT64_C(-1), Q_INT64_C(0), std::numeric_limits<qint64>::max()})
-            host.answerForeign(id, failure);
+    }
+
+    void windowGoesInsideItsOwnSignals()
+    {
+        for (const auto& [name, way] : waysToSignals) {
+            HostileSession session;
+            session.openCategories();
+            WindowUser& user = *session.user;
+            user.clickTile(user.tile("Art"));
+            const IVLTagManagerWidget* window = user.window();
+            const auto close = [&user] { user.closeWindow(); };
+            connect(window, &IVLTagManagerWidget::signalSoftWareMin, this, close);
+            connect(window, &IVLTagManagerWidget::signalSoftWareMax, this, close);
+            connect(window, &IVLTagManagerWidget::signalSoftWareClose, this, close);
+            connect(window, &IVLTagManagerWidget::signalCheckoutTagFile, this, close);
+            connect(window, &IVLTagManagerWidget::signalCheckoutGroupFile, this, close);
+            way(user);
+            QVERIFY2(!user.window(), name);
+            settle();
+            session.host.addTag("afterwards");
+        }
+    }
+
+    void windowGoesInsideTracking()
+    {
+        // Each report of what a person does, one after the other, finds the window gone when it returns.
+        for (int report = 0, seen = 1; seen > report; ++report) {
+            HostileSession session;
+            seen = 0;
+            const auto tracking = connect(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked, this, [&] {
+                if (seen++ == report)
+                    session.user->closeWindow();
+            });
+            session.play();
+            disconnect(tracking);
+        }
+    }
+
+    void strangeResults()
+    {
+        HostileSession session;
+        HostileHost& host = session.host;
+        host.setAnswers(MemoryHost::Answers::OnDemand);
+        session.play();
+        const auto failure = MemoryHost::response(3, "no");
+        auto rejecting = MemoryHost::response();
+        rejecting->tags.append(nullptr);
+        rejecting->files.append(QSharedPointer<QString>::create("file"));
+        QVERIFY(host.requests().size() > 3);
+        for (int round = 0; round < 2; ++round) {
+            for (const MemoryRequest& request : host.requests()) {
+                for (const auto& response :
+                     {QSharedPointer<MemoryResponse>(), failure, rejecting, MemoryHost::response()})
+                    host.answer(request, response);
+            }
+            for (const qint64 id : {Q_INT64_C(-1), Q_INT64_C(0), std::numeric_limits<qint64>::max()})
+                host.answerForeign(id, failure);
+            session.user->closeWindow();
+        }
+        QVERIFY(session.log.take().join('\n').contains("failed. Message: \"no\""));
+    }
+
+    void resultsFromAnotherThread()
+    {
+        HostileSession session;
+        HostileHost& host = session.host;
+        host.setAnswers(MemoryHost::Answers::OnDemand);
+        session.user = std::make_unique<WindowUser>();
+        session.user->clickCreateTag();
+        session.user->enterName("fresh");
+        QVERIFY(session.user->dialog());
+        const MemoryRequest request = host.requests().constLast();
+        std::thread([&] {
+            host.answer(request, MemoryHost::response(1, "no"));
+            host.answer(request, MemoryHost::response());
+        }).join();
+        QTRY_VERIFY(!session.user->dialog());
+        session.user->clickCreateTag();
+        session.user->enterName("other");
+        std::thread([&] { host.answer(host.requests().constLast(), MemoryHost::response()); }).join();
         session.user->closeWindow();
+        settle();
     }
-    QVERIFY(session.log.take().join('\n').contains("failed. Message: \"no\""));
-}
 
-void TestHostileHost::resultsFromAnotherThread()
-{
-    HostileSession session;
-    HostileHost& host = session.host;
-    host.setAnswers(MemoryHost::Answers::OnDemand);
-    session.user = std::make_unique<WindowUser>();
-    session.user->clickCreateTag();
-    session.user->enterName("fresh");
-    QVERIFY(session.user->dialog());
-    const MemoryRequest request = host.requests().constLast();
-    std::thread([&] {
-        host.answer(request, MemoryHost::response(1, "no"));
-        host.answer(request, MemoryHost::response());
-    }).join();
-    QTRY_VERIFY(!session.user->dialog());
-    session.user->clickCreateTag();
-    session.user->enterName("other");
-    std::thread([&] { host.answer(host.requests().constLast(), MemoryHost::response()); }).join();
-    session.user->closeWindow();
-    settle();
-}
-
-void TestHostileHost::tagsWhoseProviderIsGone()
-{
-    HostileSession session;
-    session.user = std::make_unique<WindowUser>();
-    HostileHost& host = session.host;
-    // The library forgets its tags without a word.
-    for (const qint64 id : {1, 2, 3, 4, 5})
-        host.tag(id)->dropRecord();
-    for (const auto& group : qAsConst(host.manager()->groups)) {
-        const QSignalBlocker silent(group.data());
-        group->leave({1, 2, 3, 4, 5});
+    void tagsWhoseProviderIsGone()
+    {
+        HostileSession session;
+        session.user = std::make_unique<WindowUser>();
+        HostileHost& host = session.host;
+        // The library forgets its tags without a word.
+        for (const qint64 id : {1, 2, 3, 4, 5})
+            host.tag(id)->dropRecord();
+        for (const auto& group : qAsConst(host.manager()->groups)) {
+            const QSignalBlocker silent(group.data());
+            group->leave({1, 2, 3, 4, 5});
+        }
+        session.play();
+        QVERIFY(session.user->window());
     }
-    session.play();
-    QVERIFY(session.user->window());
-}
 
-void TestHostileHost::twoWindowsAndOneGoes()
-{
-    HostileSession session;
-    WindowUser other;
-    session.play();
-    session.user->selectPage(WindowUser::AllTags);
-    QCOMPARE(other.chips(), session.user->chips());
-    QCOMPARE(other.tiles(), session.user->tiles());
-    QCOMPARE(other.counter(), session.user->counter());
-    session.user->closeWindow();
-    session.host.addTag("afterwards");
-    QVERIFY(other.chips().join(',').contains("afterwards"));
-}
+    void twoWindowsAndOneGoes()
+    {
+        HostileSession session;
+        WindowUser other;
+        session.play();
+        session.user->selectPage(WindowUser::AllTags);
+        QCOMPARE(other.chips(), session.user->chips());
+        QCOMPARE(other.tiles(), session.user->tiles());
+        QCOMPARE(other.counter(), session.user->counter());
+        session.user->closeWindow();
+        session.host.addTag("afterwards");
+        QVERIFY(other.chips().join(',').contains("afterwards"));
+    }
 
-void TestHostileHost::rootObjectGoesFirst()
-{
-    HostileSession session;
-    auto root = std::make_unique<VLTagMnagerPlugin>();
-    session.host.install();
-    session.user = std::make_unique<WindowUser>();
-    root.reset();
-    QVERIFY(!VLTagManagerSingleton::instance()->tagManagerProvider());
-    session.play();
-    QVERIFY(session.user->window());
-}
+    void rootObjectGoesFirst()
+    {
+        HostileSession session;
+        auto root = std::make_unique<VLTagMnagerPlugin>();
+        session.host.install();
+        session.user = std::make_unique<WindowUser>();
+        root.reset();
+        QVERIFY(!VLTagManagerSingleton::instance()->tagManagerProvider());
+        session.play();
+        QVERIFY(session.user->window());
+    }
+};
 
 QTEST_MAIN(TestHostileHost)
 #include "tst_hostilehost.moc"

@@ -102,166 +102,160 @@ class TestNames : public QObject
 
 private slots:
     void init() { m_log = std::make_unique<MessageCatcher>(); }
-    void cleanup();
-    void allTogether();
-    void oneByOne_data();
-    void oneByOne();
-    void longNamesLeaveTheWindowUsable_data();
-    void longNamesLeaveTheWindowUsable();
+
+    void cleanup()
+    {
+        QStringList problems = m_log->problems();
+        m_log.reset();
+        // Not every machine has fonts for every script.
+        const auto aboutFonts = [](const QString& text) {
+            return text.contains(QLatin1String("OpenType support missing"));
+        };
+        problems.erase(std::remove_if(problems.begin(), problems.end(), aboutFonts), problems.end());
+        QCOMPARE(problems, QStringList());
+    }
+
+    void allTogether()
+    {
+        const QStringList names = namesOfAllScripts() + strangeNames();
+        QVERIFY(names.size() > 140);
+        InstalledHost host(names);
+        host.addGroups(names);
+        WindowUser user;
+        QCOMPARE(gestures::shownChips(user.list()), gestures::filedChips(names));
+        for (const int page : {WindowUser::AllTags, WindowUser::Categories, WindowUser::Favorites}) {
+            user.selectPage(page);
+            settle();
+            QVERIFY(!user.window()->grab().isNull());
+        }
+        user.selectPage(WindowUser::AllTags);
+        QCOMPARE(user.tiles().size(), names.size() + 1);
+        QCOMPARE(user.groupChoices(), names);
+        for (const QString& name : names)
+            host.renameTag(host.tagId(name), QStringLiteral("x") + name);
+        QCOMPARE(gestures::shownChips(user.list()).size(), 1);
+    }
+
+    void oneByOne_data()
+    {
+        QTest::addColumn<QString>("name");
+        addRows(strangeNames() + namesOfAllScripts().mid(0, 200));
+    }
+
+    void oneByOne()
+    {
+        QFETCH(const QString, name);
+        InstalledHost host({QStringLiteral("other"), name});
+        host.setFileCount(2, 7);
+        const qint64 group = host.addGroup(name);
+        host.addTagsToGroups({group}, {2});
+        WindowUser user;
+        settle();
+
+        const gestures::ChipPlace chip = gestures::findChip(user.list(), name);
+        QVERIFY(chip.view);
+        QCOMPARE(chip.view->letter(), initialLetter(name));
+        const int width = ChipMetrics::shared().chipSize(name, 7, chip.view->chipLook()).width();
+        QVERIFY(width >= 44 && width < 1000);
+        QCOMPARE(chip.view->visualRect(chip.index).width(), width);
+        const std::unique_ptr<QMimeData> dragged(makeTagMimeData(2));
+        QCOMPARE(dragged->formats(), QStringList("TagManager_Group_List_View"));
+        QCOMPARE(dragged->data(dragged->formats().first()), chipPayload(2));
+
+        // A search field takes no line feeds and no control characters.
+        if (name == name.trimmed() && !name.isEmpty() && name.at(0).isPrint()) {
+            const QString start = name.left(name.at(0).isHighSurrogate() ? 2 : 1);
+            user.search(start);
+            settle();
+            if (user.searchText(WindowUser::AllTags) == start)
+                QVERIFY(gestures::findChip(user.list(), name).view);
+            user.search({});
+            settle();
+        }
+
+        QMenu* menu = user.openTagMenu(name);
+        QVERIFY(menu);
+        QCOMPARE(user.groupChoices(), QStringList{name});
+        QVERIFY(WindowUser::choose(menu, QStringLiteral("Delete Tag")));
+        const auto* body = user.box()->findChild<QLabel*>(QStringLiteral("lab_context"));
+        // Directions are kept apart and white space is kept whole by characters that nobody sees.
+        QString question = plain(body->text());
+        question.remove(QChar(0x2068)).remove(QChar(0x2069));
+        QVERIFY2(question.endsWith(QStringLiteral("(The files will not be deleted.) ")) || question.contains("7 files"),
+                 qPrintable(question));
+        if (!name.trimmed().isEmpty() && name.at(0).isLetter() && !name.contains(QLatin1Char('\n')))
+            QVERIFY2(question.contains(name.left(10)), qPrintable(question));
+        user.answerBox(false);
+        settle();
+
+        user.selectPage(WindowUser::Categories);
+        user.clickTile(user.addNewTile());
+        user.closeDialog();
+        const auto tiles = user.window()->findChildren<CTagGroupItemWidget*>();
+        const auto found =
+            std::find_if(tiles.begin(), tiles.end(), [group](auto* each) { return each->groupId() == group; });
+        QVERIFY(found != tiles.end());
+        user.clickTile(*found);
+        QCOMPARE(user.header(), name + QStringLiteral("(1)"));
+        const auto* header = user.window()->findChild<QLabel*>(QStringLiteral("tag_manager_group_name"));
+        QCOMPARE(header->textFormat(), Qt::PlainText);
+        QCOMPARE((*found)->findChild<QLabel*>(QStringLiteral("tag_group_name_label"))->textFormat(), Qt::PlainText);
+        QVERIFY(!user.window()->grab().isNull());
+        host.renameTag(2, QStringLiteral("back ") + name);
+        QVERIFY(gestures::findChip(user.list(), QStringLiteral("back ") + name).view);
+    }
+
+    void longNamesLeaveTheWindowUsable_data()
+    {
+        QTest::addColumn<QString>("name");
+        addRows(longNames());
+    }
+
+    void longNamesLeaveTheWindowUsable()
+    {
+        QFETCH(const QString, name);
+        InstalledHost host({QStringLiteral("before"), name, name.left(3) + QStringLiteral("y"), QStringLiteral("zz")});
+        const qint64 group = host.addGroup(name);
+        host.addTagsToGroups({group}, {1, 2, 3, 4});
+        WindowUser user;
+        for (const int page : {WindowUser::AllTags, WindowUser::Categories}) {
+            user.selectPage(page);
+            if (page == WindowUser::Categories)
+                QTest::mouseClick(user.window()->findChildren<CTagGroupItemWidget*>().constLast(), Qt::LeftButton);
+            settle();
+            QRegion taken;
+            for (const VLTagListView* section : user.page(page)->findChildren<VLTagListView*>()) {
+                if (!section->isVisible())
+                    continue;
+                for (int row = 0; row < section->model()->rowCount(); ++row) {
+                    const QRect chip = section->visualRect(section->model()->index(row, 0))
+                                           .translated(section->viewport()->mapTo(user.window(), QPoint()));
+                    QVERIFY(!taken.intersects(chip));
+                    taken += chip;
+                }
+            }
+            QVERIFY(!user.window()->grab().isNull());
+            QCOMPARE(user.window()->width(), 1000);
+            QVERIFY(user.window()->minimumSizeHint().width() <= 1000);
+        }
+        user.selectPage(WindowUser::AllTags);
+        QVERIFY(gestures::rightClickChip(user.list(), QStringLiteral("zz")));
+        user.search(QStringLiteral("zz"));
+        settle();
+        QCOMPARE(user.chips().size(), 1);
+        user.search({});
+        settle();
+        QVERIFY(WindowUser::choose(user.openTagMenu(name), QStringLiteral("Delete Tag")));
+        const auto* body = user.box()->findChild<QLabel*>(QStringLiteral("lab_context"));
+        QVERIFY(body->text().size() < 5000);
+        user.answerBox(true);
+        settle();
+        QVERIFY(!gestures::findChip(user.list(), name).view);
+    }
 
 private:
     std::unique_ptr<MessageCatcher> m_log;
 };
-
-void TestNames::cleanup()
-{
-    QStringList problems = m_log->problems();
-    m_log.reset();
-    // Not every machine has fonts for every script.
-    const auto aboutFonts = [](const QString& text) {
-        return text.contains(QLatin1String("OpenType support missing"));
-    };
-    problems.erase(std::remove_if(problems.begin(), problems.end(), aboutFonts), problems.end());
-    QCOMPARE(problems, QStringList());
-}
-
-void TestNames::allTogether()
-{
-    const QStringList names = namesOfAllScripts() + strangeNames();
-    QVERIFY(names.size() > 140);
-    InstalledHost host(names);
-    host.addGroups(names);
-    WindowUser user;
-    QCOMPARE(gestures::shownChips(user.list()), gestures::filedChips(names));
-    for (const int page : {WindowUser::AllTags, WindowUser::Categories, WindowUser::Favorites}) {
-        user.selectPage(page);
-        settle();
-        QVERIFY(!user.window()->grab().isNull());
-    }
-    user.selectPage(WindowUser::AllTags);
-    QCOMPARE(user.tiles().size(), names.size() + 1);
-    QCOMPARE(user.groupChoices(), names);
-    for (const QString& name : names)
-        host.renameTag(host.tagId(name), QStringLiteral("x") + name);
-    QCOMPARE(gestures::shownChips(user.list()).size(), 1);
-}
-
-void TestNames::oneByOne_data()
-{
-    QTest::addColumn<QString>("name");
-    addRows(strangeNames() + namesOfAllScripts().mid(0, 200));
-}
-
-void TestNames::oneByOne()
-{
-    QFETCH(const QString, name);
-    InstalledHost host({QStringLiteral("other"), name});
-    host.setFileCount(2, 7);
-    const qint64 group = host.addGroup(name);
-    host.addTagsToGroups({group}, {2});
-    WindowUser user;
-    settle();
-
-    const gestures::ChipPlace chip = gestures::findChip(user.list(), name);
-    QVERIFY(chip.view);
-    QCOMPARE(chip.view->letter(), initialLetter(name));
-    const int width = ChipMetrics::shared().chipSize(name, 7, chip.view->chipLook()).width();
-    QVERIFY(width >= 44 && width < 1000);
-    QCOMPARE(chip.view->visualRect(chip.index).width(), width);
-    const std::unique_ptr<QMimeData> dragged(makeTagMimeData(2));
-    QCOMPARE(dragged->formats(), QStringList("TagManager_Group_List_View"));
-    QCOMPARE(dragged->data(dragged->formats().first()), chipPayload(2));
-
-    // A search field takes no line feeds and no control characters.
-    if (name == name.trimmed() && !name.isEmpty() && name.at(0).isPrint()) {
-        const QString start = name.left(name.at(0).isHighSurrogate() ? 2 : 1);
-        user.search(start);
-        settle();
-        if (user.searchText(WindowUser::AllTags) == start)
-            QVERIFY(gestures::findChip(user.list(), name).view);
-        user.search({});
-        settle();
-    }
-
-    QMenu* menu = user.openTagMenu(name);
-    QVERIFY(menu);
-    QCOMPARE(user.groupChoices(), QStringList{name});
-    QVERIFY(WindowUser::choose(menu, QStringLiteral("Delete Tag")));
-    const auto* body = user.box()->findChild<QLabel*>(QStringLiteral("lab_context"));
-    // Directions are kept apart and white space is kept whole by characters that nobody sees.
-    QString question = plain(body->text());
-    question.remove(QChar(0x2068)).remove(QChar(0x2069));
-    QVERIFY2(question.endsWith(QStringLiteral("(The files will not be deleted.) ")) || question.contains("7 files"),
-             qPrintable(question));
-    if (!name.trimmed().isEmpty() && name.at(0).isLetter() && !name.contains(QLatin1Char('\n')))
-        QVERIFY2(question.contains(name.left(10)), qPrintable(question));
-    user.answerBox(false);
-    settle();
-
-    user.selectPage(WindowUser::Categories);
-    user.clickTile(user.addNewTile());
-    user.closeDialog();
-    const auto tiles = user.window()->findChildren<CTagGroupItemWidget*>();
-    const auto found =
-        std::find_if(tiles.begin(), tiles.end(), [group](auto* each) { return each->groupId() == group; });
-    QVERIFY(found != tiles.end());
-    user.clickTile(*found);
-    QCOMPARE(user.header(), name + QStringLiteral("(1)"));
-    const auto* header = user.window()->findChild<QLabel*>(QStringLiteral("tag_manager_group_name"));
-    QCOMPARE(header->textFormat(), Qt::PlainText);
-    QCOMPARE((*found)->findChild<QLabel*>(QStringLiteral("tag_group_name_label"))->textFormat(), Qt::PlainText);
-    QVERIFY(!user.window()->grab().isNull());
-    host.renameTag(2, QStringLiteral("back ") + name);
-    QVERIFY(gestures::findChip(user.list(), QStringLiteral("back ") + name).view);
-}
-
-void TestNames::longNamesLeaveTheWindowUsable_data()
-{
-    QTest::addColumn<QString>("name");
-    addRows(longNames());
-}
-
-void TestNames::longNamesLeaveTheWindowUsable()
-{
-    QFETCH(const QString, name);
-    InstalledHost host({QStringLiteral("before"), name, name.left(3) + QStringLiteral("y"), QStringLiteral("zz")});
-    const qint64 group = host.addGroup(name);
-    host.addTagsToGroups({group}, {1, 2, 3, 4});
-    WindowUser user;
-    for (const int page : {WindowUser::AllTags, WindowUser::Categories}) {
-        user.selectPage(page);
-        if (page == WindowUser::Categories)
-            QTest::mouseClick(user.window()->findChildren<CTagGroupItemWidget*>().constLast(), Qt::LeftButton);
-        settle();
-        QRegion taken;
-        for (const VLTagListView* section : user.page(page)->findChildren<VLTagListView*>()) {
-            if (!section->isVisible())
-                continue;
-            for (int row = 0; row < section->model()->rowCount(); ++row) {
-                const QRect chip = section->visualRect(section->model()->index(row, 0))
-                                       .translated(section->viewport()->mapTo(user.window(), QPoint()));
-                QVERIFY(!taken.intersects(chip));
-                taken += chip;
-            }
-        }
-        QVERIFY(!user.window()->grab().isNull());
-        QCOMPARE(user.window()->width(), 1000);
-        QVERIFY(user.window()->minimumSizeHint().width() <= 1000);
-    }
-    user.selectPage(WindowUser::AllTags);
-    QVERIFY(gestures::rightClickChip(user.list(), QStringLiteral("zz")));
-    user.search(QStringLiteral("zz"));
-    settle();
-    QCOMPARE(user.chips().size(), 1);
-    user.search({});
-    settle();
-    QVERIFY(WindowUser::choose(user.openTagMenu(name), QStringLiteral("Delete Tag")));
-    const auto* body = user.box()->findChild<QLabel*>(QStringLiteral("lab_context"));
-    QVERIFY(body->text().size() < 5000);
-    user.answerBox(true);
-    settle();
-    QVERIFY(!gestures::findChip(user.list(), name).view);
-}
 
 QTEST_MAIN(TestNames)
 #include "tst_names.moc"

@@ -52,39 +52,36 @@ class TestRandomWalk : public QObject
     Q_OBJECT
 
 private slots:
-    void windowShowsWhatItMust();
-    void failuresShrink();
-};
-
-void TestRandomWalk::windowShowsWhatItMust()
-{
-    const MessageCatcher log;
-    const bool isLong = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS");
-    bool isOne = false;
-    const quint32 asked = qEnvironmentVariable("VELLUM_SEED").toUInt(&isOne);
-    const quint32 first = isOne ? asked : isLong ? QRandomGenerator::global()->generate() : firstSeed;
-    const qint64 limit = isLong ? 300000 : 15000;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    int walks = 0;
-    for (quint32 seed = first; walks == 0 || (!isOne && elapsed.elapsed() < limit); ++seed, ++walks) {
-        // Told before, so that a crash leaves it behind.
-        std::fprintf(stderr, "walk with seed %u\n", seed);
-        const QVector<WalkStep> steps = stepsOf(seed);
-        if (!problemOf(steps).isEmpty())
-            QFAIL(qPrintable(report(steps)));
+    void windowShowsWhatItMust()
+    {
+        const MessageCatcher log;
+        const bool isLong = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS");
+        bool isOne = false;
+        const quint32 asked = qEnvironmentVariable("VELLUM_SEED").toUInt(&isOne);
+        const quint32 first = isOne ? asked : isLong ? QRandomGenerator::global()->generate() : firstSeed;
+        const qint64 limit = isLong ? 300000 : 15000;
+        QElapsedTimer elapsed;
+        elapsed.start();
+        int walks = 0;
+        for (quint32 seed = first; walks == 0 || (!isOne && elapsed.elapsed() < limit); ++seed, ++walks) {
+            // Told before, so that a crash leaves it behind.
+            std::fprintf(stderr, "walk with seed %u\n", seed);
+            const QVector<WalkStep> steps = stepsOf(seed);
+            if (!problemOf(steps).isEmpty())
+                QFAIL(qPrintable(report(steps)));
+        }
+        std::fprintf(stderr, "%d walks of %d steps\n", walks, stepsOfWalk);
     }
-    std::fprintf(stderr, "%d walks of %d steps\n", walks, stepsOfWalk);
-}
 
-void TestRandomWalk::failuresShrink()
-{
-    QVector<int> steps(400);
-    steps[100] = 1;
-    steps[300] = 2;
-    const auto holdsBoth = [](const QVector<int>& fewer) { return fewer.contains(1) && fewer.contains(2); };
-    QCOMPARE(shrunk(steps, holdsBoth), QVector<int>({1, 2}));
-}
+    void failuresShrink()
+    {
+        QVector<int> steps(400);
+        steps[100] = 1;
+        steps[300] = 2;
+        const auto holdsBoth = [](const QVector<int>& fewer) { return fewer.contains(1) && fewer.contains(2); };
+        QCOMPARE(shrunk(steps, holdsBoth), QVector<int>({1, 2}));
+    }
+};
 
 DRAG_TEST_MAIN(TestRandomWalk)
 #include "tst_randomwalk.moc"

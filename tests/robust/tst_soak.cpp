@@ -79,53 +79,51 @@ class TestSoak : public QObject
     Q_OBJECT
 
 private slots:
-    void nothingIsLeftBehind();
-};
+    void nothingIsLeftBehind()
+    {
+        const MessageCatcher log;
+        QStringList names;
+        for (int i = 0; i < 50; ++i)
+            names.append(QChar('a' + i % 26) + QString::number(i));
+        Connections host(names);
+        host.addGroups({"Art", "Books"});
+        host.addTagsToGroups({2}, {1, 2, 3});
+        const int topLevelsBefore = QApplication::allWidgets().size();
+        const int dataBefore = host.toData();
 
-void TestSoak::nothingIsLeftBehind()
-{
-    const MessageCatcher log;
-    QStringList names;
-    for (int i = 0; i < 50; ++i)
-        names.append(QChar('a' + i % 26) + QString::number(i));
-    Connections host(names);
-    host.addGroups({"Art", "Books"});
-    host.addTagsToGroups({2}, {1, 2, 3});
-    const int topLevelsBefore = QApplication::allWidgets().size();
-    const int dataBefore = host.toData();
-
-    constexpr int warmUp = 15;
-    constexpr int requestsOfAMinute = 7;
-    const bool isLong = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS");
-    const int minutes = isLong ? 1200 : 120;
-    const qint64 limit = isLong ? 200000 : 15000;  // milliseconds
-    QElapsedTimer elapsed;
-    elapsed.start();
-    qint64 memoryBefore = 0;
-    int resultsBefore = 0;
-    int minute = 0;
-    // A slow machine ends early; what has been done until then counts.
-    for (; minute < minutes && (minute < 2 * warmUp || elapsed.elapsed() < limit); ++minute) {
-        if (minute == warmUp) {
-            memoryBefore = residentMemory();
-            resultsBefore = host.toResults();
+        constexpr int warmUp = 15;
+        constexpr int requestsOfAMinute = 7;
+        const bool isLong = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS");
+        const int minutes = isLong ? 1200 : 120;
+        const qint64 limit = isLong ? 200000 : 15000;  // milliseconds
+        QElapsedTimer elapsed;
+        elapsed.start();
+        qint64 memoryBefore = 0;
+        int resultsBefore = 0;
+        int minute = 0;
+        // A slow machine ends early; what has been done until then counts.
+        for (; minute < minutes && (minute < 2 * warmUp || elapsed.elapsed() < limit); ++minute) {
+            if (minute == warmUp) {
+                memoryBefore = residentMemory();
+                resultsBefore = host.toResults();
+            }
+            {
+                WindowUser user;
+                user.useForAMinute(host);
+            }
+            host.clearRequests();
+            QCOMPARE(host.toData(), dataBefore);
+            QCOMPARE(QApplication::allWidgets().size(), topLevelsBefore);
+            QCOMPARE(host.group(MemoryHost::AllTags)->tagCount(1), names.size());
         }
-        {
-            WindowUser user;
-            user.useForAMinute(host);
-        }
-        host.clearRequests();
-        QCOMPARE(host.toData(), dataBefore);
-        QCOMPARE(QApplication::allWidgets().size(), topLevelsBefore);
-        QCOMPARE(host.group(MemoryHost::AllTags)->tagCount(1), names.size());
+        // The described exception: each request that was followed leaves its handler.
+        QCOMPARE(host.toResults() - resultsBefore, requestsOfAMinute * (minute - warmUp));
+        // The handlers, the ids that were given out and the allocator's slack; a window with its tags takes far more.
+        const qint64 bytesOfAMinute = (residentMemory() - memoryBefore) / (minute - warmUp);
+        QVERIFY2(bytesOfAMinute < 50000, qPrintable(QString::number(bytesOfAMinute)));
+        QCOMPARE(log.problems(), QStringList());
     }
-    // The described exception: each request that was followed leaves its handler.
-    QCOMPARE(host.toResults() - resultsBefore, requestsOfAMinute * (minute - warmUp));
-    // The handlers, the ids that were given out and the allocator's slack; a window with its tags takes far more.
-    const qint64 bytesOfAMinute = (residentMemory() - memoryBefore) / (minute - warmUp);
-    QVERIFY2(bytesOfAMinute < 50000, qPrintable(QString::number(bytesOfAMinute)));
-    QCOMPARE(log.problems(), QStringList());
-}
+};
 
 QTEST_MAIN(TestSoak)
 #include "tst_soak.moc"

@@ -96,120 +96,113 @@ class ChipGeometryTest : public QObject
     Q_OBJECT
 
 private slots:
-    void rectanglesAndHitsAreThoseOfTheToolkit();
-    void changesKeepTheFlowRight();
-    void upAndDownFindTheNearestChip();
-    void widthsAreThoseOfTheFont();
-    void chipSizes_data();
-    void chipSizes();
-};
-
-void ChipGeometryTest::rectanglesAndHitsAreThoseOfTheToolkit()
-{
-    QRandomGenerator random(11);
-    for (int round = 0; round < 20; ++round) {
-        const std::vector<int> widths = randomWidths(random, random.bounded(1, 120));
-        ToolkitFlow toolkit(widths);
-        for (const int width : {1, 60, 200, 393, random.bounded(100, 1500), random.bounded(100, 1500)}) {
-            toolkit.setWidth(width);
-            const ChipFlow flow = makeFlow(widths, width);
-            for (int row = 0; row < flow.rowCount(); ++row)
-                QCOMPARE(flow.rect(row), toolkit.rect(row));
-            for (int i = 0; i < 50; ++i) {
-                const QPoint point(random.bounded(-5, 900), random.bounded(-5, 300));
-                QCOMPARE(flow.rowAt(point), toolkit.rowAt(point));
+    void rectanglesAndHitsAreThoseOfTheToolkit()
+    {
+        QRandomGenerator random(11);
+        for (int round = 0; round < 20; ++round) {
+            const std::vector<int> widths = randomWidths(random, random.bounded(1, 120));
+            ToolkitFlow toolkit(widths);
+            for (const int width : {1, 60, 200, 393, random.bounded(100, 1500), random.bounded(100, 1500)}) {
+                toolkit.setWidth(width);
+                const ChipFlow flow = makeFlow(widths, width);
+                for (int row = 0; row < flow.rowCount(); ++row)
+                    QCOMPARE(flow.rect(row), toolkit.rect(row));
+                for (int i = 0; i < 50; ++i) {
+                    const QPoint point(random.bounded(-5, 900), random.bounded(-5, 300));
+                    QCOMPARE(flow.rowAt(point), toolkit.rowAt(point));
+                }
             }
         }
     }
-}
 
-void ChipGeometryTest::changesKeepTheFlowRight()
-{
-    QRandomGenerator random(13);
-    std::vector<int> widths = randomWidths(random, 50);
-    ChipFlow flow = makeFlow(widths, 500);
-    for (int step = 0; step < 200; ++step) {
-        const int row = random.bounded(flow.rowCount());
-        switch (random.bounded(3)) {
-        case 0: {
-            const std::vector<int> added = randomWidths(random, 3);
-            flow.insertWidths(row, added);
-            widths.insert(widths.begin() + row, added.begin(), added.end());
-            break;
+    void changesKeepTheFlowRight()
+    {
+        QRandomGenerator random(13);
+        std::vector<int> widths = randomWidths(random, 50);
+        ChipFlow flow = makeFlow(widths, 500);
+        for (int step = 0; step < 200; ++step) {
+            const int row = random.bounded(flow.rowCount());
+            switch (random.bounded(3)) {
+            case 0: {
+                const std::vector<int> added = randomWidths(random, 3);
+                flow.insertWidths(row, added);
+                widths.insert(widths.begin() + row, added.begin(), added.end());
+                break;
+            }
+            case 1:
+                flow.setWidth(row, 77);
+                widths[row] = 77;
+                break;
+            default:
+                flow.removeRows(row, 1);
+                widths.erase(widths.begin() + row);
+            }
+            const ChipFlow fresh = makeFlow(widths, 500);
+            QCOMPARE(flow.rect(flow.rowCount() - 1), fresh.rect(fresh.rowCount() - 1));
+            QCOMPARE(flow.contentHeight(), fresh.contentHeight());
         }
-        case 1:
-            flow.setWidth(row, 77);
-            widths[row] = 77;
-            break;
-        default:
-            flow.removeRows(row, 1);
-            widths.erase(widths.begin() + row);
+    }
+
+    void upAndDownFindTheNearestChip()
+    {
+        const ChipFlow flow = makeFlow({100, 100, 100, 50, 50, 50, 50}, 400);
+        QCOMPARE(flow.rowInOtherLine(0, 1), 3);
+        QCOMPARE(flow.rowInOtherLine(1, 1), 5);
+        QCOMPARE(flow.rowInOtherLine(6, -1), 1);
+        QCOMPARE(flow.rowInOtherLine(0, -1), 0);
+        QCOMPARE(flow.rowInOtherLine(6, 1), 6);
+    }
+
+    void widthsAreThoseOfTheFont()
+    {
+        QRandomGenerator random(14);
+        const QFontMetrics font(ChipMetrics::chipFont());
+        ChipMetrics& metrics = ChipMetrics::shared();
+        for (int i = 0; i < 20000; ++i) {
+            const QString name = randomName(random);
+            QVERIFY2(metrics.textWidth(name) == font.horizontalAdvance(name), qPrintable(name));
         }
-        const ChipFlow fresh = makeFlow(widths, 500);
-        QCOMPARE(flow.rect(flow.rowCount() - 1), fresh.rect(fresh.rowCount() - 1));
-        QCOMPARE(flow.contentHeight(), fresh.contentHeight());
+        // More characters than are looked at one by one.
+        constexpr ushort step = 7;
+        for (ushort unit = 0x4E00; unit < 0xD7A0; unit += step) {
+            const QString name = QString(QChar(unit)) + QChar(unit + 1);
+            QVERIFY2(metrics.textWidth(name) == font.horizontalAdvance(name), qPrintable(name));
+        }
+        QCOMPARE(metrics.textWidth({}), 0);
+        QCOMPARE(metrics.textWidth(QString(2000, 'x')), font.horizontalAdvance(QString(2000, 'x')));
     }
-}
 
-void ChipGeometryTest::upAndDownFindTheNearestChip()
-{
-    const ChipFlow flow = makeFlow({100, 100, 100, 50, 50, 50, 50}, 400);
-    QCOMPARE(flow.rowInOtherLine(0, 1), 3);
-    QCOMPARE(flow.rowInOtherLine(1, 1), 5);
-    QCOMPARE(flow.rowInOtherLine(6, -1), 1);
-    QCOMPARE(flow.rowInOtherLine(0, -1), 0);
-    QCOMPARE(flow.rowInOtherLine(6, 1), 6);
-}
-
-void ChipGeometryTest::widthsAreThoseOfTheFont()
-{
-    QRandomGenerator random(14);
-    const QFontMetrics font(ChipMetrics::chipFont());
-    ChipMetrics& metrics = ChipMetrics::shared();
-    for (int i = 0; i < 20000; ++i) {
-        const QString name = randomName(random);
-        QVERIFY2(metrics.textWidth(name) == font.horizontalAdvance(name), qPrintable(name));
+    void chipSizes_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("fileCount");
+        QTest::addColumn<bool>("count");
+        QTest::addColumn<bool>("enlarged");
+        QTest::addColumn<QSize>("size");
+        const QFontMetrics font(ChipMetrics::chipFont());
+        const QString longName(60, 'w');
+        const int longWidth = font.horizontalAdvance(longName);
+        QTest::newRow("short name has the minimum width") << "i" << 0 << false << false << QSize(44, 22);
+        QTest::newRow("minimum holds with a count, too") << "i" << 1 << true << false << QSize(44, 22);
+        QTest::newRow("long name") << longName << 3 << false << false << QSize(longWidth + 20, 22);
+        QTest::newRow("long name and count")
+            << longName << 1234 << true << false << QSize(longWidth + 30 + font.horizontalAdvance("1234"), 22);
+        QTest::newRow("enlarged") << longName << 3 << false << true << QSize(longWidth + 26, 26);
+        QTest::newRow("enlarged at the minimum") << "i" << 3 << false << true << QSize(50, 26);
+        QTest::newRow("chip without a name") << QString() << 99999 << true << false << QSize(82, 22);
+        QTest::newRow("enlarged chip without a name") << QString() << 99999 << true << true << QSize(88, 26);
     }
-    // More characters than are looked at one by one.
-    constexpr ushort step = 7;
-    for (ushort unit = 0x4E00; unit < 0xD7A0; unit += step) {
-        const QString name = QString(QChar(unit)) + QChar(unit + 1);
-        QVERIFY2(metrics.textWidth(name) == font.horizontalAdvance(name), qPrintable(name));
+
+    void chipSizes()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, fileCount);
+        QFETCH(bool, count);
+        QFETCH(bool, enlarged);
+        QFETCH(QSize, size);
+        QCOMPARE(ChipMetrics::shared().chipSize(name, fileCount, {count, enlarged}), size);
     }
-    QCOMPARE(metrics.textWidth({}), 0);
-    QCOMPARE(metrics.textWidth(QString(2000, 'x')), font.horizontalAdvance(QString(2000, 'x')));
-}
-
-void ChipGeometryTest::chipSizes_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("fileCount");
-    QTest::addColumn<bool>("count");
-    QTest::addColumn<bool>("enlarged");
-    QTest::addColumn<QSize>("size");
-    const QFontMetrics font(ChipMetrics::chipFont());
-    const QString longName(60, 'w');
-    const int longWidth = font.horizontalAdvance(longName);
-    QTest::newRow("short name has the minimum width") << "i" << 0 << false << false << QSize(44, 22);
-    QTest::newRow("minimum holds with a count, too") << "i" << 1 << true << false << QSize(44, 22);
-    QTest::newRow("long name") << longName << 3 << false << false << QSize(longWidth + 20, 22);
-    QTest::newRow("long name and count") << longName << 1234 << true << false
-                                         << QSize(longWidth + 30 + font.horizontalAdvance("1234"), 22);
-    QTest::newRow("enlarged") << longName << 3 << false << true << QSize(longWidth + 26, 26);
-    QTest::newRow("enlarged at the minimum") << "i" << 3 << false << true << QSize(50, 26);
-    QTest::newRow("chip without a name") << QString() << 99999 << true << false << QSize(82, 22);
-    QTest::newRow("enlarged chip without a name") << QString() << 99999 << true << true << QSize(88, 26);
-}
-
-void ChipGeometryTest::chipSizes()
-{
-    QFETCH(QString, name);
-    QFETCH(int, fileCount);
-    QFETCH(bool, count);
-    QFETCH(bool, enlarged);
-    QFETCH(QSize, size);
-    QCOMPARE(ChipMetrics::shared().chipSize(name, fileCount, {count, enlarged}), size);
-}
+};
 
 QTEST_MAIN(ChipGeometryTest)
 #include "tst_chipgeometry.moc"

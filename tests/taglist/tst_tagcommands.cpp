@@ -102,106 +102,99 @@ class TagCommandsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void commandsAreLoggedAndTracked();
-    void dialogKeepsItsTag();
-    void deleteAsksFirst();
-    void detachingIsRefused();
-    void manyCategoriesLeaveTheListAsItIs();
-    void categoriesAddedAfterARemovalCanBeReached();
-};
-
-void TagCommandsTest::commandsAreLoggedAndTracked()
-{
-    InstalledHost host({"apple"});
-    host.addGroups({"first", "second & last"});
-    WindowUser user;
-    MessageCatcher log;
-    for (const Command& command : commands) {
-        QStringList expected = QStringList{command.logged, "-"} + command.tracked;
-        if (!command.failure.isEmpty()) {
-            host.refuseWith(5, "disk full");
-            const QStringList chips = user.chips();
-            const QStringList refused = toldBy(command, user, log);
-            QCOMPARE(user.chips(), chips);
-            QVERIFY2(refused.mid(0, 2) == QStringList({command.logged, command.failure + " \"disk full\""}),
-                     qPrintable(refused.join('\n')));
-            user.closeDialog();
-            host.refuseWith(0, {});
+    void commandsAreLoggedAndTracked()
+    {
+        InstalledHost host({"apple"});
+        host.addGroups({"first", "second & last"});
+        WindowUser user;
+        MessageCatcher log;
+        for (const Command& command : commands) {
+            QStringList expected = QStringList{command.logged, "-"} + command.tracked;
+            if (!command.failure.isEmpty()) {
+                host.refuseWith(5, "disk full");
+                const QStringList chips = user.chips();
+                const QStringList refused = toldBy(command, user, log);
+                QCOMPARE(user.chips(), chips);
+                QVERIFY2(refused.mid(0, 2) == QStringList({command.logged, command.failure + " \"disk full\""}),
+                         qPrintable(refused.join('\n')));
+                user.closeDialog();
+                host.refuseWith(0, {});
+            }
+            QCOMPARE(toldBy(command, user, log), expected);
         }
-        QCOMPARE(toldBy(command, user, log), expected);
     }
-}
 
-void TagCommandsTest::dialogKeepsItsTag()
-{
-    const InstalledHost host({"apple", "bee"});
-    WindowUser user;
-    WindowUser::choose(user.openTagMenu("apple"), "Rename Tag");
-    QCOMPARE(user.dialog()->lineEdit()->text(), QStringLiteral("apple"));
-    user.list()->slotPopMenu(2, "bee");
-    user.enterName("cherry");
-    QTRY_COMPARE(gestures::shownChips(user.list()), QStringList({"B: bee", "C: cherry"}));
-}
+    void dialogKeepsItsTag()
+    {
+        const InstalledHost host({"apple", "bee"});
+        WindowUser user;
+        WindowUser::choose(user.openTagMenu("apple"), "Rename Tag");
+        QCOMPARE(user.dialog()->lineEdit()->text(), QStringLiteral("apple"));
+        user.list()->slotPopMenu(2, "bee");
+        user.enterName("cherry");
+        QTRY_COMPARE(gestures::shownChips(user.list()), QStringList({"B: bee", "C: cherry"}));
+    }
 
-void TagCommandsTest::deleteAsksFirst()
-{
-    InstalledHost host({"apple"});
-    host.setFileCount(1, 12);
-    WindowUser user;
-    user.list()->slotDelTag(1);
-    const auto* body = user.box()->findChild<QLabel*>("lab_context");
-    QVERIFY(body->text().contains("> 12 </font>files，Are you sure"));
-    user.answerBox(false);
-    QTRY_VERIFY(!user.box());
-    QVERIFY(host.requests().isEmpty());
-    // Neither a tag nor a colour of which nobody knows does anything.
-    emit user.list()->findChild<VLTagColorAction*>()->signalColorClicked(-1);
-    user.list()->slotDelTag(99);
-    QVERIFY(!user.box());
-}
+    void deleteAsksFirst()
+    {
+        InstalledHost host({"apple"});
+        host.setFileCount(1, 12);
+        WindowUser user;
+        user.list()->slotDelTag(1);
+        const auto* body = user.box()->findChild<QLabel*>("lab_context");
+        QVERIFY(body->text().contains("> 12 </font>files，Are you sure"));
+        user.answerBox(false);
+        QTRY_VERIFY(!user.box());
+        QVERIFY(host.requests().isEmpty());
+        // Neither a tag nor a colour of which nobody knows does anything.
+        emit user.list()->findChild<VLTagColorAction*>()->signalColorClicked(-1);
+        user.list()->slotDelTag(99);
+        QVERIFY(!user.box());
+    }
 
-void TagCommandsTest::detachingIsRefused()
-{
-    InstalledHost host({"apple"});
-    host.refuseWith(5, "disk full");
-    WindowUser user;
-    MessageCatcher log;
-    user.list()->slotDetachTag(1);
-    settle();
-    QCOMPARE(log.take(), QStringList("VLTagGroupListView::slotDelTag failed. Message: \"disk full\""));
-}
+    void detachingIsRefused()
+    {
+        InstalledHost host({"apple"});
+        host.refuseWith(5, "disk full");
+        WindowUser user;
+        MessageCatcher log;
+        user.list()->slotDetachTag(1);
+        settle();
+        QCOMPARE(log.take(), QStringList("VLTagGroupListView::slotDelTag failed. Message: \"disk full\""));
+    }
 
-void TagCommandsTest::manyCategoriesLeaveTheListAsItIs()
-{
-    InstalledHost host({"apple"});
-    host.addGroups(QString("1 2 3 4 5 6 7 8 9 10 11 12").split(' '));
-    WindowUser user;
-    QVERIFY(user.openTagMenu("apple"));
-    QCOMPARE(user.list()->findChild<VLGroupListMenu*>()->size(), QSize(168, 230));
-    QCOMPARE(user.list()->findChild<QMenu*>("tag_manager_menu")->height(), 230);
-}
+    void manyCategoriesLeaveTheListAsItIs()
+    {
+        InstalledHost host({"apple"});
+        host.addGroups(QString("1 2 3 4 5 6 7 8 9 10 11 12").split(' '));
+        WindowUser user;
+        QVERIFY(user.openTagMenu("apple"));
+        QCOMPARE(user.list()->findChild<VLGroupListMenu*>()->size(), QSize(168, 230));
+        QCOMPARE(user.list()->findChild<QMenu*>("tag_manager_menu")->height(), 230);
+    }
 
-void TagCommandsTest::categoriesAddedAfterARemovalCanBeReached()
-{
-    InstalledHost host({"apple"});
-    const QVector<qint64> groups = host.addGroups({"a", "b"});
-    WindowUser user;
-    auto* choices = user.list()->findChild<VLGroupListMenu*>();
-    host.removeGroup(groups[0]);
-    QCOMPARE(choices->height(), 30);
-    for (int i = 0; i < 12; ++i)
-        host.addGroup(QString::number(i));
-    QCOMPARE(user.openTagMenu("apple")->width(), 204);
-    auto* menu = user.list()->findChild<QMenu*>("tag_manager_menu");
-    QCOMPARE(choices->height(), 300);
-    QCOMPARE(menu->size(), QSize(168, 230));
-    menu->popup(QPoint(0, 0));
-    choices->scrollToBottom();
-    const QRect last = choices->visualItemRect(choices->item(12));
-    QVERIFY(choices->viewport()->mapTo(menu, last.bottomLeft()).y() < 230);
-    QVERIFY(user.chooseGroup("11"));
-    QVERIFY(!QApplication::activePopupWidget());
-}
+    void categoriesAddedAfterARemovalCanBeReached()
+    {
+        InstalledHost host({"apple"});
+        const QVector<qint64> groups = host.addGroups({"a", "b"});
+        WindowUser user;
+        auto* choices = user.list()->findChild<VLGroupListMenu*>();
+        host.removeGroup(groups[0]);
+        QCOMPARE(choices->height(), 30);
+        for (int i = 0; i < 12; ++i)
+            host.addGroup(QString::number(i));
+        QCOMPARE(user.openTagMenu("apple")->width(), 204);
+        auto* menu = user.list()->findChild<QMenu*>("tag_manager_menu");
+        QCOMPARE(choices->height(), 300);
+        QCOMPARE(menu->size(), QSize(168, 230));
+        menu->popup(QPoint(0, 0));
+        choices->scrollToBottom();
+        const QRect last = choices->visualItemRect(choices->item(12));
+        QVERIFY(choices->viewport()->mapTo(menu, last.bottomLeft()).y() < 230);
+        QVERIFY(user.chooseGroup("11"));
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+};
 
 QTEST_MAIN(TagCommandsTest)
 #include "tst_tagcommands.moc"

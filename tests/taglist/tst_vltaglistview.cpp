@@ -81,118 +81,113 @@ class TagListViewTest : public QObject
 
 private slots:
     void initTestCase() { registerTagItemMetaType(); }
-    void rowsHoldTheWholeRecord();
-    void heightFollowsTheChips();
-    void renamedTagsMoveOrLeave();
-    void resultsStandByClosenessThenByCodeUnit();
-    void chipsTakeRightAndDoubleClicks();
-};
 
-void TagListViewTest::rowsHoldTheWholeRecord()
-{
-    Section section({"apple"});
-    section.host.setFileCount(section.ids[0], 7);
-    const QModelIndex index = section.view.model()->index(0, 0);
-    const QVariant value = index.data(Qt::UserRole);
-    QCOMPARE(value.typeName(), "TagItem");
-    const auto tag = value.value<TagItem>();
-    QCOMPARE(tag.id, section.ids[0]);
-    QCOMPARE(tag.name, QStringLiteral("apple"));
-    QCOMPARE(tag.fileCount, 7);
-    QCOMPARE(tag.color, QColor(0x4a5568));
-    QVERIFY(tag.provider);
-    QVERIFY(index.flags() & Qt::ItemIsDragEnabled);
-    for (const int role : {int(Qt::DisplayRole), int(Qt::DecorationRole), Qt::UserRole + 1})
-        QVERIFY(!index.data(role).isValid());
-}
-
-void TagListViewTest::heightFollowsTheChips()
-{
-    Section section({"a1", "a2"});
-    QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
-    const int oneLine = section.view.height();
-    QVector<qint64> more;
-    for (int i = 0; i < 30; ++i)
-        more.append(section.host.addTag("a long name " + QString::number(i)));
-    QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
-    QVERIFY(section.view.height() > 3 * oneLine);
-    section.view.resize(1200, section.view.height());
-    QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
-    section.host.removeTags(more);
-    QTRY_COMPARE(section.view.height(), oneLine);
-    QSignalSpy empty(&section.view, &VLTagListView::signalEmpty);
-    section.view.slotDelItem(section.ids[0]);
-    QCOMPARE(empty.count(), 0);
-    section.view.slotDelItem(section.ids[1]);
-    QCOMPARE(empty.count(), 1);
-    QTRY_COMPARE(section.view.height(), 14 + 15);
-}
-
-void TagListViewTest::renamedTagsMoveOrLeave()
-{
-    Section section({"a1", "a2", "a3", "a4", "a5"});
-    QSignalSpy noMatch(&section.view, &VLTagListView::signalCharNoMatch);
-    section.host.renameTag(section.ids[0], "az is a much longer name than before");
-    section.host.renameTag(section.ids[4], "a");
-    QCOMPARE(names(section.view), QStringList({"a", "a2", "a3", "a4", "az is a much longer name than before"}));
-    QVERIFY(!chipsOverlap(section.view));
-    QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
-    QCOMPARE(noMatch.count(), 0);
-    section.host.renameTag(section.ids[1], "banana");
-    QCOMPARE(noMatch.count(), 1);
-    QCOMPARE(noMatch[0][0].value<QVector<qint64>>(), QVector<qint64>{section.ids[1]});
-    QCOMPARE(names(section.view).constFirst(), QStringLiteral("a"));
-    QCOMPARE(names(section.view).size(), 4);
-}
-
-void TagListViewTest::resultsStandByClosenessThenByCodeUnit()
-{
-    // Units of one, two and three bytes in UTF-8, halves of emoji, and units that sort behind them.
-    const auto units = QString::fromUtf8("aab\u007F\u0080é\u07FF\u0800\u4700\u4800中\uE000\uFFFD😀");
-    QRandomGenerator random(5);
-    QStringList tagNames{QStringLiteral("ab")};
-    for (int i = 0; i < 3000; ++i) {
-        QString name = i % 2 == 0 ? QStringLiteral("abababababab") : QString();
-        for (int length = random.bounded(1, 7); length > 0; --length)
-            name.append(units.at(random.bounded(units.size())));
-        tagNames.append(name);
+    void rowsHoldTheWholeRecord()
+    {
+        Section section({"apple"});
+        section.host.setFileCount(section.ids[0], 7);
+        const QModelIndex index = section.view.model()->index(0, 0);
+        const QVariant value = index.data(Qt::UserRole);
+        QCOMPARE(value.typeName(), "TagItem");
+        const auto tag = value.value<TagItem>();
+        QCOMPARE(tag.id, section.ids[0]);
+        QCOMPARE(tag.name, QStringLiteral("apple"));
+        QCOMPARE(tag.fileCount, 7);
+        QCOMPARE(tag.color, QColor(0x4a5568));
+        QVERIFY(tag.provider);
+        QVERIFY(index.flags() & Qt::ItemIsDragEnabled);
+        for (const int role : {int(Qt::DisplayRole), int(Qt::DecorationRole), Qt::UserRole + 1})
+            QVERIFY(!index.data(role).isValid());
     }
-    InstalledHost host;
-    VLTagListView view({}, nullptr);
-    view.setSearchText(QStringLiteral("ab"));
-    view.addTags(itemsOf(host, host.addTags(tagNames)));
-    const auto rank = [](const QString& name) { return name == "ab" ? 0 : name.startsWith("ab") ? 1 : 2; };
-    std::sort(tagNames.begin(), tagNames.end(), [&rank](const QString& left, const QString& right) {
-        return std::make_pair(rank(left), left) < std::make_pair(rank(right), right);
-    });
-    QCOMPARE(names(view), tagNames);
-}
 
-void TagListViewTest::chipsTakeRightAndDoubleClicks()
-{
-    Section section({"apple", "axe"});
-    QSignalSpy menu(&section.view, &VLTagListView::signPopMenu);
-    const QPoint axe = section.view.visualRect(section.view.model()->index(1, 0)).center();
-    QTest::mouseClick(section.view.viewport(), Qt::LeftButton, {}, axe);
-    QTest::mouseClick(section.view.viewport(), Qt::RightButton, {}, {390, 5});
-    QCOMPARE(menu.count(), 0);
-    QTest::mouseClick(section.view.viewport(), Qt::RightButton, {}, axe);
-    QCOMPARE(menu.count(), 1);
-    QCOMPARE(menu[0], QVariantList({section.ids[1], QStringLiteral("axe")}));
-    section.view.setMenuEnabled(false);
-    QTest::mouseClick(section.view.viewport(), Qt::RightButton, {}, axe);
-    QCOMPARE(menu.count(), 1);
+    void heightFollowsTheChips()
+    {
+        Section section({"a1", "a2"});
+        QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
+        const int oneLine = section.view.height();
+        QVector<qint64> more;
+        for (int i = 0; i < 30; ++i)
+            more.append(section.host.addTag("a long name " + QString::number(i)));
+        QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
+        QVERIFY(section.view.height() > 3 * oneLine);
+        section.view.resize(1200, section.view.height());
+        QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
+        section.host.removeTags(more);
+        QTRY_COMPARE(section.view.height(), oneLine);
+        QSignalSpy empty(&section.view, &VLTagListView::signalEmpty);
+        section.view.slotDelItem(section.ids[0]);
+        QCOMPARE(empty.count(), 0);
+        section.view.slotDelItem(section.ids[1]);
+        QCOMPARE(empty.count(), 1);
+        QTRY_COMPARE(section.view.height(), 14 + 15);
+    }
 
-    QSignalSpy files(&section.view, &VLTagListView::signCheckTagLinkFile);
-    QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
-    QTest::mouseDClick(section.view.viewport(), Qt::RightButton, {}, axe);
-    QTest::mouseDClick(section.view.viewport(), Qt::LeftButton, {}, {390, 5});
-    QCOMPARE(files.count(), 0);
-    QTest::mouseDClick(section.view.viewport(), Qt::LeftButton, {}, axe);
-    QCOMPARE(files.count(), 1);
-    QCOMPARE(tracked.count(), 1);
-    QCOMPARE(tracked[0], QVariantList({QStringLiteral("SendLabelJoin"), QVariant(QVariantList{1})}));
-}
+    void renamedTagsMoveOrLeave()
+    {
+        Section section({"a1", "a2", "a3", "a4", "a5"});
+        QSignalSpy noMatch(&section.view, &VLTagListView::signalCharNoMatch);
+        section.host.renameTag(section.ids[0], "az is a much longer name than before");
+        section.host.renameTag(section.ids[4], "a");
+        QCOMPARE(names(section.view), QStringList({"a", "a2", "a3", "a4", "az is a much longer name than before"}));
+        QVERIFY(!chipsOverlap(section.view));
+        QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
+        QCOMPARE(noMatch.count(), 0);
+        section.host.renameTag(section.ids[1], "banana");
+        QCOMPARE(noMatch.count(), 1);
+        QCOMPARE(noMatch[0][0].value<QVector<qint64>>(), QVector<qint64>{section.ids[1]});
+        QCOMPARE(names(section.view).constFirst(), QStringLiteral("a"));
+        QCOMPARE(names(section.view).size(), 4);
+    }
+
+    void resultsStandByClosenessThenByCodeUnit()
+    {
+        // Units of one, two and three bytes in UTF-8, halves of emoji, and units that sort behind them.
+        const auto units = QString::fromUtf8("aab\u007F\u0080é\u07FF\u0800\u4700\u4800中\uE000\uFFFD😀");
+        QRandomGenerator random(5);
+        QStringList tagNames{QStringLiteral("ab")};
+        for (int i = 0; i < 3000; ++i) {
+            QString name = i % 2 == 0 ? QStringLiteral("abababababab") : QString();
+            for (int length = random.bounded(1, 7); length > 0; --length)
+                name.append(units.at(random.bounded(units.size())));
+            tagNames.append(name);
+        }
+        InstalledHost host;
+        VLTagListView view({}, nullptr);
+        view.setSearchText(QStringLiteral("ab"));
+        view.addTags(itemsOf(host, host.addTags(tagNames)));
+        const auto rank = [](const QString& name) { return name == "ab" ? 0 : name.startsWith("ab") ? 1 : 2; };
+        std::sort(tagNames.begin(), tagNames.end(), [&rank](const QString& left, const QString& right) {
+            return std::make_pair(rank(left), left) < std::make_pair(rank(right), right);
+        });
+        QCOMPARE(names(view), tagNames);
+    }
+
+    void chipsTakeRightAndDoubleClicks()
+    {
+        Section section({"apple", "axe"});
+        QSignalSpy menu(&section.view, &VLTagListView::signPopMenu);
+        const QPoint axe = section.view.visualRect(section.view.model()->index(1, 0)).center();
+        QTest::mouseClick(section.view.viewport(), Qt::LeftButton, {}, axe);
+        QTest::mouseClick(section.view.viewport(), Qt::RightButton, {}, {390, 5});
+        QCOMPARE(menu.count(), 0);
+        QTest::mouseClick(section.view.viewport(), Qt::RightButton, {}, axe);
+        QCOMPARE(menu.count(), 1);
+        QCOMPARE(menu[0], QVariantList({section.ids[1], QStringLiteral("axe")}));
+        section.view.setMenuEnabled(false);
+        QTest::mouseClick(section.view.viewport(), Qt::RightButton, {}, axe);
+        QCOMPARE(menu.count(), 1);
+
+        QSignalSpy files(&section.view, &VLTagListView::signCheckTagLinkFile);
+        QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);
+        QTest::mouseDClick(section.view.viewport(), Qt::RightButton, {}, axe);
+        QTest::mouseDClick(section.view.viewport(), Qt::LeftButton, {}, {390, 5});
+        QCOMPARE(files.count(), 0);
+        QTest::mouseDClick(section.view.viewport(), Qt::LeftButton, {}, axe);
+        QCOMPARE(files.count(), 1);
+        QCOMPARE(tracked.count(), 1);
+        QCOMPARE(tracked[0], QVariantList({QStringLiteral("SendLabelJoin"), QVariant(QVariantList{1})}));
+    }
+};
 
 QTEST_MAIN(TagListViewTest)
 #include "tst_vltaglistview.moc"

@@ -34,38 +34,36 @@ class TestLineEdit : public QObject
     Q_OBJECT
 
 private slots:
-    void restylesWithTheFocus();
+    void restylesWithTheFocus()
+    {
+        QWidget window;
+        auto* layout = new QVBoxLayout(&window);
+        auto* plain = new VLLineEdit;
+        auto* search = new VLTagSearchLineEdit;
+        search->focusChanged(false);
+        layout->addWidget(plain);
+        layout->addWidget(search);
+        const QString padding = QStringLiteral("padding-left: 28px;");
+        const QString center = QStringLiteral("AlignHCenter");
+        const QString left = QStringLiteral("AlignLeft");
+        QCOMPARE(plain->styleSheet(), style(center, false));
+        QCOMPARE(search->styleSheet(), padding + style(left, false));
+
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTest::mouseClick(search, Qt::LeftButton);
+        QCOMPARE(search->styleSheet(), padding + style(left, true));
+        QTest::mouseClick(plain, Qt::LeftButton);
+        QCOMPARE(search->styleSheet(), padding + style(left, false));
+        QCOMPARE(plain->styleSheet(), style(center, true));
+        QCOMPARE(plain->alignment(), Qt::AlignHCenter);
+        QCOMPARE(search->alignment(), Qt::AlignLeft);
+        QCOMPARE(plain->contextMenuPolicy(), Qt::NoContextMenu);
+        // A style sheet resets the palette.
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
+            QCOMPARE(plain->palette().color(group, QPalette::PlaceholderText), QColor(162, 171, 195, 255));
+    }
 };
-
-void TestLineEdit::restylesWithTheFocus()
-{
-    QWidget window;
-    auto* layout = new QVBoxLayout(&window);
-    auto* plain = new VLLineEdit;
-    auto* search = new VLTagSearchLineEdit;
-    search->focusChanged(false);
-    layout->addWidget(plain);
-    layout->addWidget(search);
-    const QString padding = QStringLiteral("padding-left: 28px;");
-    const QString center = QStringLiteral("AlignHCenter");
-    const QString left = QStringLiteral("AlignLeft");
-    QCOMPARE(plain->styleSheet(), style(center, false));
-    QCOMPARE(search->styleSheet(), padding + style(left, false));
-
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    QTest::mouseClick(search, Qt::LeftButton);
-    QCOMPARE(search->styleSheet(), padding + style(left, true));
-    QTest::mouseClick(plain, Qt::LeftButton);
-    QCOMPARE(search->styleSheet(), padding + style(left, false));
-    QCOMPARE(plain->styleSheet(), style(center, true));
-    QCOMPARE(plain->alignment(), Qt::AlignHCenter);
-    QCOMPARE(search->alignment(), Qt::AlignLeft);
-    QCOMPARE(plain->contextMenuPolicy(), Qt::NoContextMenu);
-    // A style sheet resets the palette.
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled})
-        QCOMPARE(plain->palette().color(group, QPalette::PlaceholderText), QColor(162, 171, 195, 255));
-}
 
 QTEST_MAIN(TestLineEdit)
 #include "tst_vllineedit.moc"

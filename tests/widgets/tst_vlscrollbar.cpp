@@ -49,83 +49,78 @@ class TestScrollBar : public QObject
     Q_OBJECT
 
 private slots:
-    void barAndAreaMoveEachOther();
-    void fadesInAndOut();
-    void widensUnderThePointer();
-    void survivesTheArea();
-};
+    void barAndAreaMoveEachOther()
+    {
+        OverlaidArea overlaid(1000);
+        QTRY_COMPARE(overlaid.bar->maximum(), 800);
+        overlaid.bar->setValue(300);
+        QCOMPARE(overlaid.area.verticalScrollBar()->value(), 300);
+        overlaid.area.verticalScrollBar()->setValue(70);
+        QCOMPARE(overlaid.bar->value(), 70);
+        QCOMPARE(overlaid.area.verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QVERIFY(overlaid.bar->styleSheet().contains(VLSkinSetting::GetInstance()->GetTreeScrollHandleColor().name()));
 
-void TestScrollBar::barAndAreaMoveEachOther()
-{
-    OverlaidArea overlaid(1000);
-    QTRY_COMPARE(overlaid.bar->maximum(), 800);
-    overlaid.bar->setValue(300);
-    QCOMPARE(overlaid.area.verticalScrollBar()->value(), 300);
-    overlaid.area.verticalScrollBar()->setValue(70);
-    QCOMPARE(overlaid.bar->value(), 70);
-    QCOMPARE(overlaid.area.verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-    QVERIFY(overlaid.bar->styleSheet().contains(VLSkinSetting::GetInstance()->GetTreeScrollHandleColor().name()));
-
-    VLScrollBar late(&overlaid.area);
-    late.setUp(&overlaid.area, 0, 0);
-    QVERIFY(late.isHidden());
-    QCOMPARE(late.maximum(), 800);
-    QCOMPARE(late.value(), 70);
-    QCOMPARE(late.geometry(), restingPlace);
-    late.slot_rangeChanged(7, 51);
-    QCOMPARE(late.minimum(), 0);
-    QCOMPARE(late.maximum(), 51);
-}
-
-void TestScrollBar::fadesInAndOut()
-{
-    OverlaidArea overlaid(1000);
-    QTRY_COMPARE(overlaid.bar->maximum(), 800);
-    send(&overlaid.area, QEvent::Enter);
-    QVERIFY(overlaid.bar->isVisible());
-    QTRY_COMPARE(overlaid.opacity(), 0.6);
-    send(&overlaid.area, QEvent::Leave);
-    QVERIFY(overlaid.bar->isVisible());
-    QTRY_VERIFY(overlaid.bar->isHidden());
-    for (const auto type : {QEvent::Enter, QEvent::Leave, QEvent::Enter})
-        send(&overlaid.area, type);
-    QTRY_COMPARE(overlaid.opacity(), 0.6);
-    QVERIFY2(overlaid.bar->isVisible(), "the pointer came back");
-}
-
-void TestScrollBar::widensUnderThePointer()
-{
-    OverlaidArea overlaid(1000);
-    send(overlaid.bar, QEvent::Enter);
-    QTRY_COMPARE(overlaid.bar->geometry(), QRect(300 - 12, 1, 8, 198));
-    QTRY_COMPARE(overlaid.opacity(), 1.0);
-    // Interrupted ones do not make it drift.
-    for (int i = 0; i < 20; ++i) {
-        send(overlaid.bar, QEvent::Leave);
-        send(overlaid.bar, QEvent::Enter);
+        VLScrollBar late(&overlaid.area);
+        late.setUp(&overlaid.area, 0, 0);
+        QVERIFY(late.isHidden());
+        QCOMPARE(late.maximum(), 800);
+        QCOMPARE(late.value(), 70);
+        QCOMPARE(late.geometry(), restingPlace);
+        late.slot_rangeChanged(7, 51);
+        QCOMPARE(late.minimum(), 0);
+        QCOMPARE(late.maximum(), 51);
     }
-    send(overlaid.bar, QEvent::Leave);
-    QTRY_COMPARE(overlaid.bar->geometry(), restingPlace);
-    QTRY_COMPARE(overlaid.opacity(), 0.6);
-}
 
-void TestScrollBar::survivesTheArea()
-{
-    QWidget page;
-    auto area = std::make_unique<QScrollArea>(&page);
-    auto* bar = new VLScrollBar(&page);
-    bar->setUp(area.get(), 0, 0);
-    bar->setRange(0, 100);
-    page.show();
-    send(area.get(), QEvent::Enter);
-    area.reset();
-    bar->setValue(40);
-    bar->slot_rangeChanged(0, 60);
-    send(bar, QEvent::Enter);
-    bar->place();
-    QTRY_COMPARE(qobject_cast<QGraphicsOpacityEffect*>(bar->graphicsEffect())->opacity(), 0.6);
-    QCOMPARE(bar->maximum(), 60);
-}
+    void fadesInAndOut()
+    {
+        OverlaidArea overlaid(1000);
+        QTRY_COMPARE(overlaid.bar->maximum(), 800);
+        send(&overlaid.area, QEvent::Enter);
+        QVERIFY(overlaid.bar->isVisible());
+        QTRY_COMPARE(overlaid.opacity(), 0.6);
+        send(&overlaid.area, QEvent::Leave);
+        QVERIFY(overlaid.bar->isVisible());
+        QTRY_VERIFY(overlaid.bar->isHidden());
+        for (const auto type : {QEvent::Enter, QEvent::Leave, QEvent::Enter})
+            send(&overlaid.area, type);
+        QTRY_COMPARE(overlaid.opacity(), 0.6);
+        QVERIFY2(overlaid.bar->isVisible(), "the pointer came back");
+    }
+
+    void widensUnderThePointer()
+    {
+        OverlaidArea overlaid(1000);
+        send(overlaid.bar, QEvent::Enter);
+        QTRY_COMPARE(overlaid.bar->geometry(), QRect(300 - 12, 1, 8, 198));
+        QTRY_COMPARE(overlaid.opacity(), 1.0);
+        // Interrupted ones do not make it drift.
+        for (int i = 0; i < 20; ++i) {
+            send(overlaid.bar, QEvent::Leave);
+            send(overlaid.bar, QEvent::Enter);
+        }
+        send(overlaid.bar, QEvent::Leave);
+        QTRY_COMPARE(overlaid.bar->geometry(), restingPlace);
+        QTRY_COMPARE(overlaid.opacity(), 0.6);
+    }
+
+    void survivesTheArea()
+    {
+        QWidget page;
+        auto area = std::make_unique<QScrollArea>(&page);
+        auto* bar = new VLScrollBar(&page);
+        bar->setUp(area.get(), 0, 0);
+        bar->setRange(0, 100);
+        page.show();
+        send(area.get(), QEvent::Enter);
+        area.reset();
+        bar->setValue(40);
+        bar->slot_rangeChanged(0, 60);
+        send(bar, QEvent::Enter);
+        bar->place();
+        QTRY_COMPARE(qobject_cast<QGraphicsOpacityEffect*>(bar->graphicsEffect())->opacity(), 0.6);
+        QCOMPARE(bar->maximum(), 60);
+    }
+};
 
 QTEST_MAIN(TestScrollBar)
 #include "tst_vlscrollbar.moc"

@@ -12,73 +12,64 @@ class TestSvgWidget : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup();
-    void rendersAtTheScreensScale();
-    void brokenImagesPaintNothing();
+    void cleanup() { VLSkinSetting::GetInstance()->SetDpi(1.0); }
+
+    void rendersAtTheScreensScale()
+    {
+        for (const double scale : {1.0, 1.5, 2.0}) {
+            VLSkinSetting::GetInstance()->SetDpi(scale);
+            // The edge lies at the right of device pixel 2 at every scale, so that a rescaled pixmap would show a
+            // blurred one.
+            const QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'><rect width='" +
+                                   QByteArray::number(3.0 / scale, 'g', 17) + "' height='16' fill='#ff0000'/></svg>";
+            VLSvgWidget widget(write(svg));
+            widget.setFixedSize(16, 16);
+            const QImage image = paint(widget, scale);
+            const int middle = image.height() / 2;
+            QCOMPARE(image.pixelColor(2, middle), QColor(Qt::red));
+            QCOMPARE(image.pixelColor(3, middle).alpha(), 0);
+        }
+    }
+
+    void brokenImagesPaintNothing()
+    {
+        VLSvgWidget widget{QString()};
+        widget.setFixedSize(16, 16);
+        const auto corner = [&widget] { return paint(widget, 1.0).pixelColor(14, 14); };
+        const QByteArray whole = "<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'>"
+                                 "<rect width='4' height='4' fill='#00ff00'/></svg>";
+        widget.setIcon(write(whole));
+        QCOMPARE(corner(), QColor(Qt::green));
+        for (const QByteArray& content : {QByteArray(), QByteArray("not an image"), whole.left(40)}) {
+            widget.setIcon(write(content));
+            QCOMPARE(corner().alpha(), 0);
+        }
+        widget.setIcon(m_directory.filePath(QStringLiteral("missing.svg")));
+        QCOMPARE(corner().alpha(), 0);
+    }
 
 private:
-    QString write(const QByteArray& svg);
-    static QImage paint(VLSvgWidget& widget, double scale);
+    QString write(const QByteArray& svg)
+    {
+        QString path = m_directory.filePath(QStringLiteral("image.svg"));
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(svg) != svg.size())
+            return {};
+        return path;
+    }
+
+    static QImage paint(VLSvgWidget& widget, double scale)
+    {
+        QImage image(qRound(widget.width() * scale), qRound(widget.height() * scale),
+                     QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::transparent);
+        widget.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+        return image;
+    }
 
     QTemporaryDir m_directory;
 };
-
-void TestSvgWidget::cleanup()
-{
-    VLSkinSetting::GetInstance()->SetDpi(1.0);
-}
-
-QString TestSvgWidget::write(const QByteArray& svg)
-{
-    QString path = m_directory.filePath(QStringLiteral("image.svg"));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(svg) != svg.size())
-        return {};
-    return path;
-}
-
-QImage TestSvgWidget::paint(VLSvgWidget& widget, double scale)
-{
-    QImage image(qRound(widget.width() * scale), qRound(widget.height() * scale), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
-    widget.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    return image;
-}
-
-void TestSvgWidget::rendersAtTheScreensScale()
-{
-    for (const double scale : {1.0, 1.5, 2.0}) {
-        VLSkinSetting::GetInstance()->SetDpi(scale);
-        // The edge lies at the right of device pixel 2 at every scale, so that a rescaled pixmap would show a blurred
-        // one.
-        const QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg' width='16' height='16'><rect width='" +
-                               QByteArray::number(3.0 / scale, 'g', 17) + "' height='16' fill='#ff0000'/></svg>";
-        VLSvgWidget widget(write(svg));
-        widget.setFixedSize(16, 16);
-        const QImage image = paint(widget, scale);
-        const int middle = image.height() / 2;
-        QCOMPARE(image.pixelColor(2, middle), QColor(Qt::red));
-        QCOMPARE(image.pixelColor(3, middle).alpha(), 0);
-    }
-}
-
-void TestSvgWidget::brokenImagesPaintNothing()
-{
-    VLSvgWidget widget{QString()};
-    widget.setFixedSize(16, 16);
-    const auto corner = [&widget] { return paint(widget, 1.0).pixelColor(14, 14); };
-    const QByteArray whole = "<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'>"
-                             "<rect width='4' height='4' fill='#00ff00'/></svg>";
-    widget.setIcon(write(whole));
-    QCOMPARE(corner(), QColor(Qt::green));
-    for (const QByteArray& content : {QByteArray(), QByteArray("not an image"), whole.left(40)}) {
-        widget.setIcon(write(content));
-        QCOMPARE(corner().alpha(), 0);
-    }
-    widget.setIcon(m_directory.filePath(QStringLiteral("missing.svg")));
-    QCOMPARE(corner().alpha(), 0);
-}
 
 QTEST_MAIN(TestSvgWidget)
 #include "tst_vlsvgwidget.moc"

@@ -80,71 +80,67 @@ class TestTallBoxLayout : public QObject
     Q_OBJECT
 
 private slots:
-    void placesAsTheToolkitsColumn();
-    void sharesRoomWithinLimits();
-    void followsItemsThatComeAndGo();
-};
-
-void TestTallBoxLayout::placesAsTheToolkitsColumn()
-{
-    for (quint32 seed = 1; seed <= 200; ++seed) {
-        QWidget expected;
-        QWidget actual;
-        fillColumn(new QVBoxLayout(&expected), seed);
-        fillColumn(new VLTallBoxLayout(&actual), seed);
-        QCOMPARE(actual.sizeHint(), expected.sizeHint());
-        QCOMPARE(actual.minimumSizeHint(), expected.minimumSizeHint());
-        for (QWidget* widget : {&expected, &actual}) {
-            widget->resize(180, 600);
-            widget->layout()->activate();
+    void placesAsTheToolkitsColumn()
+    {
+        for (quint32 seed = 1; seed <= 200; ++seed) {
+            QWidget expected;
+            QWidget actual;
+            fillColumn(new QVBoxLayout(&expected), seed);
+            fillColumn(new VLTallBoxLayout(&actual), seed);
+            QCOMPARE(actual.sizeHint(), expected.sizeHint());
+            QCOMPARE(actual.minimumSizeHint(), expected.minimumSizeHint());
+            for (QWidget* widget : {&expected, &actual}) {
+                widget->resize(180, 600);
+                widget->layout()->activate();
+            }
+            QVERIFY2(childRects(actual) == childRects(expected), qPrintable(QStringLiteral("seed %1").arg(seed)));
         }
-        QVERIFY2(childRects(actual) == childRects(expected), qPrintable(QStringLiteral("seed %1").arg(seed)));
     }
-}
 
-void TestTallBoxLayout::sharesRoomWithinLimits()
-{
-    QWidget column;
-    auto* layout = new VLTallBoxLayout(&column);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    QVector<QWidget*> widgets;
-    for (const int stretch : {1, 2, 1}) {
-        widgets.append(new QWidget);
-        layout->addWidget(widgets.last(), stretch);
+    void sharesRoomWithinLimits()
+    {
+        QWidget column;
+        auto* layout = new VLTallBoxLayout(&column);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        QVector<QWidget*> widgets;
+        for (const int stretch : {1, 2, 1}) {
+            widgets.append(new QWidget);
+            layout->addWidget(widgets.last(), stretch);
+        }
+        widgets.at(1)->setMaximumHeight(100);
+        column.resize(100, 700);
+        layout->activate();
+        QCOMPARE(widgets.at(0)->height(), 300);
+        QCOMPARE(widgets.at(1)->height(), 100);
+        QCOMPARE(widgets.at(2)->geometry(), QRect(0, 400, 100, 300));
+
+        // What can shrink gives the room that lacks.
+        widgets.at(1)->setFixedHeight(60);
+        widgets.at(2)->setFixedHeight(10);
+        column.resize(100, 90);
+        layout->activate();
+        QCOMPARE(widgets.at(0)->geometry(), QRect(0, 0, 100, 20));
+        QCOMPARE(widgets.at(2)->geometry(), QRect(0, 80, 100, 10));
     }
-    widgets.at(1)->setMaximumHeight(100);
-    column.resize(100, 700);
-    layout->activate();
-    QCOMPARE(widgets.at(0)->height(), 300);
-    QCOMPARE(widgets.at(1)->height(), 100);
-    QCOMPARE(widgets.at(2)->geometry(), QRect(0, 400, 100, 300));
 
-    // What can shrink gives the room that lacks.
-    widgets.at(1)->setFixedHeight(60);
-    widgets.at(2)->setFixedHeight(10);
-    column.resize(100, 90);
-    layout->activate();
-    QCOMPARE(widgets.at(0)->geometry(), QRect(0, 0, 100, 20));
-    QCOMPARE(widgets.at(2)->geometry(), QRect(0, 80, 100, 10));
-}
-
-void TestTallBoxLayout::followsItemsThatComeAndGo()
-{
-    QWidget column;
-    auto* layout = new VLTallBoxLayout(&column);
-    fillTall(layout, 3, 40);
-    column.resize(100, 400);
-    column.show();
-    QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 96);
-    layout->itemAt(1)->widget()->hide();
-    QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 56);
-    layout->itemAt(0)->widget()->setFixedHeight(10);
-    QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 26);
-    delete layout->itemAt(0)->widget();
-    QTRY_COMPARE(layout->itemAt(1)->geometry().top(), 16);
-    QCOMPARE(layout->sizeHint().height(), 56);
-}
+    void followsItemsThatComeAndGo()
+    {
+        QWidget column;
+        auto* layout = new VLTallBoxLayout(&column);
+        fillTall(layout, 3, 40);
+        column.resize(100, 400);
+        column.show();
+        QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 96);
+        layout->itemAt(1)->widget()->hide();
+        QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 56);
+        layout->itemAt(0)->widget()->setFixedHeight(10);
+        QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 26);
+        delete layout->itemAt(0)->widget();
+        QTRY_COMPARE(layout->itemAt(1)->geometry().top(), 16);
+        QCOMPARE(layout->sizeHint().height(), 56);
+    }
+};
 
 QTEST_MAIN(TestTallBoxLayout)
 #include "tst_vltallboxlayout.moc"
