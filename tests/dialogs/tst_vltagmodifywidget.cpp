@@ -12,6 +12,20 @@
 namespace {
 const QString kLongTag = QStringLiteral("a tag of 25 characters ab");
 const QString kLongGroup = QStringLiteral("a group of 25 characters!");
+
+QPushButton* confirmButton(const VLTagModifyWidget& dialog)
+{
+    for (auto* button : dialog.findChildren<QPushButton*>(QStringLiteral("tag_popup_btn"))) {
+        if (!button->isHidden())
+            return button;
+    }
+    return nullptr;
+}
+
+QLabel* tip(const VLTagModifyWidget& dialog)
+{
+    return dialog.findChild<QLabel*>(QStringLiteral("tag_popup_tip"));
+}
 }  // namespace
 
 class TestVLTagModifyWidget : public QObject
@@ -135,20 +149,6 @@ private slots:
 private:
     QScopedPointer<MemoryHost> m_host;
 };
-
-static QPushButton* confirmButton(const VLTagModifyWidget& dialog)
-{
-    for (auto* button : dialog.findChildren<QPushButton*>(QStringLiteral("tag_popup_btn"))) {
-        if (!button->isHidden())
-            return button;
-    }
-    return nullptr;
-}
-
-static QLabel* tip(const VLTagModifyWidget& dialog)
-{
-    return dialog.findChild<QLabel*>(QStringLiteral("tag_popup_tip"));
-}
 
 QTEST_MAIN(TestVLTagModifyWidget)
 #include "tst_vltagmodifywidget.moc"

@@ -7,6 +7,25 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+namespace {
+
+/// Starts the program, kills it some milliseconds after its answers are \a atLeast and \a isReady, and counts them:
+/// the pipe holds what was said until the end.
+int answersUntilKilled(
+    const QStringList& arguments, int atLeast, int delay, const std::function<bool()>& isReady = [] { return true; })
+{
+    QProcess runner;
+    runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    runner.start(QStringLiteral(COMMAND_RUNNER), arguments);
+    const bool came = QTest::qWaitFor([&] { return runner.bytesAvailable() >= atLeast && isReady(); }, 20000);
+    const bool endedItself = runner.waitForFinished(delay);
+    runner.kill();
+    runner.waitForFinished();
+    return came && !endedItself ? runner.readAllStandardOutput().size() : -1;
+}
+
+}  // namespace
+
 /// A program killed at any moment leaves a library that holds every answered request and at most the one in flight.
 class TstLibraryKilled : public QObject
 {
@@ -55,21 +74,6 @@ private slots:
         }
     }
 };
-
-/// Starts the program, kills it some milliseconds after its answers are \a atLeast and \a isReady, and counts them:
-/// the pipe holds what was said until the end.
-static int answersUntilKilled(
-    const QStringList& arguments, int atLeast, int delay, const std::function<bool()>& isReady = [] { return true; })
-{
-    QProcess runner;
-    runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    runner.start(QStringLiteral(COMMAND_RUNNER), arguments);
-    const bool came = QTest::qWaitFor([&] { return runner.bytesAvailable() >= atLeast && isReady(); }, 20000);
-    const bool endedItself = runner.waitForFinished(delay);
-    runner.kill();
-    runner.waitForFinished();
-    return came && !endedItself ? runner.readAllStandardOutput().size() : -1;
-}
 
 QTEST_GUILESS_MAIN(TstLibraryKilled)
 

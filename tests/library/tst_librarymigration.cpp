@@ -64,76 +64,79 @@ class TstLibraryMigration : public QObject
     Q_OBJECT
 
 private slots:
-    void version1IsOpened()
-    {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath("old");
-        QVERIFY(makeVersion1(path));
-        LibraryFixture f(path);
-        QVERIFY(f.isOpen());
-        const QStringList expected = {R"(tag 1 "sea" color 3 files 2)",
-                                      QStringLiteral("tag 2 \"cafe\u0301\" color 0 files 0"),
-                                      QStringLiteral("tag 4 \"\u6c34\u58a8\u753b\" color 7 files 0"),
-                                      QString(QStringLiteral("tag 5 \"a") + QChar(0xd800) + "\" color 1 files 1"),
-                                      R"(tag 6 "'); DROP TABLE tags; --"" color 2 files 0)",
-                                      "category 0 \"Uncategorized\": 4 5 6",
-                                      "category 1 \"Favorite Tags\": 4",
-                                      "category 2 \"Places\": 1 2",
-                                      "category 4 \"empty\": "};
-        QCOMPARE(f.shown(), expected);
-        const auto states = LibraryReader::open(path)->fileStates({"/p/a.jpg", "/p/caf\xe9.jpg"});
-        QCOMPARE(states.value("/p/a.jpg").content, QByteArray("\1\2"));
-        QCOMPARE(states.value("/p/caf\xe9.jpg").sidecars, QByteArray("x.xmp"));
-        // Ids of tags that are gone stay unused, and the tables are those of a new library.
-        QVERIFY(f.createTags({"new"}));
-        QVERIFY(f.tag(10));
-        const QString schema = "SELECT sql FROM sqlite_master WHERE sql IS NOT NULL ORDER BY name";
-        QCOMPARE(LibraryFixture::rowsOf(path, {schema}), LibraryFixture::rowsOf(LibraryFixture().path(), {schema}));
-    }
-
-    void killedAtAnyMoment()
-    {
-        const QTemporaryDir folder;
-        const QString old = folder.filePath("old");
-        QVERIFY(makeVersion1(old) && multiply(old));
-        const QByteArray content = contentOf(old);
-        const int newest = testmigration::steps().size();
-        int duration = 0;  // Milliseconds that the whole way takes.
-        QRandomGenerator random(20240229);
-        QSet<int> found;
-        for (int round = 0; round <= 20; ++round) {
-            const QString path = folder.filePath(QString::number(round));
-            QVERIFY(QFile::copy(old, path));
-            QProcess runner;
-            runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-            runner.start(QStringLiteral(COMMAND_RUNNER), {path, "migrate"});
-            QTRY_VERIFY(runner.bytesAvailable() > 0);
-            QElapsedTimer timer;
-            timer.start();
-            // The first one is let through.
-            runner.waitForFinished(round == 0 ? 60000 : random.bounded(duration));
-            duration = round == 0 ? int(timer.elapsed()) + 1 : duration;
-            runner.kill();
-            runner.waitForFinished();
-
-            const int version = versionOf(path);
-            found.insert(version);
-            QVERIFY(version >= 1 && version <= newest);
-            QVERIFY(round > 0 || version == newest);
-            QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
-            QCOMPARE(contentOf(path), content);
-            LibraryDatabase database(path, LibraryDatabase::Access::ReadWrite);
-            libraryschema::migrate(database, testmigration::steps());
-            QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
-            QCOMPARE(contentOf(path), content);
-            const QString tags = " " + QString::number(5906);
-            QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT version || ' ' || tags FROM history"}),
-                     (QStringList{"2" + tags, "3" + tags, "4" + tags}));
-            QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
-        }
-        QVERIFY2(found.size() > 1, "No migration was interrupted");
-    }
+    void version1IsOpened();
+    void killedAtAnyMoment();
 };
+
+void TstLibraryMigration::version1IsOpened()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("old");
+    QVERIFY(makeVersion1(path));
+    LibraryFixture f(path);
+    QVERIFY(f.isOpen());
+    const QStringList expected = {R"(tag 1 "sea" color 3 files 2)",
+                                  QStringLiteral("tag 2 \"cafe\u0301\" color 0 files 0"),
+                                  QStringLiteral("tag 4 \"\u6c34\u58a8\u753b\" color 7 files 0"),
+                                  QString(QStringLiteral("tag 5 \"a") + QChar(0xd800) + "\" color 1 files 1"),
+                                  R"(tag 6 "'); DROP TABLE tags; --"" color 2 files 0)",
+                                  "category 0 \"Uncategorized\": 4 5 6",
+                                  "category 1 \"Favorite Tags\": 4",
+                                  "category 2 \"Places\": 1 2",
+                                  "category 4 \"empty\": "};
+    QCOMPARE(f.shown(), expected);
+    const auto states = LibraryReader::open(path)->fileStates({"/p/a.jpg", "/p/caf\xe9.jpg"});
+    QCOMPARE(states.value("/p/a.jpg").content, QByteArray("\1\2"));
+    QCOMPARE(states.value("/p/caf\xe9.jpg").sidecars, QByteArray("x.xmp"));
+    // Ids of tags that are gone stay unused, and the tables are those of a new library.
+    QVERIFY(f.createTags({"new"}));
+    QVERIFY(f.tag(10));
+    const QString schema = "SELECT sql FROM sqlite_master WHERE sql IS NOT NULL ORDER BY name";
+    QCOMPARE(LibraryFixture::rowsOf(path, {schema}), LibraryFixture::rowsOf(LibraryFixture().path(), {schema}));
+}
+
+void TstLibraryMigration::killedAtAnyMoment()
+{
+    const QTemporaryDir folder;
+    const QString old = folder.filePath("old");
+    QVERIFY(makeVersion1(old) && multiply(old));
+    const QByteArray content = contentOf(old);
+    const int newest = testmigration::steps().size();
+    int duration = 0;  // Milliseconds that the whole way takes.
+    QRandomGenerator random(20240229);
+    QSet<int> found;
+    for (int round = 0; round <= 20; ++round) {
+        const QString path = folder.filePath(QString::number(round));
+        QVERIFY(QFile::copy(old, path));
+        QProcess runner;
+        runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        runner.start(QStringLiteral(COMMAND_RUNNER), {path, "migrate"});
+        QTRY_VERIFY(runner.bytesAvailable() > 0);
+        QElapsedTimer timer;
+        timer.start();
+        // The first one is let through.
+        runner.waitForFinished(round == 0 ? 60000 : random.bounded(duration));
+        duration = round == 0 ? int(timer.elapsed()) + 1 : duration;
+        runner.kill();
+        runner.waitForFinished();
+
+        const int version = versionOf(path);
+        found.insert(version);
+        QVERIFY(version >= 1 && version <= newest);
+        QVERIFY(round > 0 || version == newest);
+        QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
+        QCOMPARE(contentOf(path), content);
+        LibraryDatabase database(path, LibraryDatabase::Access::ReadWrite);
+        libraryschema::migrate(database, testmigration::steps());
+        QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
+        QCOMPARE(contentOf(path), content);
+        const QString tags = " " + QString::number(5906);
+        QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT version || ' ' || tags FROM history"}),
+                 (QStringList{"2" + tags, "3" + tags, "4" + tags}));
+        QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
+    }
+    QVERIFY2(found.size() > 1, "No migration was interrupted");
+}
 
 QTEST_GUILESS_MAIN(TstLibraryMigration)
 

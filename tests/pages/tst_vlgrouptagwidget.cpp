@@ -148,18 +148,6 @@ private slots:
         QCOMPARE(tiles(), QStringLiteral("[Uncategorized 1] Art 1 Books 0"));
     }
 
-    void longNamesDoNotWidenTheWindow()
-    {
-        const int width = m_user->window()->minimumSizeHint().width();
-        m_host->renameGroup(2, QString(2000, QLatin1Char('W')));
-        m_user->clickTile(m_user->tile(QStringLiteral("WWWWWWWW")));
-        QCOMPARE(header().size(), 2003);
-        QTRY_COMPARE(m_user->window()->minimumSizeHint().width(), width);
-        QCOMPARE(m_user->window()->width(), 1000);
-        const auto* count = m_page->findChild<QLabel*>(QStringLiteral("tag_manager_group_count"));
-        QTRY_COMPARE(count->visibleRegion().boundingRect(), count->rect());
-    }
-
     void createButtonOpensTheTagDialog()
     {
         QSignalSpy tracked(VlEventTrack::GetInstance(), &VlEventTrack::signalTracked);

@@ -237,6 +237,8 @@ private slots:
             QVERIFY(!user.window()->grab().isNull());
             QCOMPARE(user.window()->width(), 1000);
             QVERIFY(user.window()->minimumSizeHint().width() <= 1000);
+            const auto* count = user.page(page)->findChild<QLabel*>("tag_manager_group_count");
+            QVERIFY(!count || count->visibleRegion().boundingRect() == count->rect());
         }
         user.selectPage(WindowUser::AllTags);
         QVERIFY(gestures::rightClickChip(user.list(), QStringLiteral("zz")));

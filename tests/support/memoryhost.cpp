@@ -44,16 +44,6 @@ qint64 MemoryHost::tagId(const QString& name) const
     return found == m_tags.cend() ? 0 : found.key();
 }
 
-QVector<qint64> MemoryHost::groupsOf(qint64 tagId) const
-{
-    QVector<qint64> ids;
-    for (const auto& group : qAsConst(manager()->groups)) {
-        if (group->contains(tagId))
-            ids.append(group->groupId());
-    }
-    return ids;
-}
-
 qint64 MemoryHost::addTag(const QString& name, int colorIndex, int fileCount)
 {
     return addTags(QVector<MemoryTagSpec>{{name, colorIndex, fileCount}}).constFirst();

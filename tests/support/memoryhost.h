@@ -58,7 +58,6 @@ public:
     QSharedPointer<MemoryTag> tag(qint64 tagId) const { return m_tags.value(tagId); }
     /// 0 when there is none.
     qint64 tagId(const QString& name) const;
-    QVector<qint64> groupsOf(qint64 tagId) const;
 
     qint64 addTag(const QString& name, int colorIndex = 0, int fileCount = 0);
     QVector<qint64> addTags(const QVector<MemoryTagSpec>& tags);

@@ -62,18 +62,6 @@ class TagGroupListViewTest : public QObject
     Q_OBJECT
 
 private slots:
-    void newLettersFindTheirPlace()
-    {
-        InstalledHost host({"apple", "zebra"});
-        const Page page(host);
-        QSignalSpy close(page.list, &VLTagGroupListView::signalClosePopup);
-        host.addTags(QStringList{"中文", "1x", "mouse", "é", "axe", "mole", "mew"});
-        QCOMPARE(shownChips(page.list),
-                 QStringList({"1: 1x", "A: apple, axe", "M: mew, mole, mouse", "Z: zebra, 中文", "é: é"}));
-        QCOMPARE(close.count(), 1);
-        QTRY_VERIFY(standInAColumn(page.list));
-    }
-
     void removingTheLastTagsReportsEmptiness()
     {
         InstalledHost host({"apple", "bee", "bear"});
@@ -125,21 +113,6 @@ private slots:
         QTRY_VERIFY(standInAColumn(bulk.list) && standInAColumn(single.list));
         QTRY_COMPARE(single.list->size(), bulk.list->size());
         QCOMPARE(single.list->grab().toImage(), bulk.list->grab().toImage());
-    }
-
-    void columnsMayBeTallerThanLayoutsAllow()
-    {
-        InstalledHost host({"apple", "bee"});
-        const Page page(host);
-        // One chip for each line: 16,000 lines of 38 pixels pass the 524,287 pixels that layouts clamp at.
-        QStringList longNames;
-        for (int i = 0; i < 16000; ++i)
-            longNames.append("cherry " + QString::number(i).rightJustified(60, QLatin1Char('0')));
-        host.addTags(longNames);
-        host.addTag(QStringLiteral("dog"));
-        QTRY_VERIFY(page.list->height() > 16000 * 38);
-        QTRY_VERIFY(standInAColumn(page.list));
-        QCOMPARE(sections(page.list).constLast()->letter(), QStringLiteral("D"));
     }
 
     void sectionMayEmptyItselfInsideItsOwnEvent()
