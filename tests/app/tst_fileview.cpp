@@ -6,7 +6,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QScrollBar>
-#include <QSet>
 #include <QSignalSpy>
 #include <QTest>
 

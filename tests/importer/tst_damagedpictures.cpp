@@ -94,6 +94,7 @@ private:
     {
         return bytes.size() < 5000 ? m_variants / 4 : m_variants;
     }
+
     void readAll(const QVector<QByteArray>& variants, const QByteArray& sample)
     {
         const QByteArray extension = sample.mid(sample.lastIndexOf('.'));

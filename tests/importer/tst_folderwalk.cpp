@@ -107,6 +107,7 @@ private:
     {
         QCOMPARE(symlink(target.constData(), path(name).constData()), 0);
     }
+
     // Names relative to the root, in the walk's order.
     QList<QByteArray> found()
     {

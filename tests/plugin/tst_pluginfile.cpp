@@ -9,7 +9,6 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLabel>
-#include <QListView>
 #include <QPluginLoader>
 #include <QPointer>
 #include <QProcess>

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "dialogs/vlmessagebox.h"
 #include "dialogs/vltagmodifywidget.h"
 #include "host/library/tagpalette.h"
 #include "pages/ctaggroupitemwidget.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/vlmessagebox.h"
-#include "dialogs/vltagmodifywidget.h"
 #include "pages/ctaggroupitemwidget.h"
 #include "taglist/chipmetrics.h"
 #include "taglist/initialletter.h"

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/memoryhost.h"
 
-#include <algorithm>
-
 void MemoryHost::refuseWith(int status, const QString& message)
 {
     m_refusal = status != 0 ? response(status, message) : nullptr;

@@ -4,13 +4,12 @@
 #include "taglist/vltaglistview.h"
 #include "tests/support/gestures.h"
 #include "tests/support/installedhost.h"
-#include "tests/support/messagecatcher.h"
 
+#include <QLayout>
 #include <QRandomGenerator>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QtTest>
-#include <QVBoxLayout>
 
 #include <numeric>
 
