@@ -253,7 +253,7 @@ QString RandomWalk::someGroupName()
 
 QVector<qint64> RandomWalk::someTags()
 {
-    const QVector<qint64> all = model.tags.keys().toVector();
+    const QVector<qint64> all(model.tags.keyBegin(), model.tags.keyEnd());
     if (all.isEmpty())
         return {};
     return all.mid(number(all.size()), number(8) == 0 ? all.size() / 2 + 1 : number(3) + 1);
