@@ -4,31 +4,12 @@
 #include "taglist/initialletter.h"
 #include "taglist/vltaglistview.h"
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QSet>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <memory>
 #include <utility>
-
-namespace {
-
-/// A new widget asks, for each of its parts, to be polished and laid out in the next turn of the event loop. Showing it
-/// does both, and what waits in the queue is searched through for each further widget, which for thousands of sections
-/// grows with the square of their number.
-void dropRequestsToItself(QWidget* section)
-{
-    QWidgetList parts = section->findChildren<QWidget*>();
-    parts.append(section);
-    for (QWidget* part : qAsConst(parts)) {
-        QCoreApplication::removePostedEvents(part, QEvent::PolishRequest);
-        QCoreApplication::removePostedEvents(part, QEvent::LayoutRequest);
-    }
-}
-
-}  // namespace
 
 TagSections::TagSections(QVBoxLayout* layout, MakeSection makeSection)
     : m_layout(layout)
@@ -127,11 +108,8 @@ void TagSections::clear()
 
 void TagSections::createSections(QMap<QString, QVector<TagItem>> itemsOfLetters)
 {
-    for (auto it = itemsOfLetters.begin(); it != itemsOfLetters.end(); ++it) {
-        VLTagListView* section = m_makeSection(it.key(), std::move(it.value()));
-        m_sections.insert(it.key(), section);
-        dropRequestsToItself(section);
-    }
+    for (auto it = itemsOfLetters.begin(); it != itemsOfLetters.end(); ++it)
+        m_sections.insert(it.key(), m_makeSection(it.key(), std::move(it.value())));
     int index = 0;
     for (VLTagListView* section : qAsConst(m_sections)) {
         QLayoutItem* item = m_layout->itemAt(index);
