@@ -2,7 +2,7 @@
 #pragma once
 
 #include "bench/side.h"
-#include "plugin/tagitem.h"
+#include "plugin/state/tagitem.h"
 
 #include <QHash>
 #include <QSortFilterProxyModel>

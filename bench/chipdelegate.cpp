@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/chipdelegate.h"
 
-#include "plugin/tagitem.h"
+#include "plugin/state/tagitem.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "bench/pluginside.h"
 
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaglistview.h"
 #include "tests/support/memoryhost.h"
+#include "window/page/vltagsearchlineedit.h"
 #include "window/vltagmanagerwidget.h"
-#include "window/vltagsearchlineedit.h"
 
 #include <QScrollArea>
 #include <QScrollBar>

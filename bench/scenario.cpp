@@ -5,7 +5,7 @@
 #include "bench/median.h"
 #include "bench/memoryusage.h"
 #include "bench/names.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "tests/support/memoryhost.h"
 
 #include <QScrollBar>

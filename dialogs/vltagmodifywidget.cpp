@@ -2,7 +2,7 @@
 #include "dialogs/vltagmodifywidget.h"
 
 #include "dialogs/lowlabel.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 
 #include <itagdataprovider.h>
 #include <itaggroupdataprovider.h>

@@ -2,7 +2,7 @@
 #include "pages/ctaggroupitemwidget.h"
 
 #include "pages/vlgrouplabel.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/tagdrag.h"
 #include "taglist/vltaglistview.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/groupcommands.h"
 
-#include "plugin/requestresult.h"
+#include "plugin/state/requestresult.h"
 
 #include <itagaction.h>
 #include <itaggroupaction.h>

@@ -2,12 +2,12 @@
 #include "pages/vlalltagwidget.h"
 
 #include "pages/emptyhint.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
 #include "widgets/vlscrollbar.h"
 #include "widgets/vlsvgwidget.h"
 #include "widgets/vltallboxlayout.h"
-#include "window/vltagsearchlineedit.h"
+#include "window/page/vltagsearchlineedit.h"
 
 #include <itaggroupdataprovider.h>
 #include <vleventtrack.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/vltagbasewidget.h"
+#include "window/page/vltagbasewidget.h"
 
 #include <QMap>
 #include <QSharedPointer>

@@ -6,7 +6,7 @@
 #include "dialogs/vltagmodifywidget.h"
 #include "pages/ctaggroupshowwidgt.h"
 #include "pages/groupcommands.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "widgets/menupopup.h"
 
 #include <itagaction.h>

@@ -3,7 +3,7 @@
 
 #include "pages/ctaggroupitemwidget.h"
 #include "pages/ctaggroupshowwidgt.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
 #include "widgets/menupopup.h"
 #include "widgets/vlsvgwidget.h"

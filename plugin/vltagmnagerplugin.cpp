@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/vltagmnagerplugin.h"
 
-#include "plugin/tagitem.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/tagitem.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "window/vltagmanagerwidget.h"
 
 #include <ilibrarydataprovider.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "plugin/tagitem.h"
+#include "plugin/state/tagitem.h"
 #include "taglist/chipflow.h"
 #include "taglist/chipmetrics.h"
 #include "taglist/tagrows.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/tagcontextmenu.h"
 
-#include "pages/vlgrouplistmenu.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "pages/addtocategory/vlgrouplistmenu.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltagcoloraction.h"
 #include "taglist/vltaggrouplistview.h"
 #include "widgets/menupopup.h"

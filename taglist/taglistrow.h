@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "plugin/tagitem.h"
+#include "plugin/state/tagitem.h"
 
 #include <QMetaObject>
 #include <QStandardItem>

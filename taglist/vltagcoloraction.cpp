@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/vltagcoloraction.h"
 
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltagcolorwidget.h"
 
 #include <QHBoxLayout>

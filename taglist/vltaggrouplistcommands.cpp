@@ -5,8 +5,8 @@
 #include "dialogs/deletequestion.h"
 #include "dialogs/vlmessagebox.h"
 #include "dialogs/vltagmodifywidget.h"
-#include "pages/vlgrouplistmenu.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "pages/addtocategory/vlgrouplistmenu.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/tagcontextmenu.h"
 
 #include <itagaction.h>

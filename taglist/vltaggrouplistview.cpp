@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/vltaggrouplistview.h"
 
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/tagcontextmenu.h"
 #include "taglist/vltagdelegate.h"
 #include "taglist/vltaglistview.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/vltaglistview.h"
 
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/initialletter.h"
 #include "taglist/sortfilterproxymodel.h"
 #include "taglist/tagdrag.h"

@@ -4,7 +4,7 @@
 #include "pages/vlalltagwidget.h"
 #include "pages/vlcommontagwidget.h"
 #include "pages/vlgrouptagwidget.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "pages/vlgrouplistmenu.h"
+#include "pages/addtocategory/vlgrouplistmenu.h"
 
 #include <QtTest>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltagcoloraction.h"
 #include "taglist/vltagcolorwidget.h"
 #include "tests/support/memorypalette.h"

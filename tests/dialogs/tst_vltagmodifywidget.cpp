@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/vltagmodifywidget.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "tests/support/memoryhost.h"
 
 #include <QLabel>

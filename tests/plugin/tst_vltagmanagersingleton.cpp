@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "plugin/requestresult.h"
-#include "plugin/tagitem.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/requestresult.h"
+#include "plugin/state/tagitem.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "tests/support/installedhost.h"
 #include "tests/support/messagecatcher.h"
 

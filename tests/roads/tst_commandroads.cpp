@@ -2,7 +2,7 @@
 #include "dialogs/vltagmodifywidget.h"
 #include "host/library/tagpalette.h"
 #include "pages/ctaggroupitemwidget.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaglistview.h"
 #include "tests/library/libraryfixture.h"
 #include "tests/support/gestures.h"

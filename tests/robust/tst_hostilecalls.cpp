@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
 #include "tests/robust/hostilesession.h"
 #include "tests/support/gestures.h"

@@ -2,7 +2,7 @@
 #include "dialogs/vlmessagebox.h"
 #include "dialogs/vltagmodifywidget.h"
 #include "pages/ctaggroupitemwidget.h"
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
 #include "taglist/vltaglistview.h"
 #include "tests/robust/hostilesession.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 #include "tests/support/installedhost.h"
 #include "tests/support/messagecatcher.h"
 #include "tests/support/windowuser.h"

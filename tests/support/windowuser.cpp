@@ -3,16 +3,16 @@
 
 #include "dialogs/vlmessagebox.h"
 #include "dialogs/vltagmodifywidget.h"
+#include "pages/addtocategory/vlgrouplistmenu.h"
 #include "pages/ctaggroupitemwidget.h"
 #include "pages/ctaggroupshowwidgt.h"
-#include "pages/vlgrouplistmenu.h"
-#include "plugin/tagitem.h"
+#include "plugin/state/tagitem.h"
 #include "taglist/vltagcolorwidget.h"
 #include "taglist/vltaggrouplistview.h"
 #include "tests/support/gestures.h"
 #include "tests/support/memoryhost.h"
+#include "window/page/vltagsearchlineedit.h"
 #include "window/vltagmanagerwidget.h"
-#include "window/vltagsearchlineedit.h"
 
 #include <QApplication>
 #include <QEventLoop>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/vlmessagebox.h"
 #include "dialogs/vltagmodifywidget.h"
-#include "pages/vlgrouplistmenu.h"
+#include "pages/addtocategory/vlgrouplistmenu.h"
 #include "taglist/vltagcoloraction.h"
 #include "taglist/vltaggrouplistview.h"
 #include "tests/support/gestures.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/vllineedit.h"
-#include "window/vltagsearchlineedit.h"
+#include "window/page/vltagsearchlineedit.h"
 
 #include <vlskinsetting.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/installedhost.h"
 #include "tests/support/messagecatcher.h"
+#include "window/page/vltagsearchlineedit.h"
 #include "window/vltagmanagerwidget.h"
-#include "window/vltagsearchlineedit.h"
 
 #include <vlskinsetting.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "window/vltagsearchlineedit.h"
+#include "window/page/vltagsearchlineedit.h"
 
 VLTagSearchLineEdit::VLTagSearchLineEdit(QWidget* parent)
     : VLLineEdit(parent)

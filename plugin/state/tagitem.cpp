@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "plugin/tagitem.h"
+#include "plugin/state/tagitem.h"
 
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 
 #include <itagdataprovider.h>
 #include <tagrecords.h>

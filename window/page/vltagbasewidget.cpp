@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "window/vltagbasewidget.h"
+#include "window/page/vltagbasewidget.h"
 
 #include "widgets/vlsvgwidget.h"
-#include "window/vltagsearchlineedit.h"
+#include "window/page/vltagsearchlineedit.h"
 
 #include <vlskinsetting.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "plugin/requestresult.h"
+#include "plugin/state/requestresult.h"
 
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 
 #include <itagaction.h>
 #include <itaggroupaction.h>

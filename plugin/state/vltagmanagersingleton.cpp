@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "plugin/vltagmanagersingleton.h"
+#include "plugin/state/vltagmanagersingleton.h"
 
 #include <ilibrarydataprovider.h>
 #include <iresponseinfo.h>
