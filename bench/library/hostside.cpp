@@ -6,8 +6,8 @@
 #include "host/app/hostwindow.h"
 #include "host/app/librarysession.h"
 #include "host/library/library.h"
-#include "host/library/reservedcategory.h"
-#include "host/library/tagpalette.h"
+#include "host/library/records/reservedcategory.h"
+#include "host/library/records/tagpalette.h"
 #include "plugin/vltagmnagerplugin.h"
 
 #include <ilibrarydataprovider.h>

@@ -2,13 +2,13 @@
 #include "bench/library/librarybuilder.h"
 
 #include "bench/library/librarycontent.h"
-#include "host/library/librarydatabase.h"
-#include "host/library/libraryfile.h"
-#include "host/library/librarystatement.h"
-#include "host/library/librarytransaction.h"
-#include "host/library/reservedcategory.h"
-#include "host/library/tagpalette.h"
-#include "host/library/tagtable.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryfile.h"
+#include "host/library/database/librarystatement.h"
+#include "host/library/database/librarytransaction.h"
+#include "host/library/database/tagtable.h"
+#include "host/library/records/reservedcategory.h"
+#include "host/library/records/tagpalette.h"
 
 namespace {
 

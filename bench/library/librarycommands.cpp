@@ -3,9 +3,9 @@
 
 #include "bench/library/librarycontent.h"
 #include "bench/library/sqliteprogram.h"
-#include "host/library/reservedcategory.h"
-#include "host/library/tagname.h"
-#include "host/library/tagpalette.h"
+#include "host/library/records/reservedcategory.h"
+#include "host/library/records/tagname.h"
+#include "host/library/records/tagpalette.h"
 
 namespace {
 

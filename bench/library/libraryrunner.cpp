@@ -6,7 +6,7 @@
 #include "bench/library/libraryscenario.h"
 #include "bench/library/picturebuilder.h"
 #include "bench/measurements.h"
-#include "host/library/libraryerror.h"
+#include "host/library/database/libraryerror.h"
 
 #include <QDir>
 #include <QFile>

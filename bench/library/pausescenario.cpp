@@ -10,8 +10,8 @@
 #include "host/app/hostwindow.h"
 #include "host/app/librarysession.h"
 #include "host/library/library.h"
-#include "host/library/reservedcategory.h"
-#include "host/library/tagname.h"
+#include "host/library/records/reservedcategory.h"
+#include "host/library/records/tagname.h"
 
 #include <ilibrarydataprovider.h>
 #include <itagdataprovider.h>

@@ -3,8 +3,8 @@
 
 #include "bench/library/librarycommands.h"
 #include "bench/library/librarycontent.h"
-#include "host/library/tagname.h"
-#include "host/library/tagpalette.h"
+#include "host/library/records/tagname.h"
+#include "host/library/records/tagpalette.h"
 
 #include <algorithm>
 

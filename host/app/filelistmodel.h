@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/app/thumbnail.h"
-#include "host/library/libraryrecords.h"
+#include "host/library/records/libraryrecords.h"
 
 #include <QAbstractListModel>
 #include <QByteArray>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/filequery.h"
+#include "host/library/records/filequery.h"
 
 #include <QObject>
 #include <QString>

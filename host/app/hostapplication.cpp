@@ -10,7 +10,7 @@
 #include "host/app/tagwindow.h"
 #include "host/importer/escapedtext.h"
 #include "host/library/library.h"
-#include "host/library/tagpalette.h"
+#include "host/library/records/tagpalette.h"
 
 #include <ilibrarydataprovider.h>
 #include <ivltagmanagerplugin.h>

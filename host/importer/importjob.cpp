@@ -3,9 +3,9 @@
 
 #include "host/importer/keywordlist.h"
 #include "host/importer/metadataanswer.h"
-#include "host/library/importoutcome.h"
 #include "host/library/library.h"
 #include "host/library/libraryreader.h"
+#include "host/library/records/importoutcome.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/libraryrecords.h"
+#include "host/library/records/libraryrecords.h"
 
 #include <QMetaType>
 #include <QString>

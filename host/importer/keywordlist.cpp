@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/keywordlist.h"
 
-#include "host/library/tagname.h"
+#include "host/library/records/tagname.h"
 
 void KeywordList::add(const QString& keyword)
 {

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/library.h"
 
-#include "host/library/filestore.h"
-#include "host/library/librarydatabase.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryerror.h"
+#include "host/library/database/libraryfile.h"
 #include "host/library/libraryengine.h"
-#include "host/library/libraryerror.h"
-#include "host/library/libraryfile.h"
 #include "host/library/librarygroupaction.h"
-#include "host/library/librarymanager.h"
-#include "host/library/libraryprovider.h"
 #include "host/library/libraryreader.h"
 #include "host/library/librarytagaction.h"
 #include "host/library/librarythread.h"
-#include "host/library/libraryview.h"
 #include "host/library/librarywriter.h"
+#include "host/library/memory/librarymanager.h"
+#include "host/library/memory/libraryprovider.h"
+#include "host/library/memory/libraryview.h"
+#include "host/library/requests/filestore.h"
 
 #include <QFileInfo>
 #include <QPointer>

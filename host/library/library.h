@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/filequery.h"
-#include "host/library/importoutcome.h"
-#include "host/library/libraryrecords.h"
+#include "host/library/records/filequery.h"
+#include "host/library/records/importoutcome.h"
+#include "host/library/records/libraryrecords.h"
 
 #include <QObject>
 #include <QSharedPointer>

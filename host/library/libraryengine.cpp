@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryengine.h"
 
-#include "host/library/librarygroup.h"
-#include "host/library/librarymanager.h"
-#include "host/library/librarytag.h"
 #include "host/library/librarythread.h"
-#include "host/library/libraryview.h"
 #include "host/library/librarywriter.h"
+#include "host/library/memory/librarygroup.h"
+#include "host/library/memory/librarymanager.h"
+#include "host/library/memory/librarytag.h"
+#include "host/library/memory/libraryview.h"
 
 #include <QElapsedTimer>
 

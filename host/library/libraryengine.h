@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/librarychange.h"
-#include "host/library/librarynews.h"
+#include "host/library/memory/librarynews.h"
+#include "host/library/records/librarychange.h"
 
 #include <QObject>
 #include <QPointer>

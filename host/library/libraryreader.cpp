@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryreader.h"
 
-#include "host/library/filetable.h"
-#include "host/library/librarydatabase.h"
-#include "host/library/libraryerror.h"
-#include "host/library/libraryfile.h"
-#include "host/library/librarystatement.h"
-#include "host/library/librarytransaction.h"
-#include "host/library/reservedcategory.h"
-#include "host/library/tagtable.h"
+#include "host/library/database/filetable.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryerror.h"
+#include "host/library/database/libraryfile.h"
+#include "host/library/database/librarystatement.h"
+#include "host/library/database/librarytransaction.h"
+#include "host/library/database/tagtable.h"
+#include "host/library/records/reservedcategory.h"
 
 #include <QFileInfo>
 #include <QJsonArray>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/filequery.h"
-#include "host/library/libraryrecords.h"
+#include "host/library/records/filequery.h"
+#include "host/library/records/libraryrecords.h"
 
 #include <QHash>
 #include <QString>

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "host/library/libraryengine.h"
-#include "host/library/libraryoutcome.h"
-#include "host/library/libraryresponse.h"
-#include "host/library/librarystore.h"
-#include "host/library/librarytext.h"
+#include "host/library/memory/libraryresponse.h"
+#include "host/library/records/libraryoutcome.h"
+#include "host/library/records/librarytext.h"
+#include "host/library/requests/librarystore.h"
 
 #include <QPointer>
 #include <QSharedPointer>

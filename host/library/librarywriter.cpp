@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/librarywriter.h"
 
-#include "host/library/libraryerror.h"
-#include "host/library/libraryfile.h"
-#include "host/library/librarystatement.h"
+#include "host/library/database/libraryerror.h"
+#include "host/library/database/libraryfile.h"
+#include "host/library/database/librarystatement.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/librarydatabase.h"
-#include "host/library/librarysnapshot.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/librarysnapshot.h"
 
 #include <QElapsedTimer>
 

@@ -2,8 +2,8 @@
 // A program to be killed: opens the library argv[1] and carries out the series of requests of the seed argv[2], one
 // after the answer to the other, saying "." on its standard output after each answer, until it is killed. With
 // "migrate" instead of a seed, it says "." and brings the library to the version of the tests.
-#include "host/library/librarydatabase.h"
-#include "host/library/libraryerror.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryerror.h"
 #include "tests/library/commandscript.h"
 #include "tests/library/testmigration.h"
 

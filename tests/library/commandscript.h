@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/library/library.h"
-#include "host/library/tagpalette.h"
+#include "host/library/records/tagpalette.h"
 
 #include <ilibrarydataprovider.h>
 #include <itagaction.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/libraryschema.h"
+#include "host/library/database/libraryschema.h"
 
 /// Steps beyond the library's versions, of the kinds that later versions will need.
 namespace testmigration {

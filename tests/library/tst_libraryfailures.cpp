@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/librarydatabase.h"
-#include "host/library/librarystatus.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/records/librarystatus.h"
 #include "tests/library/diskfault.h"
 #include "tests/library/libraryfixture.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/librarydatabase.h"
-#include "host/library/libraryerror.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryerror.h"
+#include "host/library/database/libraryschema.h"
 #include "host/library/libraryreader.h"
-#include "host/library/libraryschema.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QDir>

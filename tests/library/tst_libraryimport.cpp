@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryreader.h"
-#include "host/library/tagpalette.h"
+#include "host/library/records/tagpalette.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QSignalSpy>

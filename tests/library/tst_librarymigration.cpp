@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/librarydatabase.h"
+#include "host/library/database/librarydatabase.h"
 #include "host/library/libraryreader.h"
 #include "tests/library/libraryfixture.h"
 #include "tests/library/testmigration.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/librarystatus.h"
+#include "host/library/records/librarystatus.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QTest>

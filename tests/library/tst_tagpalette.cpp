@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/tagpalette.h"
+#include "host/library/records/tagpalette.h"
 #include "tests/support/contrast.h"
 
 #include <QTest>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/vltagmodifywidget.h"
-#include "host/library/tagpalette.h"
+#include "host/library/records/tagpalette.h"
 #include "pages/ctaggroupitemwidget.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaglistview.h"

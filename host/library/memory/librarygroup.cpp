@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/memory/librarygroup.h"
+
+#include "host/library/memory/libraryinfos.h"
+#include "host/library/memory/librarytag.h"
+#include "host/library/memory/libraryview.h"
+
+QSharedPointer<ITagGroupDataProvider> LibraryGroup::of(const std::shared_ptr<GroupEntry>& entry,
+                                                       const std::shared_ptr<const LibraryView>& view)
+{
+    if (!entry)
+        return {};
+    QSharedPointer<LibraryGroup> provider = entry->provider.toStrongRef();
+    if (!provider) {
+        provider = QSharedPointer<LibraryGroup>::create(entry, view);
+        entry->provider = provider;
+    }
+    return provider;
+}
+
+LibraryGroup::LibraryGroup(const std::shared_ptr<GroupEntry>& entry, const std::shared_ptr<const LibraryView>& view)
+    : m_entry(entry)
+    , m_view(view)
+{
+}
+
+LibraryGroup::~LibraryGroup() = default;
+
+int LibraryGroup::tagCount(int flag) const
+{
+    Q_UNUSED(flag)
+    return m_entry->tags.size();
+}
+
+QString LibraryGroup::groupName() const
+{
+    return m_entry->name;
+}
+
+QSharedPointer<const ITagGroupInfo> LibraryGroup::groupInfo() const
+{
+    if (m_entry->gone)
+        return {};
+    return QSharedPointer<LibraryGroupInfo>::create(m_entry->id, m_entry->name);
+}
+
+qint64 LibraryGroup::groupId() const
+{
+    return m_entry->id;
+}
+
+int LibraryGroup::tags(QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const
+{
+    out->reserve(out->size() + m_entry->tags.size());
+    for (const auto& tag : qAsConst(m_entry->tags))
+        out->insert(tag->id, LibraryTag::of(tag));
+    return m_entry->tags.size();
+}
+
+int LibraryGroup::tagsByIds(const QVector<qint64>& ids, QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const
+{
+    QHash<qint64, QSharedPointer<ITagDataProvider>> found;
+    for (qint64 id : ids) {
+        const auto tag = m_entry->tags.constFind(id);
+        if (tag != m_entry->tags.constEnd())
+            found.insert(id, LibraryTag::of(*tag));
+    }
+    for (auto tag = found.cbegin(); tag != found.cend(); ++tag)
+        out->insert(tag.key(), tag.value());
+    return found.size();
+}
+
+QSharedPointer<ITagDataProvider> LibraryGroup::tagByName(const QString& name) const
+{
+    const std::shared_ptr<TagEntry> tag = m_view->tagByName(name);
+    if (!tag || !m_entry->tags.contains(tag->id))
+        return {};
+    return LibraryTag::of(tag);
+}

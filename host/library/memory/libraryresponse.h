@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/records/libraryoutcome.h"
+
+#include <iresponseinfo.h>
+
+/// The answer to one request, made from its outcome. Unchanging.
+class LibraryResponse final : public IResponseInfo
+{
+public:
+    explicit LibraryResponse(const LibraryOutcome& outcome);
+    virtual ~LibraryResponse() = default;
+
+    /// A LibraryStatus.
+    [[nodiscard]] int status() const override;
+    [[nodiscard]] QString message() const override;
+    void rejectedTags(QVector<QSharedPointer<const ITagInfo>>& out) const override;
+    void rejectedGroups(QVector<QSharedPointer<const ITagGroupInfo>>& out) const override;
+    void rejectedFiles(QVector<QSharedPointer<const QString>>& out) const override;
+
+private:
+    LibraryStatus m_status;
+    QString m_message;
+    QVector<TagRow> m_tags;
+    QVector<CategoryRow> m_categories;
+};
