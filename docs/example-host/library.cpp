@@ -60,11 +60,14 @@ int Category::tags(TagsById* out) const
 
 int Category::tagsByIds(const QVector<qint64>& ids, TagsById* out) const
 {
+    int found = 0;
     for (const qint64 id : ids) {
-        if (m_members.contains(id) && m_tags->contains(id))
-            out->insert(id, m_tags->value(id));
+        if (!m_members.contains(id) || !m_tags->contains(id))
+            continue;
+        out->insert(id, m_tags->value(id));
+        ++found;
     }
-    return out->size();
+    return found;
 }
 
 QSharedPointer<ITagDataProvider> Category::tagByName(const QString& name) const
@@ -76,11 +79,11 @@ QSharedPointer<ITagDataProvider> Category::tagByName(const QString& name) const
     return {};
 }
 
-void Category::setMembers(const QSet<qint64>& members)
+void Category::announceChanges()
 {
-    const auto added = members - m_members;
-    const auto removed = m_members - members;
-    m_members = members;
+    const auto added = m_members - m_announced;
+    const auto removed = m_announced - m_members;
+    m_announced = m_members;
     if (!removed.isEmpty())
         emit signalRemoveTags(removed.values().toVector());
     if (!added.isEmpty())
@@ -149,12 +152,14 @@ void TagLibrary::refresh()
     QSet<qint64> free = all;
     const auto categories = m_categories;
     for (auto it = categories.lowerBound(Favorites); it != categories.end(); ++it) {
-        (*it)->setMembers((*it)->m_members & all);
+        (*it)->m_members &= all;
         if (it.key() >= FirstUserCategory)
             free -= (*it)->m_members;
     }
-    categories[Uncategorized]->setMembers(free);
-    categories[AllTags]->setMembers(all);
+    categories[Uncategorized]->m_members = free;
+    categories[AllTags]->m_members = all;
+    for (const auto& category : categories)
+        category->announceChanges();
 }
 
 Library::Library(const QSharedPointer<TagLibrary>& tags)

@@ -51,8 +51,8 @@ public:
     int tagsByIds(const QVector<qint64>& ids, TagsById* out) const override;
     QSharedPointer<ITagDataProvider> tagByName(const QString& name) const override;
 
-    /// Changes what the category holds, and tells what joined and what left.
-    void setMembers(const QSet<qint64>& members);
+    /// Emits what joined and what left since the last call.
+    void announceChanges();
 
     const qint64 m_id;
     QString m_name;
@@ -60,6 +60,7 @@ public:
 
 private:
     const QSharedPointer<const TagTable> m_tags;
+    QSet<qint64> m_announced;  ///< The members as last emitted.
 };
 
 /// The tags and categories, in memory. A real host keeps them in a database and reads from a copy of it.
@@ -75,7 +76,8 @@ public:
     qint64 addTag(const QString& name, int color);
     qint64 addCategory(const QString& name);
     void removeCategory(qint64 id);
-    /// To be called after tags came or went, or changed their category: brings every category up to date.
+    /// To be called after tags came or went, or changed their category: brings every category up to date, and emits
+    /// what changed once all of them are, since a window may read any category from inside the signal of another.
     void refresh();
 
     const QSharedPointer<TagTable> m_tags = QSharedPointer<TagTable>::create();

@@ -8,29 +8,15 @@
 
 namespace {
 
-/// Hands out an id at once; does the work and emits the answer when control is back in the event loop, so that the
-/// sender knows the id by then. The work returns a complaint, or nothing when all went well.
+/// Does the work and emits the answer when control is back in the event loop, so that the sender knows the id by then.
+/// The work returns a complaint, or nothing when all went well.
 template <class Action, class Work>
-qint64 answerLater(Action* action, void (Action::*result)(qint64, QSharedPointer<const IResponseInfo>), Work work)
+void answerFromEventLoop(Action* action, void (Action::*result)(qint64, QSharedPointer<const IResponseInfo>),
+                         qint64 request, Work work)
 {
-    static qint64 lastRequest = 0;
-    const qint64 request = ++lastRequest;
     QTimer::singleShot(0, action, [action, result, work, request] {
         (action->*result)(request, QSharedPointer<Response>::create(work()));
     });
-    return request;
-}
-
-template <class Work>
-qint64 answerTagRequest(TagRequests* requests, Work work)
-{
-    return answerLater<ITagAction>(requests, &ITagAction::signalTagResult, work);
-}
-
-template <class Work>
-qint64 answerCategoryRequest(CategoryRequests* requests, Work work)
-{
-    return answerLater<ITagGroupAction>(requests, &ITagGroupAction::signalTagGroupResult, work);
 }
 
 const QString unknown = QStringLiteral("there is no such tag or category");
@@ -43,9 +29,16 @@ TagRequests::TagRequests(const QSharedPointer<TagLibrary>& library)
 {
 }
 
+template <class Work>
+qint64 TagRequests::answerLater(Work work)
+{
+    answerFromEventLoop<ITagAction>(this, &ITagAction::signalTagResult, ++m_lastRequest, work);
+    return m_lastRequest;
+}
+
 qint64 TagRequests::createTags(const QVector<NewTagRecord>& tags)
 {
-    return answerTagRequest(this, [library = m_library, tags] {
+    return answerLater([library = m_library, tags] {
         for (const auto& tag : tags) {
             if (library->tagGroup(AllTags)->tagByName(tag.name))
                 return taken;
@@ -59,7 +52,7 @@ qint64 TagRequests::createTags(const QVector<NewTagRecord>& tags)
 
 qint64 TagRequests::renameTag(qint64 tagId, const QString& newName)
 {
-    return answerTagRequest(this, [library = m_library, tagId, newName] {
+    return answerLater([library = m_library, tagId, newName] {
         const auto tag = library->m_tags->value(tagId);
         if (!tag)
             return unknown;
@@ -73,7 +66,7 @@ qint64 TagRequests::renameTag(qint64 tagId, const QString& newName)
 
 qint64 TagRequests::setTagColor(qint64 tagId, int colorIndex)
 {
-    return answerTagRequest(this, [library = m_library, tagId, colorIndex] {
+    return answerLater([library = m_library, tagId, colorIndex] {
         const auto tag = library->m_tags->value(tagId);
         if (!tag)
             return unknown;
@@ -85,7 +78,7 @@ qint64 TagRequests::setTagColor(qint64 tagId, int colorIndex)
 
 qint64 TagRequests::deleteTags(const QVector<qint64>& tagIds)
 {
-    return answerTagRequest(this, [library = m_library, tagIds] {
+    return answerLater([library = m_library, tagIds] {
         for (const qint64 id : tagIds)
             library->m_tags->remove(id);
         library->refresh();
@@ -95,12 +88,12 @@ qint64 TagRequests::deleteTags(const QVector<qint64>& tagIds)
 
 qint64 TagRequests::addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
 {
-    return answerTagRequest(this, [library = m_library, groupIds, tagIds] {
+    return answerLater([library = m_library, groupIds, tagIds] {
         for (const qint64 id : groupIds) {
             const auto category = library->m_categories.value(id);
             if (!category)
                 return unknown;
-            category->setMembers(category->m_members + QSet<qint64>(tagIds.begin(), tagIds.end()));
+            category->m_members += QSet<qint64>(tagIds.begin(), tagIds.end());
         }
         library->refresh();
         return QString();
@@ -109,12 +102,12 @@ qint64 TagRequests::addTagsToGroups(const QVector<qint64>& groupIds, const QVect
 
 qint64 TagRequests::removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
 {
-    return answerTagRequest(this, [library = m_library, groupIds, tagIds] {
+    return answerLater([library = m_library, groupIds, tagIds] {
         for (const qint64 id : groupIds) {
             const auto category = library->m_categories.value(id);
             if (!category)
                 return unknown;
-            category->setMembers(category->m_members - QSet<qint64>(tagIds.begin(), tagIds.end()));
+            category->m_members -= QSet<qint64>(tagIds.begin(), tagIds.end());
         }
         library->refresh();
         return QString();
@@ -126,9 +119,16 @@ CategoryRequests::CategoryRequests(const QSharedPointer<TagLibrary>& library)
 {
 }
 
+template <class Work>
+qint64 CategoryRequests::answerLater(Work work)
+{
+    answerFromEventLoop<ITagGroupAction>(this, &ITagGroupAction::signalTagGroupResult, ++m_lastRequest, work);
+    return m_lastRequest;
+}
+
 qint64 CategoryRequests::addTagGroup(const QString& name)
 {
-    return answerCategoryRequest(this, [library = m_library, name] {
+    return answerLater([library = m_library, name] {
         if (library->tagGroupByName(name))
             return taken;
         library->addCategory(name);
@@ -138,7 +138,7 @@ qint64 CategoryRequests::addTagGroup(const QString& name)
 
 qint64 CategoryRequests::removeTagGroup(qint64 groupId)
 {
-    return answerCategoryRequest(this, [library = m_library, groupId] {
+    return answerLater([library = m_library, groupId] {
         if (groupId < FirstUserCategory || !library->tagGroup(groupId))
             return unknown;
         library->removeCategory(groupId);
@@ -148,7 +148,7 @@ qint64 CategoryRequests::removeTagGroup(qint64 groupId)
 
 qint64 CategoryRequests::renameTagGroup(qint64 groupId, const QString& newName)
 {
-    return answerCategoryRequest(this, [library = m_library, groupId, newName] {
+    return answerLater([library = m_library, groupId, newName] {
         const auto category = library->m_categories.value(groupId);
         if (!category || groupId < FirstUserCategory)
             return unknown;

@@ -20,7 +20,11 @@ public:
     qint64 removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) override;
 
 private:
+    template <class Work>
+    qint64 answerLater(Work work);
+
     QSharedPointer<TagLibrary> m_library;
+    qint64 m_lastRequest = 0;  ///< No two requests of one object may have the same id.
 };
 
 /// What a person asks to be done with categories.
@@ -34,5 +38,9 @@ public:
     qint64 renameTagGroup(qint64 groupId, const QString& newName) override;
 
 private:
+    template <class Work>
+    qint64 answerLater(Work work);
+
     QSharedPointer<TagLibrary> m_library;
+    qint64 m_lastRequest = 0;
 };
