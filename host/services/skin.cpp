@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/services/skin.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QImageReader>
@@ -11,16 +10,11 @@
 
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("Skin", text);
-}
-
 bool readFile(const QString& path, QByteArray* content, QString* error)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        *error = translated("%1 cannot be read: %2").arg(QDir::toNativeSeparators(path), file.errorString());
+        *error = Skin::tr("%1 cannot be read: %2").arg(QDir::toNativeSeparators(path), file.errorString());
         return false;
     }
     *content = file.readAll();
@@ -36,12 +30,12 @@ bool parseObject(const QString& path, QJsonObject* object, QString* error)
     const QJsonDocument document = QJsonDocument::fromJson(content, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
         const int line = content.left(parseError.offset).count('\n') + 1;
-        *error = translated("%1, line %2: %3")
+        *error = Skin::tr("%1, line %2: %3")
                      .arg(QDir::toNativeSeparators(path), QString::number(line), parseError.errorString());
         return false;
     }
     if (!document.isObject()) {
-        *error = translated("%1 holds no object of colours").arg(QDir::toNativeSeparators(path));
+        *error = Skin::tr("%1 holds no object of colours").arg(QDir::toNativeSeparators(path));
         return false;
     }
     *object = document.object();
@@ -65,23 +59,25 @@ QString styleSheetUrl(const QString& path)
 std::optional<Skin> Skin::fromFolder(const QString& folder, const Skin* base, QString* error)
 {
     if (!QDir(folder).exists()) {
-        *error = translated("The skin folder %1 does not exist").arg(QDir::toNativeSeparators(folder));
+        *error = tr("The skin folder %1 does not exist").arg(QDir::toNativeSeparators(folder));
         return std::nullopt;
     }
     const QString root = QDir(folder).absolutePath();
     Skin skin;
     if (base)
-        skin.m_images = base->m_images;
-    if (!skin.readColors(root, base, error) || !skin.readImages(root, error))
+        skin = *base;
+    if (!skin.readColors(root, error) || !skin.readImages(root, error))
         return std::nullopt;
     for (const QString& name : {QStringLiteral("tagmanager"), QStringLiteral("menu")}) {
-        if (!skin.readStyleSheet(root, name, error))
+        const bool own = !base || QFile::exists(root + QLatin1Char('/') + name + QLatin1String(".qss"));
+        if (!skin.readStyleSheet(own ? root : base->m_root, name, error))
             return std::nullopt;
     }
+    skin.m_root = root;
     return skin;
 }
 
-bool Skin::readColors(const QString& folder, const Skin* base, QString* error)
+bool Skin::readColors(const QString& folder, QString* error)
 {
     const QString path = folder + QLatin1String("/colors.json");
     QJsonObject object;
@@ -90,22 +86,18 @@ bool Skin::readColors(const QString& folder, const Skin* base, QString* error)
     for (auto it = object.constBegin(); it != object.constEnd(); ++it) {
         const QColor color(it.value().toString());
         if (!color.isValid()) {
-            *error = translated("%1: the value of \"%2\" is no colour").arg(QDir::toNativeSeparators(path), it.key());
+            *error = tr("%1: the value of \"%2\" is no colour").arg(QDir::toNativeSeparators(path), it.key());
             return false;
         }
         m_colors.insert(it.key(), color);
     }
-    QStringList required = base ? base->m_colors.keys() : QStringList();
     for (int i = 0; i < skinColorCount; ++i) {
         const QString name = skinColorName(static_cast<SkinColor>(i));
-        m_codeColors[static_cast<size_t>(i)] = m_colors.value(name);
-        required.append(name);
-    }
-    for (const QString& name : qAsConst(required)) {
         if (!m_colors.contains(name)) {
-            *error = translated("%1: the colour \"%2\" is missing").arg(QDir::toNativeSeparators(path), name);
+            *error = tr("%1: the colour \"%2\" is missing").arg(QDir::toNativeSeparators(path), name);
             return false;
         }
+        m_codeColors[static_cast<size_t>(i)] = m_colors.value(name);
     }
     return true;
 }
@@ -119,7 +111,7 @@ bool Skin::readImages(const QString& folder, QString* error)
     for (const QString& name : names) {
         const QString path = icons.filePath(name);
         if (!compiledIn && !isReadableImage(path)) {
-            *error = translated("%1 is no image that can be shown").arg(QDir::toNativeSeparators(path));
+            *error = tr("%1 is no image that can be shown").arg(QDir::toNativeSeparators(path));
             return false;
         }
         m_images.insert(name, path);
@@ -141,8 +133,7 @@ bool Skin::readStyleSheet(const QString& folder, const QString& name, QString* e
         const QRegularExpressionMatch match = it.next();
         const QString value = placeholderValue(match.captured(1), match.captured(2));
         if (value.isEmpty()) {
-            *error =
-                translated("%1: the skin has nothing for %2").arg(QDir::toNativeSeparators(path), match.captured());
+            *error = tr("%1: the skin has nothing for %2").arg(QDir::toNativeSeparators(path), match.captured());
             return false;
         }
         sheet += source.midRef(end, match.capturedStart() - end) + value;

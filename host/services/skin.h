@@ -4,6 +4,7 @@
 #include "host/services/skincolor.h"
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QHash>
 #include <QString>
 
@@ -19,9 +20,12 @@
 /// A value; reading it costs file access, everything else is a look-up.
 class Skin
 {
+    Q_DECLARE_TR_FUNCTIONS(Skin)
+
 public:
-    /// Reads \a folder. \a base lends the images that the folder lacks and says which colours it must have; null for
-    /// the skin that stands on its own. Without a result \a error names the file and what is wrong with it.
+    /// Reads \a folder, in which nothing but colors.json must be. \a base lends each colour, style sheet and image that
+    /// the folder lacks; null for the skin that stands on its own, which must have them all. Without a result \a error
+    /// names the file and what is wrong with it.
     static std::optional<Skin> fromFolder(const QString& folder, const Skin* base, QString* error);
 
     [[nodiscard]] QColor color(SkinColor color) const { return m_codeColors[static_cast<size_t>(color)]; }
@@ -33,11 +37,12 @@ public:
 private:
     Skin() = default;
 
-    bool readColors(const QString& folder, const Skin* base, QString* error);
+    bool readColors(const QString& folder, QString* error);
     bool readImages(const QString& folder, QString* error);
     bool readStyleSheet(const QString& folder, const QString& name, QString* error);
     [[nodiscard]] QString placeholderValue(const QString& kind, const QString& name) const;
 
+    QString m_root;  ///< Absolute path of the folder.
     QHash<QString, QColor> m_colors;
     std::array<QColor, skinColorCount> m_codeColors;
     QHash<QString, QString> m_styleSheets;
