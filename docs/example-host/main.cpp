@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QDebug>
+#include <QFileInfo>
 #include <QPluginLoader>
 #include <QTimer>
 
@@ -43,13 +44,12 @@ void connectWindow(IVLTagManagerWidget* window)
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
-    const QStringList arguments = QApplication::arguments();
-    if (arguments.size() < 2) {
-        qCritical("usage: example-host PLUGIN [--quit]");
-        return 2;
-    }
+    QStringList arguments = QApplication::arguments();
+    const bool quits = arguments.removeAll(QStringLiteral("--quit")) > 0;
+    const QString file = arguments.value(1, QStringLiteral(PLUGIN));
 
-    QPluginLoader loader(arguments[1]);
+    // A path that is not absolute would be looked for in Qt's own folders.
+    QPluginLoader loader(QFileInfo(file).absoluteFilePath());
     auto* plugin = qobject_cast<IVLTagManagerPlugin*>(loader.instance());
     if (!plugin) {
         qCritical() << "no tag manager plug-in:" << loader.errorString();
@@ -64,7 +64,7 @@ int main(int argc, char** argv)
     connectWindow(window.get());
     window->resize(900, 600);
     window->show();
-    if (arguments.contains(QStringLiteral("--quit")))
+    if (quits)
         QTimer::singleShot(0, window.get(), &QWidget::close);
     const int status = QApplication::exec();
     plugin->clearDataProvider();
