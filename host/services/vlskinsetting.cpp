@@ -9,16 +9,9 @@
 
 #include <cmath>
 
-struct VLSkinSetting::Private
-{
-    [[nodiscard]] static Skin builtInSkin();
+namespace {
 
-    const Skin builtIn = builtInSkin();
-    Skin skin = builtIn;
-    double dpi = 0.0;
-};
-
-Skin VLSkinSetting::Private::builtInSkin()
+Skin builtInSkin()
 {
     QString error;
     const std::optional<Skin> skin = Skin::fromFolder(QStringLiteral(":/vellum/skin"), nullptr, &error);
@@ -26,6 +19,15 @@ Skin VLSkinSetting::Private::builtInSkin()
         qFatal("The built-in skin is broken: %s", qUtf8Printable(error));
     return *skin;
 }
+
+}  // namespace
+
+struct VLSkinSetting::Private
+{
+    const Skin builtIn = builtInSkin();
+    Skin skin = builtIn;
+    double dpi = 0.0;
+};
 
 VLSkinSetting::VLSkinSetting()
     : d(std::make_unique<Private>())
