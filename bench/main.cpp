@@ -6,7 +6,7 @@
 #include "bench/report.h"
 #include "bench/runner.h"
 #include "bench/scenario.h"
-#include "host/importer/metadatareader.h"
+#include "host/importer/metadata/metadatareader.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

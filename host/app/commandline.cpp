@@ -2,7 +2,7 @@
 #include "host/app/commandline.h"
 
 #include "host/importer/defaultlibrary.h"
-#include "host/importer/metadatareader.h"
+#include "host/importer/metadata/metadatareader.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>

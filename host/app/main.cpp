@@ -4,7 +4,7 @@
 #include "host/app/importcommand.h"
 #include "host/app/listcommand.h"
 #include "host/importer/escapedtext.h"
-#include "host/importer/metadatareader.h"
+#include "host/importer/metadata/metadatareader.h"
 
 #include <QApplication>
 

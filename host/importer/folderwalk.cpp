@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/folderwalk.h"
 
-#include "host/importer/pictureformats.h"
+#include "host/importer/metadata/pictureformats.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/importer/importsummary.h"
-#include "host/importer/readerpool.h"
+#include "host/importer/metadata/readerpool.h"
 
 #include <QObject>
 #include <QThread>

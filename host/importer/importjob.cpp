@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/importjob.h"
 
-#include "host/importer/keywordlist.h"
-#include "host/importer/metadataanswer.h"
+#include "host/importer/metadata/keywordlist.h"
+#include "host/importer/metadata/metadataanswer.h"
 #include "host/library/library.h"
 #include "host/library/libraryreader.h"
 #include "host/library/records/importoutcome.h"

@@ -3,7 +3,7 @@
 
 #include "host/importer/folderwalk.h"
 #include "host/importer/importsummary.h"
-#include "host/importer/readerpool.h"
+#include "host/importer/metadata/readerpool.h"
 
 #include <QElapsedTimer>
 #include <QHash>

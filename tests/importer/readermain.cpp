@@ -4,9 +4,9 @@
 #include "host/app/commandline.h"
 #include "host/app/importcommand.h"
 #include "host/app/listcommand.h"
-#include "host/importer/metadataanswer.h"
-#include "host/importer/metadatareader.h"
-#include "host/importer/picturekeywords.h"
+#include "host/importer/metadata/metadataanswer.h"
+#include "host/importer/metadata/metadatareader.h"
+#include "host/importer/metadata/picturekeywords.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/metadataanswer.h"
-#include "host/importer/picturekeywords.h"
-#include "host/importer/readerpool.h"
+#include "host/importer/metadata/metadataanswer.h"
+#include "host/importer/metadata/picturekeywords.h"
+#include "host/importer/metadata/readerpool.h"
 #include "tests/importer/madepictures.h"
 #include "tests/importer/readermain.h"
 #include "tests/importer/taggedpicture.h"

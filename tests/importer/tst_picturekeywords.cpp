@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/keywordlist.h"
-#include "host/importer/picturekeywords.h"
+#include "host/importer/metadata/keywordlist.h"
+#include "host/importer/metadata/picturekeywords.h"
 #include "tests/importer/taggedpicture.h"
 
 #include <QFile>

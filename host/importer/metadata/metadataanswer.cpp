@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/metadataanswer.h"
+#include "host/importer/metadata/metadataanswer.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/readerprocess.h"
+#include "host/importer/metadata/readerprocess.h"
 
-#include "host/importer/limitedprocess.h"
-#include "host/importer/metadataanswer.h"
-#include "host/importer/metadatareader.h"
+#include "host/importer/metadata/limitedprocess.h"
+#include "host/importer/metadata/metadataanswer.h"
+#include "host/importer/metadata/metadatareader.h"
 
 namespace {
 

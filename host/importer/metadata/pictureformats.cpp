@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/pictureformats.h"
+#include "host/importer/metadata/pictureformats.h"
 
 #include <QByteArray>
 #include <QSet>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/keywordlist.h"
+#include "host/importer/metadata/keywordlist.h"
 
 #include "host/library/records/tagname.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/picturekeywords.h"
+#include "host/importer/metadata/picturekeywords.h"
 
-#include "host/importer/iptctext.h"
-#include "host/importer/keywordlist.h"
-#include "host/importer/pictureformats.h"
+#include "host/importer/metadata/iptctext.h"
+#include "host/importer/metadata/keywordlist.h"
+#include "host/importer/metadata/pictureformats.h"
 
 #include <exiv2/exiv2.hpp>
 #include <QByteArray>

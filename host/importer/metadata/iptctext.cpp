@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/iptctext.h"
+#include "host/importer/metadata/iptctext.h"
 
 #include <QByteArray>
 #include <QHash>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/readerpool.h"
+#include "host/importer/metadata/readerpool.h"
 
-#include "host/importer/metadataanswer.h"
-#include "host/importer/readerprocess.h"
+#include "host/importer/metadata/metadataanswer.h"
+#include "host/importer/metadata/readerprocess.h"
 
 #include <QCoreApplication>
 #include <QThread>

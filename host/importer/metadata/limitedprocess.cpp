@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/limitedprocess.h"
+#include "host/importer/metadata/limitedprocess.h"
 
 #include <sys/resource.h>
 #include <unistd.h>

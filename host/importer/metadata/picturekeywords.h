@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/importer/metadataanswer.h"
+#include "host/importer/metadata/metadataanswer.h"
 
 class QByteArray;
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/metadatareader.h"
+#include "host/importer/metadata/metadatareader.h"
 
-#include "host/importer/metadataanswer.h"
-#include "host/importer/picturekeywords.h"
+#include "host/importer/metadata/metadataanswer.h"
+#include "host/importer/metadata/picturekeywords.h"
 
 #include <QByteArray>
 
