@@ -2,11 +2,9 @@
 #include "host/importer/defaultlibrary.h"
 
 #include "host/importer/folderwalk.h"
+#include "host/library/computer/datafolder.h"
 
 #include <QCryptographicHash>
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
 
 #include <sys/stat.h>
 
@@ -22,11 +20,11 @@ QByteArray defaultLibraryPath(const QByteArray& folder)
     const std::optional<QByteArray> canonical = canonicalFolder(folder);
     if (!canonical)
         return {};
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString directory = data + QStringLiteral("/vellum/libraries");
-    QDir().mkpath(directory);
-    const QByteArray path = QFile::encodeName(directory);
-    chmod(path.constData(), S_IRWXU);
+    const QByteArray data = personalDataFolder();
+    if (data.isEmpty())
+        return {};
+    const QByteArray path = data + "/libraries";
+    mkdir(path.constData(), S_IRWXU);
     const QByteArray hash = QCryptographicHash::hash(*canonical, QCryptographicHash::Sha256);
     return path + '/' + hash.left(hashLength).toHex() + ".vellum";
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QCoreApplication>
 #include <QThread>
 
 #include <functional>
@@ -57,6 +58,10 @@ template <typename Connection>
 bool LibraryThread<Connection>::start(Opening opening, QString* error)
 {
     m_thread.start();
+    if (!m_thread.isRunning() && !m_thread.isFinished()) {
+        *error = QCoreApplication::translate("LibraryThread", "The system has no room for another thread.");
+        return false;
+    }
     m_context.moveToThread(&m_thread);
     const auto failure = std::make_shared<std::promise<QString>>();
     QMetaObject::invokeMethod(

@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/computer/computerstate.h"
+
+#include "host/library/computer/datafolder.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryerror.h"
+#include "host/library/database/librarystatement.h"
+#include "host/library/database/librarytransaction.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+// A file of another form has another name, so that older and newer programs do not spoil each other's.
+constexpr char fileName[] = "/computer-1.sqlite";
+
+constexpr const char* schema[] = {
+    "CREATE TABLE IF NOT EXISTS libraries (file BLOB PRIMARY KEY, library TEXT NOT NULL) WITHOUT ROWID",
+    "CREATE TABLE IF NOT EXISTS mounts (library TEXT NOT NULL, root INTEGER NOT NULL, folder BLOB NOT NULL,"
+    " PRIMARY KEY (library, root)) WITHOUT ROWID",
+    "CREATE TABLE IF NOT EXISTS unreadable (library TEXT NOT NULL, root INTEGER NOT NULL, path BLOB NOT NULL,"
+    " stamp BLOB NOT NULL, reason TEXT NOT NULL, PRIMARY KEY (library, root, path)) WITHOUT ROWID"};
+
+// Qt binds an array that was never set as NULL.
+QByteArray blob(const QByteArray& bytes)
+{
+    return bytes.isNull() ? QByteArray("") : bytes;
+}
+
+std::unique_ptr<LibraryDatabase> connectTo(const QByteArray& path)
+{
+    const int file = open(path.constData(), O_CREAT | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file >= 0)
+        close(file);
+    auto database = std::make_unique<LibraryDatabase>(QFile::decodeName(path), LibraryDatabase::Access::ReadWrite);
+    database->execute(QStringLiteral("PRAGMA journal_mode = WAL"));
+    database->execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
+    for (const char* const statement : schema)
+        database->execute(QString::fromLatin1(statement));
+    return database;
+}
+
+void removeDatabase(const QByteArray& path)
+{
+    for (const char* const ending : {"", "-wal", "-shm"})
+        unlink(QByteArray(path + ending).constData());
+}
+
+std::unique_ptr<LibraryDatabase> openIn(const QByteArray& folder)
+{
+    if (folder.isEmpty())
+        return nullptr;
+    const QByteArray path = folder + fileName;
+    try {
+        return connectTo(path);
+    } catch (const LibraryError& error) {
+        if (error.status() != LibraryStatus::Failed)
+            return nullptr;
+    }
+    try {
+        removeDatabase(path);
+        return connectTo(path);
+    } catch (const LibraryError&) {
+        return nullptr;
+    }
+}
+
+std::unique_ptr<LibraryDatabase> openTemporary()
+{
+    static const QTemporaryDir folder;
+    return folder.isValid() ? openIn(QFile::encodeName(folder.path())) : nullptr;
+}
+
+}  // namespace
+
+ComputerState::ComputerState()
+    : m_database(openIn(personalDataFolder()))
+{
+    if (!m_database)
+        m_database = openTemporary();
+}
+
+ComputerState::~ComputerState() = default;
+
+template <typename Operation>
+void ComputerState::attempt(Operation operation) const
+{
+    if (!m_database)
+        return;
+    try {
+        operation(*m_database);
+    } catch (const LibraryError&) {
+        // As promised: nothing depends on it.
+    }
+}
+
+void ComputerState::noteLibrary(const QByteArray& file, const QString& id)
+{
+    attempt([&](LibraryDatabase& database) {
+        LibraryStatement(database, "INSERT OR REPLACE INTO libraries (file, library) VALUES (?, ?)").run(file, id);
+    });
+}
+
+QVector<KnownLibrary> ComputerState::libraries() const
+{
+    QVector<KnownLibrary> known;
+    attempt([&known](LibraryDatabase& database) {
+        LibraryStatement select(database, "SELECT file, library FROM libraries ORDER BY file");
+        select.run();
+        while (select.next())
+            known.append({select.bytes(0), QString::fromUtf8(select.bytes(1))});
+    });
+    return known;
+}
+
+QHash<qint64, QByteArray> ComputerState::mounts(const QString& libraryId) const
+{
+    QHash<qint64, QByteArray> folders;
+    attempt([&](LibraryDatabase& database) {
+        LibraryStatement select(database, "SELECT root, folder FROM mounts WHERE library = ?");
+        select.run(libraryId);
+        while (select.next())
+            folders.insert(select.integer(0), select.bytes(1));
+    });
+    return folders;
+}
+
+void ComputerState::setMount(const QString& libraryId, qint64 rootId, const QByteArray& folder)
+{
+    attempt([&](LibraryDatabase& database) {
+        LibraryStatement(database, "INSERT OR REPLACE INTO mounts (library, root, folder) VALUES (?, ?, ?)")
+            .run(libraryId, rootId, folder);
+    });
+}
+
+void ComputerState::removeRoot(const QString& libraryId, qint64 rootId)
+{
+    attempt([&](LibraryDatabase& database) {
+        LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing);
+        LibraryStatement(database, "DELETE FROM mounts WHERE library = ? AND root = ?").run(libraryId, rootId);
+        LibraryStatement(database, "DELETE FROM unreadable WHERE library = ? AND root = ?").run(libraryId, rootId);
+        transaction.commit();
+    });
+}
+
+QHash<QByteArray, UnreadableFile> ComputerState::unreadable(const QString& libraryId, qint64 rootId,
+                                                            const QByteArray& folder) const
+{
+    QHash<QByteArray, UnreadableFile> files;
+    attempt([&](LibraryDatabase& database) {
+        LibraryStatement select(database, "SELECT path, stamp, reason FROM unreadable WHERE library = ? AND root = ?"
+                                          " AND (? OR path = ? OR (path > ? AND path < ?))");
+        select.run(libraryId, rootId, folder.isEmpty(), blob(folder), QByteArray(folder + '/'),
+                   QByteArray(folder + char('/' + 1)));
+        while (select.next())
+            files.insert(select.bytes(0), {select.bytes(0), select.bytes(1), QString::fromUtf8(select.bytes(2))});
+    });
+    return files;
+}
+
+void ComputerState::setUnreadable(const QString& libraryId, qint64 rootId, const QByteArray& folder,
+                                  const QVector<UnreadableFile>& files)
+{
+    attempt([&](LibraryDatabase& database) {
+        LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing);
+        LibraryStatement(database, "DELETE FROM unreadable WHERE library = ? AND root = ?"
+                                   " AND (? OR path = ? OR (path > ? AND path < ?))")
+            .run(libraryId, rootId, folder.isEmpty(), blob(folder), QByteArray(folder + '/'),
+                 QByteArray(folder + char('/' + 1)));
+        LibraryStatement insert(database, "INSERT OR REPLACE INTO unreadable (library, root, path, stamp, reason)"
+                                          " VALUES (?, ?, ?, ?, ?)");
+        for (const UnreadableFile& file : files)
+            insert.run(libraryId, rootId, blob(file.path), blob(file.stamp), file.reason);
+        transaction.commit();
+    });
+}
