@@ -60,7 +60,7 @@ Reader::Reader(const QStringList& arguments)
     : m_arguments(arguments)
 {
     m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    for (const char* const flag : {"json", "help", "h", "version", "v"})
+    for (const char* const flag : {"json", "reread", "help", "h", "version", "v"})
         m_parser.addOption(QCommandLineOption(QString::fromLatin1(flag)));
     for (const char* const name :
          {"library", "import", "list", "screenshot", "page", "search", "size", "scale", "plugin"})
@@ -123,6 +123,7 @@ void Reader::readFolder()
 
 void Reader::readFiles()
 {
+    m_result.reread = has("reread");
     m_result.libraryFile = value("library");
     m_result.screenshotFile = value("screenshot");
     m_result.pluginFile = value("plugin");
@@ -192,6 +193,8 @@ void Reader::checkTogether()
         complain(QStringLiteral("--json goes with --list."));
     if (has("list") && m_result.libraryFile.isEmpty() && m_result.folder.isEmpty())
         complain(QStringLiteral("--list needs --library FILE or a FOLDER that was imported."));
+    if (has("reread") && has("list"))
+        complain(QStringLiteral("--reread goes with a folder that is imported."));
     for (const char* const option : {"page", "search", "size", "scale", "plugin"}) {
         if (has(option) && (has("import") || has("list")))
             complain(QStringLiteral("--%1 goes with a window only.").arg(QLatin1String(option)));
@@ -232,7 +235,10 @@ changed.
   --import FOLDER    import without a window, and print the totals as one line:
                      files: N, tags: N, links: N, skipped: N
                      (in the library now; skipped: could not be read this time).
-                     Ctrl-C stops it; what was written until then stays.
+                     Ctrl-C stops it; what was written until then stays. A
+                     second Ctrl-C ends the program at once.
+  --reread           read every picture again, also those whose size and time
+                     of modification are the same as at the last import
   --list WHAT        print what a library holds, one line each, fields separated
                      by tabs:
                        tags        id, name, number of files, colour index

@@ -66,7 +66,7 @@ bool printTotals(const ImportSummary& summary)
     return printed >= 0 && fflush(stdout) == 0;
 }
 
-ImportSummary importFolder(Library& library, const QByteArray& folder)
+ImportSummary importFolder(Library& library, const CommandLine& commandLine)
 {
     Importer importer(&library);
     InterruptSignal interrupt;
@@ -83,7 +83,9 @@ ImportSummary importFolder(Library& library, const QByteArray& folder)
         result = summary;
         loop.quit();
     });
-    importer.start(folder);
+    ImportOptions options;
+    options.rereads = commandLine.reread;
+    importer.start(commandLine.folder, options);
     loop.exec();
     line.clear();
     return result;
@@ -98,13 +100,18 @@ int runImportCommand(const CommandLine& commandLine)
         printError("There is no folder " + escapedText(commandLine.folder));
         return CommandLine::exitUsage;
     }
+    const QByteArray path = commandLine.libraryPath();
+    if (path.isEmpty()) {
+        printError("There is no home folder to keep the library in; name its file with --library FILE");
+        return 1;
+    }
     QString error;
-    const std::unique_ptr<Library> library = Library::open(QString::fromUtf8(commandLine.libraryPath()), &error);
+    const std::unique_ptr<Library> library = Library::open(QString::fromUtf8(path), &error);
     if (!library) {
         printError(error.toUtf8());
         return 1;
     }
-    const ImportSummary summary = importFolder(*library, commandLine.folder);
+    const ImportSummary summary = importFolder(*library, commandLine);
     if (!summary.error.isEmpty()) {
         printError(summary.error.toUtf8());
     } else if (!printTotals(summary)) {

@@ -50,6 +50,7 @@ LibraryChoice LibraryChoice::make(const CommandLine& commandLine, const QSetting
     LibraryChoice choice;
     choice.file = commandLine.libraryFile;
     choice.folder = commandLine.folder;
+    choice.rereads = commandLine.reread;
     const bool named = !choice.file.isEmpty() || !choice.folder.isEmpty();
     if (!named) {
         choice.file = settings.value(fileKey).toByteArray();
@@ -74,7 +75,7 @@ LibraryChoice LibraryChoice::make(const CommandLine& commandLine, const QSetting
         choice.file = defaultLibraryPath(choice.folder);
     choice.isNew = !exists(choice.file);
     if (choice.file.isEmpty())
-        choice.error = tr("No place was found for the library of ") + shown(choice.folder);
+        choice.error = tr("There is no home folder to keep the library in; name its file with --library FILE");
     else if (choice.isNew && choice.folder.isEmpty())
         choice.error = tr("There is no library ") + shown(choice.file);
     else if (QFile::encodeName(QFile::decodeName(choice.file)) != choice.file)

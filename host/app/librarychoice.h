@@ -14,10 +14,11 @@ struct LibraryChoice
     Q_DECLARE_TR_FUNCTIONS(LibraryChoice)
 
 public:
-    QByteArray file;     ///< Database; created when there is a folder and no such file.
-    QByteArray folder;   ///< Absolute; empty when the library is opened as it is.
-    QString error;       ///< Why there is nothing to open, in words for the user; empty otherwise.
-    bool isNew = false;  ///< The file does not exist yet.
+    QByteArray file;       ///< Database; created when there is a folder and no such file.
+    QByteArray folder;     ///< Absolute; empty when the library is opened as it is.
+    bool rereads = false;  ///< Every picture is to be read again.
+    QString error;         ///< Why there is nothing to open, in words for the user; empty otherwise.
+    bool isNew = false;    ///< The file does not exist yet.
     /// Nothing was named, and nothing that was opened before is there any more: there is an error, but a person may
     /// still choose.
     bool isUndecided = false;

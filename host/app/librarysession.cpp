@@ -34,7 +34,9 @@ bool LibrarySession::startImport()
     if (m_choice.folder.isEmpty() || m_importer->isRunning())
         return false;
     m_skipped.clear();
-    return m_importer->start(m_choice.folder);
+    ImportOptions options;
+    options.rereads = m_choice.rereads;
+    return m_importer->start(m_choice.folder, options);
 }
 
 void LibrarySession::cancelImport()

@@ -3,6 +3,7 @@
 
 #include "host/app/commandline.h"
 #include "host/importer/escapedtext.h"
+#include "host/importer/folderwalk.h"
 #include "host/library/libraryreader.h"
 
 #include <QHash>
@@ -138,8 +139,10 @@ int fail(int status, const QByteArray& reason)
 int runListCommand(const CommandLine& commandLine)
 {
     const QByteArray path = commandLine.libraryPath();
-    if (path.isEmpty())
+    if (path.isEmpty() && !canonicalFolder(commandLine.folder))
         return fail(CommandLine::exitUsage, "There is no folder " + escapedText(commandLine.folder));
+    if (path.isEmpty())
+        return fail(1, "There is no home folder that holds libraries; name the library with --library FILE");
     if (access(path.constData(), F_OK) != 0)
         return fail(CommandLine::exitUsage, "There is no library " + escapedText(path));
     QString error;

@@ -29,11 +29,6 @@ QByteArray joined(const QByteArray& folder, const QByteArray& name)
     return folder.endsWith('/') ? QByteArray(folder + name) : QByteArray(folder + '/' + name);
 }
 
-bool isBelow(const QByteArray& path, const QByteArray& folder)
-{
-    return path.startsWith(joined(folder, {}));
-}
-
 QByteArray withoutExtension(const QByteArray& name)
 {
     const int dot = name.lastIndexOf('.');
@@ -51,6 +46,7 @@ struct FolderWalk::Listing
 
 bool FolderWalk::run(const QByteArray& folder, const Progress& progress)
 {
+    m_root = folder;
     m_folders.push_back(folder);
     while (!m_folders.empty() || !m_linkedFolders.empty()) {
         std::vector<QByteArray>& queue = m_folders.empty() ? m_linkedFolders : m_folders;
@@ -66,11 +62,18 @@ bool FolderWalk::run(const QByteArray& folder, const Progress& progress)
     return progress(int(m_pictures.size()));
 }
 
-bool FolderWalk::isKnownToBeGone(const QByteArray& path) const
+bool FolderWalk::isOutOfSight(const QByteArray& path) const
 {
-    return std::none_of(m_problems.begin(), m_problems.end(), [&path](const Problem& problem) {
-        return path == problem.path || isBelow(path, problem.path);
-    });
+    for (QByteArray ancestor = path; ancestor.size() >= m_root.size();) {
+        if (m_outOfSight.contains(ancestor))
+            return true;
+        const int slash = ancestor.lastIndexOf('/');
+        const QByteArray next = ancestor.left(qMax(slash, 1));
+        if (next == ancestor)
+            break;
+        ancestor = next;
+    }
+    return false;
 }
 
 void FolderWalk::visitFolder(const QByteArray& folder)
@@ -87,14 +90,20 @@ void FolderWalk::visitFolder(const QByteArray& folder)
     m_visitedFolders.insert(identity);
 
     Listing listing;
+    int entries = 0;
     errno = 0;
     while (const dirent* const entry = readdir(handle.get())) {
-        if (entry->d_name[0] != '.')
-            lookAt(folder, entry->d_name, listing);
+        const QByteArray name = entry->d_name;
+        if (!name.startsWith('.'))
+            lookAt(folder, name, listing);
+        if (name != "." && name != "..")
+            ++entries;
         errno = 0;
     }
     if (errno != 0)
         addProblem(folder, errno);
+    if (entries == 0)
+        m_outOfSight.insert(folder);
     addPictures(folder, listing);
 }
 
@@ -110,6 +119,7 @@ void FolderWalk::lookAt(const QByteArray& folder, const QByteArray& name, Listin
     if (isLink && stat(path.constData(), &status) != 0) {
         if (PictureFormats::isPicture(name))
             addProblem(path, errno);
+        m_outOfSight.insert(path);
         return;
     }
     const qint64 modified = nanoseconds(status.st_mtim);
@@ -156,6 +166,7 @@ void FolderWalk::addLinkedPictures()
 void FolderWalk::addProblem(const QByteArray& path, int errorNumber)
 {
     m_problems.push_back({path, QString::fromLocal8Bit(strerror(errorNumber))});
+    m_outOfSight.insert(path);
 }
 
 std::optional<QByteArray> canonicalFolder(const QByteArray& folder)

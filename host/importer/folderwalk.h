@@ -32,8 +32,10 @@ public:
     [[nodiscard]] const std::vector<FoundPicture>& pictures() const { return m_pictures; }
     /// Folders and files that could not be looked at.
     [[nodiscard]] const std::vector<Problem>& problems() const { return m_problems; }
-    /// Whether a picture at \a path, which was not found, is really gone: false when it may be out of sight.
-    [[nodiscard]] bool isKnownToBeGone(const QByteArray& path) const;
+    /// Whether a picture at \a path, which the walk did not meet, may be on a disk that is not connected or in a
+    /// folder that cannot be read: it or a folder above it is a problem, a link that leads nowhere, or a folder
+    /// without any entry, as mount points are. The cost grows with the depth of the path only.
+    [[nodiscard]] bool isOutOfSight(const QByteArray& path) const;
 
 private:
     using Identity = std::pair<quint64, quint64>;  // Device and inode.
@@ -53,11 +55,13 @@ private:
     void addLinkedPictures();
     void addProblem(const QByteArray& path, int errorNumber);
 
+    QByteArray m_root;
     std::vector<QByteArray> m_folders;        // Still to be visited, last one first.
     std::vector<QByteArray> m_linkedFolders;  // Visited after all others, so that a folder is met by its own path.
     std::vector<std::pair<FoundPicture, Identity>> m_linkedPictures;
     QSet<Identity> m_visitedFolders;
     QSet<Identity> m_metPictures;
+    QSet<QByteArray> m_outOfSight;  // Paths of files and folders; what is below them is out of sight as well.
     std::vector<FoundPicture> m_pictures;
     std::vector<Problem> m_problems;
 };

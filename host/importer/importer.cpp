@@ -20,13 +20,13 @@ Importer::~Importer()
     m_thread.wait();
 }
 
-bool Importer::start(const QByteArray& folder)
+bool Importer::start(const QByteArray& folder, const ImportOptions& options)
 {
     if (m_running)
         return false;
     m_running = true;
     m_cancelled = false;
-    auto* const job = new ImportJob(m_library, folder, m_readerSettings, m_cancelled);
+    auto* const job = new ImportJob(m_library, folder, options, m_readerSettings, m_cancelled);
     job->moveToThread(&m_thread);
     connect(&m_thread, &QThread::started, job, &ImportJob::run);
     connect(this, &Importer::cancelRequested, job, &ImportJob::checkCancelled);
@@ -37,6 +37,11 @@ bool Importer::start(const QByteArray& folder)
     connect(job, &ImportJob::finished, job, &QObject::deleteLater);
     connect(job, &QObject::destroyed, &m_thread, &QThread::quit, Qt::DirectConnection);
     m_thread.start();
+    if (!m_thread.isRunning() && !m_thread.isFinished()) {
+        m_summary.error = tr("The system has no room for another thread.");
+        delete job;
+        QMetaObject::invokeMethod(this, &Importer::handleThreadEnd, Qt::QueuedConnection);
+    }
     return true;
 }
 

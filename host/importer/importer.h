@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/importer/importoptions.h"
 #include "host/importer/importsummary.h"
 #include "host/importer/metadata/readerpool.h"
 
@@ -29,7 +30,7 @@ public:
     void setReaderSettings(const ReaderPool::Settings& settings) { m_readerSettings = settings; }
 
     /// Starts to import the folder (the bytes of its path). False, doing nothing, while an import is running.
-    bool start(const QByteArray& folder);
+    bool start(const QByteArray& folder, const ImportOptions& options = {});
     [[nodiscard]] bool isRunning() const { return m_running; }
 
 public slots:
@@ -42,7 +43,7 @@ signals:
     void progress(int done, int found);
     /// A file or a folder (the bytes of its path) could not be read and was left out.
     void skipped(const QByteArray& path, const QString& reason);
-    /// Sent exactly once for each start(); a new one may be started from here.
+    /// Sent exactly once for each start(), never from inside it; a new one may be started from here.
     void finished(const ImportSummary& summary);
     /// Internal: cancel() was called.
     void cancelRequested(QPrivateSignal);

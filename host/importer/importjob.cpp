@@ -22,10 +22,12 @@ namespace {
 constexpr int batchSize = 500;
 // Paths looked up in the library at once.
 constexpr int lookUpSize = 2000;
+// UTF-16 units. What is longer is no keyword but damage: a window takes 46 seconds to lay out 15 million of them.
+constexpr int longestKeyword = 1000;
 // Milliseconds between two reports of progress.
 constexpr qint64 progressInterval = 50;
 
-QByteArray hashOf(const QStringList& keywords)
+QByteArray hashOf(const QVector<QString>& keywords)
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
@@ -47,10 +49,11 @@ bool isSameStamp(const FileState& a, const FileState& b)
 
 }  // namespace
 
-ImportJob::ImportJob(Library* library, const QByteArray& folder, const ReaderPool::Settings& settings,
-                     const std::atomic_bool& cancelled)
+ImportJob::ImportJob(Library* library, const QByteArray& folder, const ImportOptions& options,
+                     const ReaderPool::Settings& settings, const std::atomic_bool& cancelled)
     : m_library(library)
     , m_folder(folder)
+    , m_options(options)
     , m_settings(settings)
     , m_cancelled(cancelled)
 {
@@ -119,10 +122,11 @@ bool ImportJob::collectChanged()
         for (size_t i = begin; i < end; ++i) {
             const FoundPicture& picture = pictures.at(i);
             const auto known = states.constFind(picture.path);
-            if (known == states.constEnd() || !isSameStamp(*known, picture.state()))
-                addReading(picture);
-            else
+            if (!m_options.rereads && known != states.constEnd() && isSameStamp(*known, picture.state())) {
                 ++m_done;
+                continue;
+            }
+            addReading(picture);
             if (known != states.constEnd() && !known->content.isEmpty())
                 m_knownContents.insert(picture.path, known->content);
         }
@@ -180,18 +184,34 @@ void ImportJob::completeReading(Reading& reading)
     reportProgress();
     if (reading.unreadable)
         return;
-    KeywordList keywords;
-    for (const QStringList& part : qAsConst(reading.keywords))
-        keywords.add(part);
+    const QVector<QString> keywords = keywordsOf(reading);
     ImportedFile file;
     file.path = reading.picture->path;
     file.state = reading.picture->state();
     file.state.sidecars = reading.sidecarStamps;
-    file.state.content = hashOf(keywords.keywords());
+    file.state.content = hashOf(keywords);
     if (m_knownContents.value(file.path) != file.state.content)
-        file.keywords = keywords.keywords().toVector();
+        file.keywords = keywords;
     m_batch.append(file);
     reading.keywords.clear();
+}
+
+QVector<QString> ImportJob::keywordsOf(const Reading& reading)
+{
+    KeywordList keywords;
+    int tooLong = 0;
+    for (const QStringList& part : reading.keywords) {
+        for (const QString& keyword : part) {
+            if (keyword.size() > longestKeyword)
+                ++tooLong;
+            else
+                keywords.add(keyword);
+        }
+    }
+    if (tooLong > 0)
+        reportSkipped(reading.picture->path, tr("Keywords of more than %1 characters were left out: %2")
+                                                 .arg(QString::number(longestKeyword), QString::number(tooLong)));
+    return keywords.keywords().toVector();
 }
 
 void ImportJob::writeBatch()
@@ -210,6 +230,9 @@ void ImportJob::forgetVanished()
         const QVector<QByteArray> paths = m_known->pathsBelow(m_folder, after, lookUpSize);
         if (!m_known->lastError().isEmpty())
             m_summary.error = m_known->lastError();
+        // A damaged index may give the same paths for ever.
+        else if (!paths.isEmpty() && !(after < paths.last()))
+            m_summary.error = tr("The library is damaged: the list of its files is out of order.");
         if (paths.isEmpty() || m_cancelled || !m_summary.error.isEmpty())
             return;
         after = paths.last();
@@ -228,7 +251,7 @@ QVector<QByteArray> ImportJob::vanishedAmong(const QVector<QByteArray>& paths) c
             pictures.begin(), pictures.end(), path,
             [](const FoundPicture& picture, const QByteArray& sought) { return picture.path < sought; });
         const bool found = place != pictures.end() && place->path == path;
-        if (!found && m_walk.isKnownToBeGone(path) && !exists(path))
+        if (!found && !m_walk.isOutOfSight(path) && !exists(path))
             vanished.append(path);
     }
     return vanished;
@@ -280,8 +303,11 @@ void ImportJob::end()
         return;
     m_ended = true;
     m_summary.cancelled = m_cancelled && m_summary.error.isEmpty();
-    if (m_known)
+    if (m_known) {
         m_summary.totals = m_known->totals();
+        if (m_summary.error.isEmpty())
+            m_summary.error = m_known->lastError();
+    }
     if (m_summary.error.isEmpty() && !m_summary.cancelled)
         reportProgress(true);
     emit finished(m_summary);

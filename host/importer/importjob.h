@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/importer/folderwalk.h"
+#include "host/importer/importoptions.h"
 #include "host/importer/importsummary.h"
 #include "host/importer/metadata/readerpool.h"
 
@@ -23,8 +24,8 @@ class ImportJob : public QObject
 
 public:
     /// \a library and \a cancelled outlive the job; the flag may be set on any thread.
-    ImportJob(Library* library, const QByteArray& folder, const ReaderPool::Settings& settings,
-              const std::atomic_bool& cancelled);
+    ImportJob(Library* library, const QByteArray& folder, const ImportOptions& options,
+              const ReaderPool::Settings& settings, const std::atomic_bool& cancelled);
     ~ImportJob() override;
 
 public slots:
@@ -64,6 +65,7 @@ private:
     void addReading(const FoundPicture& picture);
     void startReading();
     void completeReading(Reading& reading);
+    [[nodiscard]] QVector<QString> keywordsOf(const Reading& reading);
     void writeBatch();
     void forgetVanished();
     [[nodiscard]] QVector<QByteArray> vanishedAmong(const QVector<QByteArray>& paths) const;
@@ -75,6 +77,7 @@ private:
 
     Library* m_library;
     QByteArray m_folder;
+    ImportOptions m_options;
     ReaderPool::Settings m_settings;
     const std::atomic_bool& m_cancelled;
     FolderWalk m_walk;

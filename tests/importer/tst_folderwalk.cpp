@@ -95,8 +95,22 @@ private slots:
         QCOMPARE(int(m_walk.problems().size()), 1);
         QCOMPARE(m_walk.problems().front().path, path("closed"));
         QVERIFY(!m_walk.problems().front().reason.isEmpty());
-        QVERIFY(!m_walk.isKnownToBeGone(path("closed/a.jpg")));
-        QVERIFY(m_walk.isKnownToBeGone(path("closed too.jpg")));
+        QVERIFY(m_walk.isOutOfSight(path("closed/a.jpg")));
+        QVERIFY(!m_walk.isOutOfSight(path("closed too.jpg")));
+    }
+
+    void knowsWhatMayBeAway()
+    {
+        makeFolder("mount point");
+        makeFolder("b");
+        writeFile(path("b/.notes"), "x");
+        makeLink("/nowhere/at/all", "disk");
+        makeLink("/nowhere/a.jpg", "b/a.jpg");
+        QCOMPARE(found(), QList<QByteArray>());
+        for (const char* const name : {"disk/a.jpg", "disk/deep/a.jpg", "mount point/a.jpg", "b/a.jpg"})
+            QVERIFY2(m_walk.isOutOfSight(path(name)), name);
+        for (const char* const name : {"b/b.jpg", "disks.jpg", "a.jpg", "gone/a.jpg"})
+            QVERIFY2(!m_walk.isOutOfSight(path(name)), name);
     }
 
 private:

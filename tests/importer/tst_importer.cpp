@@ -144,35 +144,54 @@ private slots:
         QCOMPARE(import().summary.changed, 0);
     }
 
+    void keywordsWithoutEndAreLeftOut()
+    {
+        writePicture(path("a.jpg"), {QStringLiteral("fine"), QString(1001, QLatin1Char('x'))});
+        QVERIFY(import().skipped.value(path("a.jpg")).contains(QLatin1String("1000 characters")));
+        QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("fine")});
+    }
+
     void vanishedFilesLeave()
     {
         for (const char* const name : {"sub", "other", "sub more"})
             makeFolder(name);
-        for (const char* const name : {"a.jpg", "b.jpg", "sub/c.jpg", "other/d.jpg", "sub more/e.jpg"})
+        for (const char* const name :
+             {"a.jpg", "b.jpg", "sub/c.jpg", "other/d.jpg", "sub more/e.jpg", "sub more/f.jpg"})
             writePicture(path(name), {QStringLiteral("tag")});
         import();
         for (const char* const name : {"a.jpg", "sub/c.jpg", "sub more/e.jpg"})
             QCOMPARE(unlink(path(name).constData()), 0);
+        writeFile(path("sub/notes.txt"), "Not an empty folder");
         QCOMPARE(ImportRun(*m_library, path("sub")).summary.removed, 1);
         QVERIFY(ImportRun(*m_library, path("nowhere")).summary.noSuchFolder);
-        QCOMPARE(tags().keys(), (QList<QByteArray>{"a.jpg", "b.jpg", "other/d.jpg", "sub more/e.jpg"}));
+        QCOMPARE(tags().keys(),
+                 (QList<QByteArray>{"a.jpg", "b.jpg", "other/d.jpg", "sub more/e.jpg", "sub more/f.jpg"}));
         QCOMPARE(rename(path("other").constData(), path("moved").constData()), 0);
         const ImportRun run = import();
         QCOMPARE(run.summary.removed, 3);
         QCOMPARE(run.summary.added, 1);
-        QCOMPARE(tags().keys(), (QList<QByteArray>{"b.jpg", "moved/d.jpg"}));
+        QCOMPARE(tags().keys(), (QList<QByteArray>{"b.jpg", "moved/d.jpg", "sub more/f.jpg"}));
     }
 
     void filesOutOfSightStay()
     {
-        makeFolder("seen");
-        writePicture(path("seen/a.jpg"), {QStringLiteral("tag")});
+        makeFolder("disk");
+        makeFolder("disk/deep");
+        writePicture(path("disk/a.jpg"), {QStringLiteral("tag")});
+        writePicture(path("disk/deep/b.jpg"), {QStringLiteral("tag")});
         import();
-        QCOMPARE(rename(path("seen").constData(), path(".hidden").constData()), 0);
-        // A link into nowhere stands for a folder whose disk is not there.
-        QCOMPARE(symlink(".hidden", path("seen").constData()), 0);
-        QCOMPARE(import().summary.removed, 0);
-        QCOMPARE(tags().keys(), QList<QByteArray>{"seen/a.jpg"});
+        const QMap<QByteArray, QStringList> before = tags();
+        QCOMPARE(before.size(), 2);
+        QCOMPARE(rename(path("disk").constData(), path(".away").constData()), 0);
+        const auto staysWhole = [&] { return import().summary.removed == 0 && tags() == before; };
+        makeFolder("disk");
+        QVERIFY2(staysWhole(), "a mount point without its disk");
+        QCOMPARE(rmdir(path("disk").constData()), 0);
+        QCOMPARE(symlink("/nowhere/at/all", path("disk").constData()), 0);
+        QVERIFY2(staysWhole(), "a link to a disk that is not there");
+        QCOMPARE(unlink(path("disk").constData()), 0);
+        QCOMPARE(rename(path(".away").constData(), path("disk").constData()), 0);
+        QVERIFY(staysWhole());
     }
 
     void badFilesAreNamedAndSkipped()
