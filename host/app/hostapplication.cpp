@@ -32,7 +32,8 @@
 namespace {
 
 constexpr int exitFailure = 1;
-constexpr QSize defaultSize(1100, 700);    // logical pixels
+constexpr QSize defaultSize(1100, 700);  // logical pixels
+const QString scaledKey = QStringLiteral("screen/scaled");
 constexpr double unscaledDpi = 96;         // Qt's, on every platform but macOS
 constexpr double smallestScaling = 0.125;  // from here on, a quarter more is nearer than nothing
 
@@ -53,14 +54,21 @@ void tellSkipped(const SkippedFile& file)
 // them.
 bool hasScaledScreen()
 {
-    char name[] = "vellum";
-    char* arguments[] = {name, nullptr};
-    int count = 1;
-    const QGuiApplication probe(count, arguments);
+    // Where Qt scales, it gives the resolution that is left.
+    const bool applied = QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling);
+    const QByteArray chosen = qgetenv("QT_SCALE_FACTOR");
+    const double factor = chosen.isEmpty() ? 1 : chosen.toDouble();
     const QList<QScreen*> screens = QGuiApplication::screens();
-    return std::any_of(screens.cbegin(), screens.cend(), [](const QScreen* screen) {
-        return std::abs(screen->logicalDotsPerInch() / unscaledDpi - 1) > smallestScaling;
+    return std::any_of(screens.cbegin(), screens.cend(), [applied, factor](const QScreen* screen) {
+        const double dpi = screen->logicalDotsPerInch() * (applied ? screen->devicePixelRatio() / factor : 1);
+        return std::abs(dpi / unscaledDpi - 1) > smallestScaling;
     });
+}
+
+// A picture has the size that was asked for, whatever the resolution of the screen that Qt makes up for it.
+bool rendersToFile(const CommandLine& commandLine)
+{
+    return qgetenv("QT_QPA_PLATFORM").startsWith("offscreen") || commandLine.action == CommandLine::Action::Screenshot;
 }
 
 QPalette skinPalette()
@@ -111,14 +119,22 @@ void HostApplication::prepare(const CommandLine& commandLine)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (commandLine.scale)
         qputenv("QT_SCALE_FACTOR", QByteArray::number(*commandLine.scale));
-    // A picture has the size that was asked for, whatever the resolution of the screen that Qt makes up for it.
-    const bool toFile =
-        qgetenv("QT_QPA_PLATFORM").startsWith("offscreen") || commandLine.action == CommandLine::Action::Screenshot;
-    if (!toFile && hasScaledScreen())
-        QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    const bool scaled = !rendersToFile(commandLine) && QSettings().value(scaledKey).toBool();
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling, scaled);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QGuiApplication::setDesktopFileName(QStringLiteral("vellum"));
+}
+
+bool HostApplication::hasOtherScale(const CommandLine& commandLine)
+{
+    if (rendersToFile(commandLine))
+        return false;
+    const bool scaled = hasScaledScreen();
+    QSettings settings;
+    if (settings.value(scaledKey).toBool() != scaled)
+        settings.setValue(scaledKey, scaled);
+    return QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling) != scaled;
 }
 
 HostApplication::HostApplication(const CommandLine& commandLine, bool hasDisplay)

@@ -23,6 +23,9 @@ public:
     [[nodiscard]] static bool hasDisplay();
     /// Chooses platform and scale. To be called before there is a QApplication; changes the environment.
     static void prepare(const CommandLine& commandLine);
+    /// Whether the screens are scaled though prepare() took them not to be, or the other way round; it went by what
+    /// was seen at the last start. prepare() knows from now on, so a QApplication made after another call is right.
+    [[nodiscard]] static bool hasOtherScale(const CommandLine& commandLine);
 
     /// \a hasDisplay as it was before prepare(); without one there is no window, but there are screenshots.
     HostApplication(const CommandLine& commandLine, bool hasDisplay);

@@ -19,6 +19,8 @@ struct sigaction previousActions[2];
 void handleSignal(int)
 {
     const int errnoBefore = errno;
+    for (const int caught : caughtSignals)
+        signal(caught, SIG_DFL);
     const char byte = 0;
     const ssize_t written = write(pipeEnds[1], &byte, 1);
     Q_UNUSED(written)  // A full pipe holds news enough.
@@ -31,7 +33,7 @@ InterruptSignal::InterruptSignal(QObject* parent)
     : QObject(parent)
 {
     if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
-        qFatal("No pipe for signals");
+        return;  // Without descriptors for it, the signals keep ending the program at once.
     m_notifier = new QSocketNotifier(pipeEnds[0], QSocketNotifier::Read, this);
     connect(m_notifier, &QSocketNotifier::activated, this, &InterruptSignal::readPipe);
     struct sigaction action = {};
@@ -43,6 +45,8 @@ InterruptSignal::InterruptSignal(QObject* parent)
 
 InterruptSignal::~InterruptSignal()
 {
+    if (!m_notifier)
+        return;
     for (int i = 0; i < 2; ++i)
         sigaction(caughtSignals[i], &previousActions[i], nullptr);
     delete m_notifier;

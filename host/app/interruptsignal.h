@@ -5,8 +5,8 @@
 
 class QSocketNotifier;
 
-/// Turns SIGINT and SIGTERM into a signal of the event loop. One at a time; the handlers found before come back when it
-/// is destroyed.
+/// Turns SIGINT and SIGTERM into a signal of the event loop, once: a second one ends the program, so that a person can
+/// always end it. One at a time; the handlers found before come back when it is destroyed.
 class InterruptSignal : public QObject
 {
     Q_OBJECT
@@ -22,5 +22,5 @@ private slots:
     void readPipe();
 
 private:
-    QSocketNotifier* m_notifier;
+    QSocketNotifier* m_notifier = nullptr;  ///< Null when nothing is caught.
 };

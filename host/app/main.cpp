@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/commandline.h"
+#include "host/app/descriptorlimit.h"
 #include "host/app/hostapplication.h"
 #include "host/app/importcommand.h"
 #include "host/app/listcommand.h"
@@ -7,10 +8,12 @@
 #include "host/importer/metadata/metadatareader.h"
 
 #include <QApplication>
+#include <QThread>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 namespace {
 
@@ -34,6 +37,15 @@ int print(const QString& text)
     return 1;
 }
 
+bool hasDescriptors(const CommandLine& commandLine)
+{
+    const int readers = commandLine.action == CommandLine::Action::List ? 0 : QThread::idealThreadCount();
+    const QString lack = lackOfDescriptors(readers);
+    if (!lack.isEmpty())
+        std::fprintf(stderr, "vellum: %s\n", lack.toLocal8Bit().constData());
+    return lack.isEmpty();
+}
+
 int runWithoutDisplay(const CommandLine& commandLine, int argc, char** argv)
 {
     switch (commandLine.action) {
@@ -46,6 +58,8 @@ int runWithoutDisplay(const CommandLine& commandLine, int argc, char** argv)
     default:
         break;
     }
+    if (!hasDescriptors(commandLine))
+        return 1;
     const QCoreApplication application(argc, argv);
     return commandLine.action == CommandLine::Action::Import ? runImportCommand(commandLine)
                                                              : runListCommand(commandLine);
@@ -63,9 +77,16 @@ int main(int argc, char** argv)
     }
     if (commandLine.needsNoDisplay())
         return runWithoutDisplay(commandLine, argc, argv);
+    if (!hasDescriptors(commandLine))
+        return 1;
     const bool hasDisplay = HostApplication::hasDisplay();
     HostApplication::prepare(commandLine);
-    const QApplication application(argc, argv);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    if (HostApplication::hasOtherScale(commandLine)) {
+        application.reset();
+        HostApplication::prepare(commandLine);
+        application = std::make_unique<QApplication>(argc, argv);
+    }
     HostApplication host(commandLine, hasDisplay);
     return host.run();
 }

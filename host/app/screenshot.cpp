@@ -3,12 +3,12 @@
 
 #include "host/app/commandline.h"
 #include "host/app/hostwindow.h"
+#include "host/app/outputfile.h"
 #include "host/app/quietmoment.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QImageWriter>
 #include <QPixmap>
-#include <QSaveFile>
 
 Screenshot::Screenshot(HostWindow& window, const CommandLine& commandLine, QObject* parent)
     : QObject(parent)
@@ -26,16 +26,10 @@ void Screenshot::take()
 
 void Screenshot::write()
 {
-    QSaveFile file(QFile::decodeName(m_commandLine.screenshotFile));
-    if (!file.open(QIODevice::WriteOnly)) {
-        emit finished(tr("The picture cannot be written: ") + file.errorString());
-        return;
-    }
-    QImageWriter writer(&file, "png");
-    if (!writer.write(m_window.grab().toImage()))
-        emit finished(tr("The picture cannot be written: ") + writer.errorString());
-    else if (!file.commit())
-        emit finished(tr("The picture cannot be written: ") + file.errorString());
-    else
-        emit finished({});
+    QByteArray png;
+    QBuffer buffer(&png);
+    QImageWriter writer(&buffer, "png");
+    const bool encoded = buffer.open(QIODevice::WriteOnly) && writer.write(m_window.grab().toImage());
+    const QString error = encoded ? writeOutputFile(m_commandLine.screenshotFile, png) : writer.errorString();
+    emit finished(error.isEmpty() ? QString() : tr("The picture cannot be written: ") + error);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/app/outputfile.h"
 #include "tests/app/picturefolder.h"
 
 #include <QFile>
@@ -6,6 +7,10 @@
 #include <QLibraryInfo>
 #include <QProcess>
 #include <QTest>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -58,6 +63,29 @@ private slots:
         const QImage favorites = screenshot(size + QStringList{QStringLiteral("--page"), QStringLiteral("favorites")});
         QVERIFY(!searched.isNull() && !categories.isNull() && !favorites.isNull());
         QVERIFY(searched != plain && categories != plain && favorites != plain && favorites != categories);
+    }
+
+    void outputGoesWhereItIsSent()
+    {
+        const QByteArray pipe = m_home->path("pipe");
+        QCOMPARE(mkfifo(pipe.constData(), 0600), 0);
+        QVERIFY2(!writeOutputFile(pipe, "x").isEmpty(), "nobody reads it");
+        const int reader = open(pipe.constData(), O_RDONLY | O_NONBLOCK);
+        QCOMPARE(writeOutputFile(pipe, "x"), QString());
+        char byte = 0;
+        QCOMPARE(read(reader, &byte, 1), ssize_t(1));
+        close(reader);
+
+        const QByteArray file = m_home->path("b\xff.png");
+        QCOMPARE(symlink(file.constData(), m_home->path("link").constData()), 0);
+        QCOMPARE(writeOutputFile(file, "one"), QString());
+        QCOMPARE(chmod(file.constData(), 0604), 0);
+        QCOMPARE(writeOutputFile(m_home->path("link"), "two"), QString());
+        QCOMPARE(fileBytes(file), QByteArray("two"));
+        struct stat status = {};
+        QCOMPARE(lstat(file.constData(), &status), 0);
+        QCOMPARE(status.st_mode, mode_t(S_IFREG | 0604));
+        QVERIFY(!writeOutputFile(m_home->path(), "x").isEmpty());
     }
 
     void misuseIsRefused_data()
