@@ -19,48 +19,49 @@ private slots:
 
     void knowsWhatItWasTold()
     {
-        ComputerState().noteLibrary("/a\xff.vellum", QStringLiteral("one"));
-        ComputerState().setMount(QStringLiteral("one"), 1, "/pictures\xff");
-        ComputerState().setMount(QStringLiteral("one"), 1, "/elsewhere");
-        ComputerState().setMount(QStringLiteral("two"), 1, "/pictures");
-        ComputerState state;
-        QCOMPARE(state.libraries().size(), 1);
-        QCOMPARE(state.libraries().first().file, QByteArray("/a\xff.vellum"));
-        const QHash<qint64, QByteArray> mounts = {{1, "/elsewhere"}};
-        QCOMPARE(state.mounts(QStringLiteral("one")), mounts);
-        state.removeRoot(QStringLiteral("one"), 1);
-        QVERIFY(state.mounts(QStringLiteral("one")).isEmpty());
-        QCOMPARE(state.mounts(QStringLiteral("two")).size(), 1);
+        const QString one = QStringLiteral("one");
+        const QString two = QStringLiteral("two");
+        ComputerState(one).noteFile("/a\xff.vellum");
+        ComputerState(one).setMount(1, "/pictures\xff");
+        ComputerState(one).setMount(1, "/elsewhere");
+        ComputerState(two).setMount(1, "/pictures");
+        const QVector<KnownLibrary> known = ComputerState::knownLibraries();
+        QCOMPARE(known.size(), 1);
+        QCOMPARE(known.first().file, QByteArray("/a\xff.vellum"));
+        QCOMPARE(known.first().id, one);
+        QCOMPARE(known.first().mounts, (QHash<qint64, QByteArray>{{1, "/elsewhere"}}));
+        ComputerState(one).removeRoot(1);
+        QVERIFY(ComputerState(one).mounts().isEmpty());
+        QCOMPARE(ComputerState(two).mounts().size(), 1);
     }
 
     void keepsUnreadableFilesByFolder()
     {
-        ComputerState state;
-        const QString id = QStringLiteral("one");
-        state.setUnreadable(id, 1, {},
-                            {{"", "", "closed"}, {"a/b", "1", "bad"}, {"a b", "1", "bad"}, {"c", "1", "bad"}});
-        QCOMPARE(state.unreadable(id, 1, {}).size(), 4);
-        QCOMPARE(state.unreadable(id, 1, "a").keys(), QList<QByteArray>{"a/b"});
-        state.setUnreadable(id, 1, "a", {{"a/d", "2", "worse"}});
-        QCOMPARE(ComputerState().unreadable(id, 1, {}).size(), 4);
-        QCOMPARE(state.unreadable(id, 1, "a/d").value("a/d").reason, QStringLiteral("worse"));
-        QVERIFY(state.unreadable(id, 2, {}).isEmpty());
+        ComputerState state(QStringLiteral("one"));
+        state.setUnreadable(1, {}, {{"", "", "closed"}, {"a/b", "1", "bad"}, {"a b", "1", "bad"}, {"c", "1", "bad"}});
+        QCOMPARE(state.unreadable(1).size(), 4);
+        QCOMPARE(state.unreadable(1, "a").keys(), QList<QByteArray>{"a/b"});
+        state.setUnreadable(1, "a", {{"a/d", "2", "worse"}});
+        QCOMPARE(ComputerState(QStringLiteral("one")).unreadable(1).size(), 4);
+        QCOMPARE(state.unreadable(1, "a/d").value("a/d").reason, QStringLiteral("worse"));
+        QVERIFY(state.unreadable(2).isEmpty());
     }
 
     void losesNothingButItsOwnNotes()
     {
-        ComputerState().setMount(QStringLiteral("one"), 1, "/a");
+        const QString id = QStringLiteral("one");
+        ComputerState(id).setMount(1, "/a");
         for (const char* const ending : {"", "-wal", "-shm"})
             writeFile(personalDataFolder() + "/computer-1.sqlite" + ending, QByteArray(5000, 'x'));
-        ComputerState state;
-        QVERIFY(state.mounts(QStringLiteral("one")).isEmpty());
-        state.setMount(QStringLiteral("one"), 1, "/b");
-        QCOMPARE(ComputerState().mounts(QStringLiteral("one")).value(1), QByteArray("/b"));
+        ComputerState state(id);
+        QVERIFY(state.mounts().isEmpty());
+        state.setMount(1, "/b");
+        QCOMPARE(ComputerState(id).mounts().value(1), QByteArray("/b"));
 
         // Nowhere to keep it: for this process only.
         qputenv("XDG_DATA_HOME", "/dev/null");
-        ComputerState().setMount(QStringLiteral("one"), 1, "/c");
-        QCOMPARE(ComputerState().mounts(QStringLiteral("one")).value(1), QByteArray("/c"));
+        ComputerState(id).setMount(1, "/c");
+        QCOMPARE(ComputerState(id).mounts().value(1), QByteArray("/c"));
     }
 
 private:

@@ -78,8 +78,9 @@ std::unique_ptr<LibraryDatabase> openTemporary()
 
 }  // namespace
 
-ComputerState::ComputerState()
-    : m_database(openIn(personalDataFolder()))
+ComputerState::ComputerState(const QString& libraryId)
+    : m_libraryId(libraryId)
+    , m_database(openIn(personalDataFolder()))
 {
     if (!m_database)
         m_database = openTemporary();
@@ -99,63 +100,65 @@ void ComputerState::attempt(Operation operation) const
     }
 }
 
-void ComputerState::noteLibrary(const QByteArray& file, const QString& id)
-{
-    attempt([&](LibraryDatabase& database) {
-        LibraryStatement(database, "INSERT OR REPLACE INTO libraries (file, library) VALUES (?, ?)").run(file, id);
-    });
-}
-
-QVector<KnownLibrary> ComputerState::libraries() const
+QVector<KnownLibrary> ComputerState::knownLibraries()
 {
     QVector<KnownLibrary> known;
-    attempt([&known](LibraryDatabase& database) {
+    ComputerState({}).attempt([&known](LibraryDatabase& database) {
         LibraryStatement select(database, "SELECT file, library FROM libraries ORDER BY file");
         select.run();
         while (select.next())
-            known.append({select.bytes(0), QString::fromUtf8(select.bytes(1))});
+            known.append({select.bytes(0), QString::fromUtf8(select.bytes(1)), {}});
     });
+    for (KnownLibrary& library : known)
+        library.mounts = ComputerState(library.id).mounts();
     return known;
 }
 
-QHash<qint64, QByteArray> ComputerState::mounts(const QString& libraryId) const
+void ComputerState::noteFile(const QByteArray& file)
+{
+    attempt([&](LibraryDatabase& database) {
+        LibraryStatement(database, "INSERT OR REPLACE INTO libraries (file, library) VALUES (?, ?)")
+            .run(file, m_libraryId);
+    });
+}
+
+QHash<qint64, QByteArray> ComputerState::mounts() const
 {
     QHash<qint64, QByteArray> folders;
     attempt([&](LibraryDatabase& database) {
         LibraryStatement select(database, "SELECT root, folder FROM mounts WHERE library = ?");
-        select.run(libraryId);
+        select.run(m_libraryId);
         while (select.next())
             folders.insert(select.integer(0), select.bytes(1));
     });
     return folders;
 }
 
-void ComputerState::setMount(const QString& libraryId, qint64 rootId, const QByteArray& folder)
+void ComputerState::setMount(qint64 rootId, const QByteArray& folder)
 {
     attempt([&](LibraryDatabase& database) {
         LibraryStatement(database, "INSERT OR REPLACE INTO mounts (library, root, folder) VALUES (?, ?, ?)")
-            .run(libraryId, rootId, folder);
+            .run(m_libraryId, rootId, folder);
     });
 }
 
-void ComputerState::removeRoot(const QString& libraryId, qint64 rootId)
+void ComputerState::removeRoot(qint64 rootId)
 {
     attempt([&](LibraryDatabase& database) {
         LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing);
-        LibraryStatement(database, "DELETE FROM mounts WHERE library = ? AND root = ?").run(libraryId, rootId);
-        LibraryStatement(database, "DELETE FROM unreadable WHERE library = ? AND root = ?").run(libraryId, rootId);
+        LibraryStatement(database, "DELETE FROM mounts WHERE library = ? AND root = ?").run(m_libraryId, rootId);
+        LibraryStatement(database, "DELETE FROM unreadable WHERE library = ? AND root = ?").run(m_libraryId, rootId);
         transaction.commit();
     });
 }
 
-QHash<QByteArray, UnreadableFile> ComputerState::unreadable(const QString& libraryId, qint64 rootId,
-                                                            const QByteArray& folder) const
+QHash<QByteArray, UnreadableFile> ComputerState::unreadable(qint64 rootId, const QByteArray& folder) const
 {
     QHash<QByteArray, UnreadableFile> files;
     attempt([&](LibraryDatabase& database) {
         LibraryStatement select(database, "SELECT path, stamp, reason FROM unreadable WHERE library = ? AND root = ?"
                                           " AND (? OR path = ? OR (path > ? AND path < ?))");
-        select.run(libraryId, rootId, folder.isEmpty(), blob(folder), QByteArray(folder + '/'),
+        select.run(m_libraryId, rootId, folder.isEmpty(), blob(folder), QByteArray(folder + '/'),
                    QByteArray(folder + char('/' + 1)));
         while (select.next())
             files.insert(select.bytes(0), {select.bytes(0), select.bytes(1), QString::fromUtf8(select.bytes(2))});
@@ -163,19 +166,18 @@ QHash<QByteArray, UnreadableFile> ComputerState::unreadable(const QString& libra
     return files;
 }
 
-void ComputerState::setUnreadable(const QString& libraryId, qint64 rootId, const QByteArray& folder,
-                                  const QVector<UnreadableFile>& files)
+void ComputerState::setUnreadable(qint64 rootId, const QByteArray& folder, const QVector<UnreadableFile>& files)
 {
     attempt([&](LibraryDatabase& database) {
         LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing);
         LibraryStatement(database, "DELETE FROM unreadable WHERE library = ? AND root = ?"
                                    " AND (? OR path = ? OR (path > ? AND path < ?))")
-            .run(libraryId, rootId, folder.isEmpty(), blob(folder), QByteArray(folder + '/'),
+            .run(m_libraryId, rootId, folder.isEmpty(), blob(folder), QByteArray(folder + '/'),
                  QByteArray(folder + char('/' + 1)));
         LibraryStatement insert(database, "INSERT OR REPLACE INTO unreadable (library, root, path, stamp, reason)"
                                           " VALUES (?, ?, ?, ?, ?)");
         for (const UnreadableFile& file : files)
-            insert.run(libraryId, rootId, blob(file.path), blob(file.stamp), file.reason);
+            insert.run(m_libraryId, rootId, blob(file.path), blob(file.stamp), file.reason);
         transaction.commit();
     });
 }
