@@ -56,6 +56,8 @@ void ChipView::setUpAppearance()
     setAttribute(Qt::WA_MouseTracking);
     viewport()->setAttribute(Qt::WA_MouseTracking);
     setDragDropMode(DragOnly);
+    // The page would move under a chip that is pressed, and to a chip that becomes current when another one goes.
+    setAutoScroll(false);
 }
 
 void ChipView::setUpScrollBars()
@@ -110,7 +112,8 @@ ChipFlow& ChipView::flow() const
         m_widthsAreCurrent = true;
         m_flow.setWidths(chipWidths(0, model()->rowCount() - 1));
     }
-    m_flow.setAvailableWidth(viewport()->width());
+    // The viewport follows the view later, or only when it is shown.
+    m_flow.setAvailableWidth(maximumViewportSize().width());
     return m_flow;
 }
 
@@ -160,6 +163,12 @@ void ChipView::setTopMargin(int margin)
     margins.setTop(margin);
     setViewportMargins(margins);
     fitSoon();
+}
+
+void ChipView::fitToWidth(int width)
+{
+    resize(width, height());
+    fitHeight();
 }
 
 const TagItem& ChipView::tagAt(const QModelIndex& index) const
@@ -247,6 +256,9 @@ bool ChipView::event(QEvent* event)
     if (isIdlePaintRequest(event, this))
         return true;
     const BusyScope busy(this);
+    // While the base class gives the viewport its place it ignores a change of the view's height.
+    if (event->type() == QEvent::Resize)
+        fitHeight();
     return QListView::event(event);
 }
 
@@ -278,6 +290,16 @@ void ChipView::setHoveredIndex(const QModelIndex& index)
     viewport()->update(visualRect(m_hovered) + bleed);
     m_hovered = index;
     viewport()->update(visualRect(m_hovered) + bleed);
+}
+
+/// Keys alone move the page to the current chip.
+void ChipView::keyPressEvent(QKeyEvent* event)
+{
+    const BusyScope busy(this);
+    const QPersistentModelIndex before = currentIndex();
+    QListView::keyPressEvent(event);
+    if (!busy.viewIsGone() && currentIndex().isValid() && currentIndex() != before)
+        scrollTo(currentIndex());
 }
 
 void ChipView::paintEvent(QPaintEvent* event)

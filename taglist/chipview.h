@@ -36,6 +36,9 @@ public:
     void setBottomPad(int pad);
     /// Room above the chips, in logical pixels.
     void setTopMargin(int margin);
+    /// Takes that width, in logical pixels, and the height that the chips need at it: for a view that is about to be
+    /// shown, so that the layout around it has its height from the start.
+    void fitToWidth(int width);
 
     /// The record of a row of this view's model.
     [[nodiscard]] const TagItem& tagAt(const QModelIndex& index) const;
@@ -63,6 +66,7 @@ protected:
 
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;

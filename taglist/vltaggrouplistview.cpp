@@ -201,6 +201,7 @@ void VLTagGroupListView::showResults(QVector<TagItem> items)
         m_results = makeResultList();
     m_results->setSearchText(m_filter);
     m_results->addTags(std::move(items));
+    giveRoom(m_results);
     m_layout->addWidget(m_results);
     m_results->show();
 }
@@ -218,14 +219,23 @@ VLTagListView* VLTagGroupListView::makeResultList()
 VLTagListView* VLTagGroupListView::makeSection(const QString& letter, QVector<TagItem> items)
 {
     auto* section = new VLTagListView(std::move(items), this);
-    // At its final width from the start, so that its chips are laid out once.
-    section->resize(width(), section->height());
     configureList(section);
     section->setLetter(letter, letterLeft, 0);
     connect(section, &VLTagListView::signCheckTagLinkFile, this, &VLTagGroupListView::slotCheckTagLinkFile);
     connect(section, &VLTagListView::signalEmpty, this, [this, section] { removeSection(section); });
     connect(section, &VLTagListView::signalCharNoMatch, this, &VLTagGroupListView::slotTagUpdateNoMatch);
+    giveRoom(section);
     return section;
+}
+
+/// At its final width from the start, so that its chips are laid out once. In a list that is shown at its final height,
+/// too: the list below would stand on the new one until the next layout.
+void VLTagGroupListView::giveRoom(VLTagListView* list)
+{
+    if (isVisible())
+        list->fitToWidth(width());
+    else
+        list->resize(width(), list->height());
 }
 
 void VLTagGroupListView::configureList(VLTagListView* list)

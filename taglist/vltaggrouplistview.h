@@ -108,6 +108,7 @@ private:
     VLTagListView* makeResultList();
     VLTagListView* makeSection(const QString& letter, QVector<TagItem> items);
     void configureList(VLTagListView* list);
+    void giveRoom(VLTagListView* list);
     void removeSection(VLTagListView* section);
     void viewMenuTagFiles();
     void setMenuTagColor(int colorIndex);

@@ -114,6 +114,15 @@ private slots:
         QCOMPARE(single.list->grab().toImage(), bulk.list->grab().toImage());
     }
 
+    void newSectionHasItsPlaceAtOnce()
+    {
+        InstalledHost host({"apple", "cat"});
+        const Page page(host);
+        QTRY_VERIFY(standInAColumn(page.list));
+        host.addTag(QStringLiteral("bee"));
+        QVERIFY(standInAColumn(page.list));
+    }
+
     void sectionMayEmptyItselfInsideItsOwnEvent()
     {
         InstalledHost host({"apple", "bee"});
