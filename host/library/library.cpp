@@ -212,3 +212,13 @@ void Library::queryFiles(const QVector<qint64>& ids, QObject* context, FilesCall
 {
     query([ids](LibraryReader& reader) { return reader.files(ids); }, context, std::move(callback));
 }
+
+void Library::holdNews(int longest)
+{
+    d->engine->holdNews(longest);
+}
+
+void Library::releaseNews()
+{
+    d->engine->releaseNews();
+}

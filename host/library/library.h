@@ -71,6 +71,13 @@ public:
     /// like queryFileIds(). Meant for the page of files that is looked at.
     void queryFiles(const QVector<qint64>& ids, QObject* context, FilesCallback callback);
 
+    /// From now on holds back the signals of what other programs and imports change, so that nothing that is shown
+    /// changes while a person types a name: for up to \a longest milliseconds after the first such change. The answer
+    /// to a request comes after the signals of what was committed before it, in that order, as ever.
+    void holdNews(int longest);
+    /// Ends that; what was held back follows from the event loop.
+    void releaseNews();
+
 signals:
     /// Files joined or left the library, or their tags changed, by an import, a removal or a deleted tag.
     void filesChanged();

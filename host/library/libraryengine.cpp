@@ -10,6 +10,8 @@
 
 #include <QElapsedTimer>
 
+#include <algorithm>
+
 namespace {
 
 /// How long the queue may keep the event loop waiting, in milliseconds: half a frame of a 60 Hz screen.
@@ -29,6 +31,8 @@ LibraryEngine::LibraryEngine(const std::shared_ptr<LibraryView>& view,
 {
     connect(&m_outsideTimer, &QTimer::timeout, this, &LibraryEngine::lookOutside);
     m_outsideTimer.start(OutsideInterval);
+    m_holdTimer.setSingleShot(true);
+    connect(&m_holdTimer, &QTimer::timeout, this, &LibraryEngine::releaseNews);
 }
 
 LibraryEngine::~LibraryEngine()
@@ -91,8 +95,30 @@ qint64 LibraryEngine::nextRequestId()
 void LibraryEngine::receive(const QVector<Result>& results)
 {
     m_results.insert(m_results.end(), results.cbegin(), results.cend());
+    m_answers += static_cast<int>(
+        std::count_if(results.cbegin(), results.cend(), [](const Result& result) { return bool(result.answer); }));
+    if (m_holdsNews && !m_holdTimer.isActive())
+        m_holdTimer.start();
     if (!m_goesOn)
         tellNext();
+}
+
+void LibraryEngine::holdNews(int longest)
+{
+    m_holdsNews = true;
+    m_holdTimer.setInterval(longest);
+    if (!isQueueEmpty())
+        m_holdTimer.start();
+}
+
+void LibraryEngine::releaseNews()
+{
+    m_holdsNews = false;
+    m_holdTimer.stop();
+    if (!m_goesOn && !isQueueEmpty()) {
+        m_goesOn = true;
+        QMetaObject::invokeMethod(this, &LibraryEngine::tellNext, Qt::QueuedConnection);
+    }
 }
 
 void LibraryEngine::bringNextIntoMemory()
@@ -100,8 +126,12 @@ void LibraryEngine::bringNextIntoMemory()
     const Result result = std::move(m_results.front());
     m_results.pop_front();
     queueNews(m_view->apply(result.change));
-    if (result.answer)
-        m_tellings.push_back(result.answer);
+    if (!result.answer)
+        return;
+    m_tellings.emplace_back([this, answer = result.answer] {
+        --m_answers;
+        answer();
+    });
 }
 
 void LibraryEngine::queueNews(const LibraryNews& news)
@@ -142,7 +172,7 @@ void LibraryEngine::tellNext()
     QElapsedTimer slice;
     slice.start();
     const QPointer<LibraryEngine> self = this;
-    while (self && (!m_tellings.empty() || !m_results.empty())) {
+    while (self && !isQueueEmpty() && !holdsQueue()) {
         if (slice.elapsed() >= Slice) {
             m_goesOn = true;
             QMetaObject::invokeMethod(this, &LibraryEngine::tellNext, Qt::QueuedConnection);
@@ -156,4 +186,6 @@ void LibraryEngine::tellNext()
         m_tellings.pop_front();
         telling();
     }
+    if (self && isQueueEmpty())
+        m_holdTimer.stop();
 }

@@ -50,6 +50,11 @@ public:
     /// The provider whose category signals follow the library.
     void setManager(const QSharedPointer<LibraryManager>& manager);
 
+    /// Until releaseNews(), and for \a longest milliseconds after the first of them, changes stay in the queue unless
+    /// an answer is in it, too: that is emitted, after what comes before it.
+    void holdNews(int longest);
+    void releaseNews();
+
     /// A number that no other request of the process has; above 0.
     [[nodiscard]] static qint64 nextRequestId();
 
@@ -66,6 +71,8 @@ private:
     void deliverOutsideChange(LibraryWriter& writer);
     void deliver(const Result& result);
     void receive(const QVector<Result>& results);
+    [[nodiscard]] bool isQueueEmpty() const { return m_tellings.empty() && m_results.empty(); }
+    [[nodiscard]] bool holdsQueue() const { return m_holdsNews && m_answers == 0; }
     void bringNextIntoMemory();
     void queueNews(const LibraryNews& news);
     void queueGroupNews(const GroupNews& news);
@@ -75,7 +82,10 @@ private:
     QSharedPointer<LibraryManager> m_manager;
     std::deque<Result> m_results;    ///< Not in memory yet.
     std::deque<Telling> m_tellings;  ///< Of what is in memory, told before the next change comes into it.
-    bool m_goesOn = false;           ///< The next slice of telling is on its way.
+    int m_answers = 0;               ///< In both queues.
+    bool m_holdsNews = false;
+    QTimer m_holdTimer;     ///< Runs while something is held back.
+    bool m_goesOn = false;  ///< The next slice of telling is on its way.
     QTimer m_outsideTimer;
     std::atomic<bool> m_looksOutside = false;
 };
