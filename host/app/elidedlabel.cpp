@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/elidedlabel.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -39,13 +42,26 @@ QSize ElidedLabel::minimumSizeHint() const
     return {narrowestHint, fontMetrics().height()};
 }
 
+bool ElidedLabel::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && shownText() != m_text) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), Qt::convertFromPlainText(m_text), this);
+        return true;
+    }
+    return QWidget::event(event);
+}
+
 void ElidedLabel::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shownText());
+}
+
+QString ElidedLabel::shownText() const
 {
     QString shown = m_text;
     if (shown.size() > longestMeasured)
         shown = shown.left(longestMeasured / 2) + QChar(0x2026) + shown.right(longestMeasured / 2);
-    shown = fontMetrics().elidedText(shown, Qt::ElideMiddle, contentsRect().width());
-    QPainter painter(this);
-    painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+    return fontMetrics().elidedText(shown, Qt::ElideMiddle, contentsRect().width());
 }

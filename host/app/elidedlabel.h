@@ -3,7 +3,8 @@
 
 #include <QWidget>
 
-/// One line of plain text, shortened in the middle where it does not fit. Takes its colour and font from the widget.
+/// One line of plain text, shortened in the middle where it does not fit; a tool tip shows all of it then. Takes its
+/// colour and font from the widget.
 class ElidedLabel : public QWidget
 {
     Q_OBJECT
@@ -18,8 +19,11 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] QString shownText() const;
+
     QString m_text;
 };

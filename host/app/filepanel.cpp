@@ -3,6 +3,7 @@
 
 #include "host/app/elidedlabel.h"
 #include "host/app/fileview.h"
+#include "host/app/wrappedlabel.h"
 
 #include <vlskinsetting.h>
 
@@ -22,6 +23,7 @@ constexpr int sideMargin = 20;
 constexpr int closeButtonSide = 24;
 constexpr int closeIconSide = 12;
 constexpr int titleFontPixels = 13;
+constexpr int noticeBottom = 8;
 
 }  // namespace
 
@@ -32,7 +34,7 @@ FilePanel::FilePanel(QWidget* parent)
     , m_body(new QStackedWidget(this))
     , m_view(new FileView(this))
     , m_message(new QLabel(this))
-    , m_notice(new ElidedLabel(this))
+    , m_notice(new WrappedLabel(this))
 {
     setObjectName(QStringLiteral("file_panel"));
     setAttribute(Qt::WA_StyledBackground);
@@ -116,7 +118,7 @@ void FilePanel::setUpBody()
     m_body->addWidget(m_view);
     m_body->addWidget(m_message);
     m_notice->setObjectName(QStringLiteral("file_panel_notice"));
-    m_notice->setContentsMargins(sideMargin, 0, sideMargin, 0);
+    m_notice->setContentsMargins(sideMargin, 0, sideMargin, noticeBottom);
     m_notice->hide();
     auto* column = static_cast<QVBoxLayout*>(layout());
     column->addWidget(m_body, 1);
@@ -128,7 +130,7 @@ void FilePanel::applySkin()
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
     const QString sheet =
         QStringLiteral("#file_panel { border-right: 1px solid %4; }"
-                       "ElidedLabel, QLabel { color: %1; font-size: 13px; }"
+                       "ElidedLabel, WrappedLabel, QLabel { color: %1; font-size: 13px; }"
                        "QListView { background: transparent; padding-left: 6px; }"
                        "QToolButton { border: 0; border-radius: 4px; }"
                        "QToolButton:hover { background: %2; }"

@@ -9,6 +9,7 @@ class FileView;
 class QLabel;
 class QStackedWidget;
 class QToolButton;
+class WrappedLabel;
 
 /// The files that the user asked for, under a line that says which ones; or a message in their place.
 class FilePanel : public QWidget
@@ -21,7 +22,7 @@ public:
     /// All texts are shown as plain text.
     void setTitle(const QString& title);
     void showMessage(const QString& message);
-    /// A line below the files; empty for none. Goes with the next files.
+    /// A sentence below the files; empty for none. Goes with the next files.
     void setNotice(const QString& notice);
     void showFiles(const QVector<qint64>& ids, bool keepPlace);
 
@@ -44,5 +45,5 @@ private:
     QStackedWidget* m_body = nullptr;
     FileView* m_view = nullptr;
     QLabel* m_message = nullptr;
-    ElidedLabel* m_notice = nullptr;
+    WrappedLabel* m_notice = nullptr;
 };

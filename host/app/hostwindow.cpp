@@ -6,10 +6,19 @@
 #include "host/app/filepresenter.h"
 #include "host/app/importbar.h"
 #include "host/app/librarysession.h"
+#include "host/app/namedialogwatch.h"
+#include "host/app/noticebar.h"
+#include "host/app/searchresults.h"
 #include "host/app/skippedfilesdialog.h"
 #include "host/app/tagwindow.h"
 #include "host/app/windowgeometry.h"
+#include "host/library/library.h"
+#include "host/library/records/librarystatus.h"
 
+#include <ilibrarydataprovider.h>
+#include <iresponseinfo.h>
+#include <itagaction.h>
+#include <itaggroupaction.h>
 #include <ivltagmanagerplugin.h>
 #include <ivltagmanagerwidget.h>
 #include <vlskinsetting.h>
@@ -32,6 +41,7 @@ constexpr int titleHeight = 18;
 constexpr int titleFontPixels = 12;
 constexpr int windowButtonsWidth = 120;  // kept free at the right of the title
 constexpr qint64 silentImport = 1000;    // milliseconds
+constexpr int longestHold = 30'000;      // milliseconds that changes by others wait for a name to be typed
 const QString splitterKey = QStringLiteral("window/panel");
 
 }  // namespace
@@ -47,9 +57,14 @@ HostWindow::HostWindow(LibrarySession& session, IVLTagManagerPlugin& plugin, QWi
     setUpShortcuts();
     connectTagWindow();
     connectSession();
+    connectAnswers();
 }
 
-HostWindow::~HostWindow() = default;
+HostWindow::~HostWindow()
+{
+    // A name dialog may be open still; the library goes on without this window.
+    m_session.library().releaseNews();
+}
 
 IVLTagManagerWidget* HostWindow::tagWindow() const
 {
@@ -133,11 +148,13 @@ void HostWindow::setUpContent(IVLTagManagerPlugin& plugin)
     m_splitter->setStretchFactor(1, 1);
     m_splitter->setSizes({firstPanelWidth, smallestTagWindow});
     m_files->hide();
+    m_noticeBar = new NoticeBar(contentWidget());
     m_importBar = new ImportBar(contentWidget());
     auto* layout = new QVBoxLayout(contentWidget());
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_splitter, 1);
+    layout->addWidget(m_noticeBar);
     layout->addWidget(m_importBar);
     m_presenter = new FilePresenter(m_session.library(), *m_files, this);
 }
@@ -165,6 +182,13 @@ void HostWindow::connectTagWindow()
     connect(m_tagWindow, &IVLTagManagerWidget::signalCheckoutGroupFile, m_presenter, &FilePresenter::showCategoryFiles);
     connect(this, &FrameWindow::maximizedChanged, m_tagWindow, &IVLTagManagerWidget::updateMaximizeButton);
     connect(m_files, &FilePanel::closeRequested, m_files, &QWidget::hide);
+    const auto* results = new SearchResults(*m_tagWindow, m_tagWindow);
+    connect(results, &SearchResults::filesWanted, m_presenter, &FilePresenter::showTagFiles);
+    // Whatever the tag window hears of a tag closes the dialog, and what was typed is lost.
+    m_nameDialog = new NameDialogWatch(*m_tagWindow);
+    Library& library = m_session.library();
+    connect(m_nameDialog, &NameDialogWatch::opened, this, [&library] { library.holdNews(longestHold); });
+    connect(m_nameDialog, &NameDialogWatch::closed, this, [&library] { library.releaseNews(); });
 }
 
 void HostWindow::connectSession()
@@ -174,6 +198,21 @@ void HostWindow::connectSession()
     connect(m_presenter, &FilePresenter::hintDecided, this, &HostWindow::upToDate);
     connect(m_importBar, &ImportBar::cancelRequested, &m_session, &LibrarySession::cancelImport);
     connect(m_importBar, &ImportBar::skippedRequested, this, &HostWindow::showSkippedFiles);
+}
+
+void HostWindow::connectAnswers()
+{
+    const auto show = [this](qint64, const QSharedPointer<const IResponseInfo>& answer) {
+        if (!answer)
+            return;
+        if (answer->status() == static_cast<int>(LibraryStatus::Done))
+            m_noticeBar->hide();
+        else
+            showRefusal(*answer);
+    };
+    const auto library = m_session.library().dataProvider();
+    connect(library->tagAction().data(), &ITagAction::signalTagResult, this, show);
+    connect(library->tagGroupAction().data(), &ITagGroupAction::signalTagGroupResult, this, show);
 }
 
 void HostWindow::showImportProgress(int done, int found)
@@ -197,6 +236,13 @@ void HostWindow::showSkippedFiles()
     auto* dialog = new SkippedFilesDialog(m_session.skippedFiles(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
+}
+
+void HostWindow::showRefusal(const IResponseInfo& answer)
+{
+    m_noticeBar->showNotice(tr("Nothing was changed. %1").arg(answer.message()));
+    if (m_nameDialog)
+        m_nameDialog->allowAnotherTry();
 }
 
 void HostWindow::updateScale()

@@ -6,17 +6,22 @@
 
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QSharedPointer>
 
 class ElidedLabel;
 class FilePanel;
 class FilePresenter;
 class ImportBar;
+class IResponseInfo;
 class IVLTagManagerPlugin;
 class IVLTagManagerWidget;
 class LibrarySession;
+class NameDialogWatch;
+class NoticeBar;
 class QSplitter;
 
-/// The host's window around the plug-in's: the frame, the files beside the tags, and how an import goes.
+/// The host's window around the plug-in's: the frame, the files beside the tags, how an import goes, and what could not
+/// be done.
 ///
 /// The session must outlive the window.
 class HostWindow : public FrameWindow
@@ -53,9 +58,11 @@ private:
     void setUpShortcuts();
     void connectTagWindow();
     void connectSession();
+    void connectAnswers();
     void showImportProgress(int done, int found);
     void showImportOutcome(const ImportSummary& summary);
     void showSkippedFiles();
+    void showRefusal(const IResponseInfo& answer);
     void updateScale();
     void saveGeometryKept() const;
 
@@ -64,7 +71,9 @@ private:
     QSplitter* m_splitter = nullptr;
     FilePanel* m_files = nullptr;
     QPointer<IVLTagManagerWidget> m_tagWindow;
+    QPointer<NameDialogWatch> m_nameDialog;  ///< Goes with the tag window.
     ImportBar* m_importBar = nullptr;
+    NoticeBar* m_noticeBar = nullptr;
     FilePresenter* m_presenter = nullptr;
     QElapsedTimer m_importTime;  ///< Since the import began.
     bool m_keepsGeometry = false;

@@ -6,6 +6,7 @@
 #include <QStackedWidget>
 
 #include <algorithm>
+#include <iterator>
 
 namespace TagWindow {
 
@@ -29,14 +30,29 @@ bool showPage(const QWidget& window, CommandLine::Page page)
     return true;
 }
 
+QVector<QLineEdit*> searchFields(const QWidget& window)
+{
+    const auto found = window.findChildren<QLineEdit*>();
+    QVector<QLineEdit*> fields;
+    std::copy_if(found.cbegin(), found.cend(), std::back_inserter(fields),
+                 [](const QLineEdit* field) { return field->inherits("VLTagSearchLineEdit"); });
+    return fields;
+}
+
+const QWidget* pageOf(const QLineEdit& searchField)
+{
+    const QWidget* widget = &searchField;
+    while (widget && !widget->inherits("VLTagBaseWidget"))
+        widget = widget->parentWidget();
+    return widget;
+}
+
 QLineEdit* searchField(const QWidget& window)
 {
-    const auto fields = window.findChildren<QLineEdit*>();
-    for (QLineEdit* field : fields) {
-        if (field->inherits("VLTagSearchLineEdit") && field->isVisible())
-            return field;
-    }
-    return nullptr;
+    const QVector<QLineEdit*> fields = searchFields(window);
+    const auto shown =
+        std::find_if(fields.cbegin(), fields.cend(), [](const QLineEdit* field) { return field->isVisible(); });
+    return shown == fields.cend() ? nullptr : *shown;
 }
 
 void focusSearch(const QWidget& window)

@@ -3,7 +3,7 @@
 
 #include "host/app/commandline.h"
 
-#include <QString>
+#include <QVector>
 
 class QLineEdit;
 class QWidget;
@@ -16,6 +16,12 @@ namespace TagWindow {
 
 /// Clicks the button of \a page. False when there is no such button.
 bool showPage(const QWidget& window, CommandLine::Page page);
+
+/// The search fields of all pages.
+[[nodiscard]] QVector<QLineEdit*> searchFields(const QWidget& window);
+
+/// The page that a search field stands on; null when it stands on none.
+[[nodiscard]] const QWidget* pageOf(const QLineEdit& searchField);
 
 /// The search field of the page that is shown; null when that page has none.
 [[nodiscard]] QLineEdit* searchField(const QWidget& window);

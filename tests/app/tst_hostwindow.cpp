@@ -5,15 +5,23 @@
 #include "host/app/librarysession.h"
 #include "host/library/library.h"
 #include "tests/app/picturefolder.h"
+#include "tests/importer/readermain.h"
 
+#include <ilibrarydataprovider.h>
+#include <itagaction.h>
+#include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
 #include <ivltagmanagerplugin.h>
 #include <ivltagmanagerwidget.h>
 
+#include <QDialog>
 #include <QFile>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStackedWidget>
 #include <QTest>
 
@@ -51,6 +59,23 @@ protected:
 
 private:
     QWidget* m_pages;
+};
+
+/// The dialog for a name, known to the host by its class: its button is disabled once it has sent the name.
+class VLTagModifyWidget : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit VLTagModifyWidget(QWidget* parent)
+        : QDialog(parent)
+        , button(new QPushButton(this))
+    {
+        button->setObjectName(QStringLiteral("tag_popup_btn"));
+        button->setEnabled(false);
+    }
+
+    QPushButton* button;
 };
 
 /// A plug-in that makes such windows.
@@ -119,10 +144,7 @@ private slots:
         m_folder = std::make_unique<PictureFolder>();
         LibraryChoice choice;
         choice.file = m_folder->path("holidays.vellum");
-        QString error;
-        m_session = LibrarySession::open(choice, &error);
-        QVERIFY2(m_session, qPrintable(error));
-        openWindow();
+        openSession(choice);
     }
 
     void cleanup()
@@ -208,6 +230,82 @@ private slots:
         QVERIFY(panel.isHidden());
     }
 
+    void othersChangesWaitForTheName()
+    {
+        Library& library = m_session->library();
+        const auto tags = library.dataProvider()->tagManagerDataProvider()->tagGroup(-1);
+        const auto imported = [&library](const QByteArray& path) {
+            const bool done = library.importAndWait({taggedFile(path, {QString::fromUtf8(path)})}).succeeded;
+            // Each is on its way to this thread before the next one is carried out.
+            library.importAndWait({});
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+            return done;
+        };
+        VLTagModifyWidget dialog(m_plugin.window());
+        dialog.open();
+        QVERIFY(imported("/a"));
+        QCOMPARE(tags->tagCount(1), 0);
+
+        const auto action = library.dataProvider()->tagAction();
+        QVector<int> tagsAtAnswers;
+        connect(action.data(), &ITagAction::signalTagResult, &dialog, [&] { tagsAtAnswers.append(tags->tagCount(1)); });
+        action->renameTag(4711, QStringLiteral("X"));
+        QTRY_VERIFY2(dialog.button->isEnabled(), "a name that was refused cannot be sent again");
+        const auto* bar = m_window->findChild<QWidget*>(QStringLiteral("notice_bar"));
+        QVERIFY(bar->isVisible());
+        action->createTags({{QStringLiteral("Y"), 0, 0}});
+        QTRY_VERIFY2(!bar->isVisible(), "the refusal is shown beside a later success");
+        QCOMPARE(tagsAtAnswers, QVector<int>({1, 2}));
+
+        QVERIFY(imported("/b"));
+        QCOMPARE(tags->tagCount(1), 2);
+        dialog.close();
+        QTRY_COMPARE(tags->tagCount(1), 3);
+        library.holdNews(0);
+        QVERIFY(imported("/c"));
+        QTRY_VERIFY2(tags->tagCount(1) == 4, "held for longer than was asked for");
+    }
+
+    void importIsShown()
+    {
+        m_folder->writePng("plain.png");
+        m_folder->write("broken.jpg", "no picture");
+        LibraryChoice choice = m_session->choice();
+        choice.folder = m_folder->path();
+        choice.isNew = true;
+        openSession(choice);
+        const auto part = [this](const char* name) {
+            return m_window->findChild<QWidget*>(QLatin1String("import_bar") + QLatin1String(name));
+        };
+        emit m_session->importProgress(3, 12);
+        QVERIFY(part("_text")->accessibleName().contains(QLatin1String("3 of 12")));
+        QVERIFY(part("_cancel")->isVisible() && !part("_dismiss")->isVisible());
+
+        const QSignalSpy upToDate(m_window.get(), &HostWindow::upToDate);
+        m_window->startImport();
+        QTRY_COMPARE(upToDate.size(), 1);
+        QVERIFY(m_window->filePanel()->title().startsWith(QLatin1String("1 picture without")));
+        QVERIFY(!part("_cancel")->isVisible());
+        QTest::mouseClick(part("_skipped"), Qt::LeftButton);
+        const auto* list = m_window->findChild<QPlainTextEdit*>();
+        QVERIFY(list && list->toPlainText().contains(QLatin1String("broken.jpg")));
+        list->window()->close();
+        QTest::mouseClick(part("_dismiss"), Qt::LeftButton);
+        QVERIFY(!part("")->isVisible());
+
+        ImportSummary failed;
+        failed.error = QStringLiteral("No space.");
+        emit m_session->importFinished(failed);
+        QVERIFY(part("_text")->accessibleName().contains(failed.error));
+        QVERIFY(part("")->isVisible() && !part("_skipped")->isVisible());
+    }
+
+    void emptyLibraryTellsWhatToDo()
+    {
+        m_window->startImport();
+        QTRY_COMPARE(m_window->filePanel()->title(), QStringLiteral("No pictures yet"));
+    }
+
     void tagWindowMayGo()
     {
         connect(m_plugin.window(), &IVLTagManagerWidget::signalSoftWareMax, m_plugin.window(),
@@ -221,6 +319,16 @@ private slots:
     }
 
 private:
+    void openSession(const LibraryChoice& choice)
+    {
+        m_window.reset();
+        m_session.reset();
+        QString error;
+        m_session = LibrarySession::open(choice, &error);
+        QVERIFY2(m_session, qPrintable(error));
+        openWindow();
+    }
+
     void openWindow()
     {
         m_window = std::make_unique<HostWindow>(*m_session, m_plugin);
@@ -236,5 +344,14 @@ private:
     std::unique_ptr<HostWindow> m_window;
 };
 
-QTEST_MAIN(TestHostWindow)
+int main(int argc, char** argv)
+{
+    // An import starts this program again, as its reader process.
+    const int status = runAsHelper(argc, argv);
+    if (status >= 0)
+        return status;
+    const QApplication app(argc, argv);
+    TestHostWindow test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_hostwindow.moc"
