@@ -39,6 +39,33 @@ function(vellum_precompile_headers name)
   set(VELLUM_PRECOMPILED_HEADERS ${name} PARENT_SCOPE)
 endfunction()
 
+# vellum_add_layer(<name> FOLDER <folder> SOURCES <files> [USES <layers and libraries>]): the objects of one folder of
+# code. Their include path leads to that folder and, through the layers named, to those below: an include of any other
+# folder does not build. Names are of small letters only: analysers tell folders of the project from generated ones so.
+function(vellum_add_layer name)
+  cmake_parse_arguments(arg "" "FOLDER" "SOURCES;USES" ${ARGN})
+  set(tree ${CMAKE_BINARY_DIR}/layers/${name})
+  get_filename_component(parent ${tree}/${arg_FOLDER} DIRECTORY)
+  file(MAKE_DIRECTORY ${parent})
+  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${arg_FOLDER} ${tree}/${arg_FOLDER} SYMBOLIC)
+  add_library(${name} OBJECT ${arg_SOURCES})
+  vellum_target_defaults(${name})
+  target_include_directories(${name} PUBLIC ${tree})
+  target_link_libraries(${name} PUBLIC ${arg_USES})
+endfunction()
+
+# vellum_join_layers(<name> LAYERS <layers>): one name for the objects of all these layers, with the whole project on the
+# include path, for whoever links them.
+function(vellum_join_layers name)
+  cmake_parse_arguments(arg "" "" "LAYERS" ${ARGN})
+  add_library(${name} INTERFACE)
+  target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})
+  foreach(layer IN LISTS arg_LAYERS)
+    target_sources(${name} INTERFACE $<TARGET_OBJECTS:${layer}>)
+    target_link_libraries(${name} INTERFACE $<TARGET_PROPERTY:${layer},INTERFACE_LINK_LIBRARIES>)
+  endforeach()
+endfunction()
+
 # vellum_add_plugin(<target> LIBRARIES <libraries>): a loadable module without prefix in build/plugins that defines
 # nothing but the two entry points of Qt's plug-in loader.
 function(vellum_add_plugin target)
