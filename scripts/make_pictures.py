@@ -30,6 +30,10 @@ class Pictures(Session):
         picture.crop(self.vellum.geometry()).save(PICTURES / f"{name}.png")
         print(f"docs/pictures/{name}.png", flush=True)
 
+    def choose(self, chip, name):
+        menu = self.open_menu(chip)
+        self.display.click(self.entry(menu, name))
+
     def make_favourites(self):
         for name in ("Sunset", "Landscape", "Typography", "Forest", "Winter"):
             tag = self.vellum.tag(name)["id"]

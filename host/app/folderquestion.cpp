@@ -22,11 +22,11 @@ QString firstFolder()
 
 }  // namespace
 
-QByteArray askForPictureFolder()
+std::optional<QByteArray> askForPictureFolder()
 {
     const QString platform = QGuiApplication::platformName();
     if (platform == QLatin1String("offscreen") || platform == QLatin1String("minimal"))
-        return {};
+        return std::nullopt;
     const QString folder = QFileDialog::getExistingDirectory(
         nullptr, FolderQuestion::tr("Open a Folder of Pictures — Vellum"), firstFolder());
     return QFile::encodeName(folder);

@@ -165,27 +165,34 @@ int HostApplication::run()
     return screenshot ? runScreenshot() : runWindow();
 }
 
-LibraryChoice HostApplication::chooseLibrary() const
+std::optional<LibraryChoice> HostApplication::chooseLibrary() const
 {
     const QSettings settings;
     LibraryChoice choice = LibraryChoice::make(m_commandLine, settings);
     if (choice.error.isEmpty() || !choice.isUndecided || m_commandLine.action != CommandLine::Action::OpenWindow)
         return choice;
+    const std::optional<QByteArray> folder = askForPictureFolder();
+    if (!folder)
+        return choice;
+    if (folder->isEmpty())
+        return std::nullopt;
     CommandLine answered = m_commandLine;
-    answered.folder = askForPictureFolder();
-    return answered.folder.isEmpty() ? choice : LibraryChoice::make(answered, settings);
+    answered.folder = *folder;
+    return LibraryChoice::make(answered, settings);
 }
 
 bool HostApplication::openLibrary()
 {
-    const LibraryChoice choice = chooseLibrary();
-    if (!choice.error.isEmpty()) {
-        tell(choice.error);
+    const std::optional<LibraryChoice> choice = chooseLibrary();
+    if (!choice)
+        return false;
+    if (!choice->error.isEmpty()) {
+        tell(choice->error);
         m_failure = CommandLine::exitUsage;
         return false;
     }
     QString error;
-    m_session = LibrarySession::open(choice, &error);
+    m_session = LibrarySession::open(*choice, &error);
     if (!m_session) {
         tell(error);
         m_failure = exitFailure;

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 class HostWindow;
 class LibrarySession;
@@ -35,7 +36,8 @@ public:
     int run();
 
 private:
-    [[nodiscard]] LibraryChoice chooseLibrary() const;
+    /// Nothing when the person was asked and wants none.
+    [[nodiscard]] std::optional<LibraryChoice> chooseLibrary() const;
     bool openLibrary();
     bool loadPlugin();
     void openView();
@@ -48,5 +50,5 @@ private:
     TagManagerLoader m_loader;
     std::unique_ptr<LibrarySession> m_session;
     std::unique_ptr<HostWindow> m_window;
-    int m_failure = 0;  ///< Exit status of the step that failed.
+    int m_failure = 0;  ///< Exit status of the step that failed; leaving without a library is no failure.
 };
