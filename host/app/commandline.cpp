@@ -60,7 +60,7 @@ Reader::Reader(const QStringList& arguments)
     : m_arguments(arguments)
 {
     m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    for (const char* const flag : {"json", "reread", "help", "h", "version", "v"})
+    for (const char* const flag : {"json", "reread", "forget-missing", "help", "h", "version", "v"})
         m_parser.addOption(QCommandLineOption(QString::fromLatin1(flag)));
     for (const char* const name :
          {"library", "import", "list", "screenshot", "page", "search", "size", "scale", "plugin"})
@@ -124,6 +124,7 @@ void Reader::readFolder()
 void Reader::readFiles()
 {
     m_result.reread = has("reread");
+    m_result.forgetMissing = has("forget-missing");
     m_result.libraryFile = value("library");
     m_result.screenshotFile = value("screenshot");
     m_result.pluginFile = value("plugin");
@@ -195,6 +196,8 @@ void Reader::checkTogether()
         complain(QStringLiteral("--list needs --library FILE or a FOLDER that was imported."));
     if (has("reread") && has("list"))
         complain(QStringLiteral("--reread goes with a folder that is imported."));
+    if (has("forget-missing") && !has("import"))
+        complain(QStringLiteral("--forget-missing goes with --import."));
     for (const char* const option : {"page", "search", "size", "scale", "plugin"}) {
         if (has(option) && (has("import") || has("list")))
             complain(QStringLiteral("--%1 goes with a window only.").arg(QLatin1String(option)));
@@ -232,11 +235,21 @@ changed.
 
   --library FILE     keep the library in FILE; without it, each folder has one
                      in the person's data directory (~/.local/share/vellum)
-  --import FOLDER    import without a window, and print the totals as one line:
-                     files: N, tags: N, links: N, skipped: N
-                     (in the library now; skipped: could not be read this time).
+  --import FOLDER    import without a window, and print totals as one line:
+                     files: N, tags: N, links: N, skipped: N, unreadable: N,
+                     missing: N, away: N
+                       files, tags, links  in the library now
+                       skipped     could not be read this time
+                       unreadable  could not be read before and unchanged since:
+                                   not tried again
+                       missing     gone from the folder, but still in the library
+                       away        in a folder that is empty or cannot be seen,
+                                   such as a disk that is not connected; still in
+                                   the library
                      Ctrl-C stops it; what was written until then stays. A
                      second Ctrl-C ends the program at once.
+  --forget-missing   with --import: take the missing files out of the library,
+                     with their tags. Files that are away stay.
   --reread           read every picture again, also those whose size and time
                      of modification are the same as at the last import
   --list WHAT        print what a library holds, one line each, fields separated

@@ -38,6 +38,7 @@ struct CommandLine
     QByteArray folder;            ///< The folder to open or to import; empty when none was named.
     QByteArray libraryFile;       ///< The library's file; empty when none was named.
     bool reread = false;          ///< Read every picture again, also those that seem unchanged.
+    bool forgetMissing = false;   ///< For Import: take missing files out of the library.
     List list = List::Tags;       ///< For List.
     bool json = false;            ///< For List: JSON in place of tab-separated lines.
     QByteArray screenshotFile;    ///< For Screenshot.

@@ -6,8 +6,10 @@
 #include "host/app/filepresenter.h"
 #include "host/app/importbar.h"
 #include "host/app/librarysession.h"
+#include "host/app/missingpicturesquestion.h"
 #include "host/app/namedialogwatch.h"
 #include "host/app/noticebar.h"
+#include "host/app/picturefile.h"
 #include "host/app/searchresults.h"
 #include "host/app/skippedfilesdialog.h"
 #include "host/app/tagwindow.h"
@@ -82,7 +84,11 @@ void HostWindow::restoreGeometryKept()
 void HostWindow::startImport()
 {
     m_importTime.start();
-    if (!m_session.startImport())
+    if (!m_session.choice().absentFolder.isEmpty())
+        m_importBar->showAbsence(PictureFile::displayName(m_session.choice().absentFolder));
+    ImportOptions options;
+    options.rereads = m_session.choice().rereads;
+    if (!m_session.startImport(options))
         m_presenter->showHintIfEmpty();
     else if (m_session.choice().isNew)
         m_importBar->showProgress(0, 0);
@@ -198,6 +204,7 @@ void HostWindow::connectSession()
     connect(m_presenter, &FilePresenter::hintDecided, this, &HostWindow::upToDate);
     connect(m_importBar, &ImportBar::cancelRequested, &m_session, &LibrarySession::cancelImport);
     connect(m_importBar, &ImportBar::skippedRequested, this, &HostWindow::showSkippedFiles);
+    connect(m_importBar, &ImportBar::removalRequested, this, &HostWindow::askToRemoveMissing);
 }
 
 void HostWindow::connectAnswers()
@@ -225,6 +232,7 @@ void HostWindow::showImportProgress(int done, int found)
 void HostWindow::showImportOutcome(const ImportSummary& summary)
 {
     m_importBar->showOutcome(summary);
+    m_missing = summary.missing;
     if (summary.error.isEmpty() && !summary.cancelled)
         m_presenter->showHintIfEmpty();
     else
@@ -243,6 +251,14 @@ void HostWindow::showRefusal(const IResponseInfo& answer)
     m_noticeBar->showNotice(tr("Nothing was changed. %1").arg(answer.message()));
     if (m_nameDialog)
         m_nameDialog->allowAnotherTry();
+}
+
+void HostWindow::askToRemoveMissing()
+{
+    auto* question = new MissingPicturesQuestion(m_missing, this);
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    connect(question, &MissingPicturesQuestion::removalConfirmed, &m_session, &LibrarySession::forgetMissing);
+    question->open();
 }
 
 void HostWindow::updateScale()

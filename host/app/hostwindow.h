@@ -62,6 +62,7 @@ private:
     void showImportProgress(int done, int found);
     void showImportOutcome(const ImportSummary& summary);
     void showSkippedFiles();
+    void askToRemoveMissing();
     void showRefusal(const IResponseInfo& answer);
     void updateScale();
     void saveGeometryKept() const;
@@ -75,6 +76,7 @@ private:
     ImportBar* m_importBar = nullptr;
     NoticeBar* m_noticeBar = nullptr;
     FilePresenter* m_presenter = nullptr;
+    int m_missing = 0;           ///< Pictures that the last import missed.
     QElapsedTimer m_importTime;  ///< Since the import began.
     bool m_keepsGeometry = false;
 };

@@ -18,6 +18,11 @@ constexpr int sideMargin = 20;
 constexpr int progressHeight = 4;
 constexpr int progressWidth = 200;
 
+QString number(int count)
+{
+    return QLocale().toString(count);
+}
+
 }  // namespace
 
 ImportBar::ImportBar(QWidget* parent)
@@ -25,6 +30,7 @@ ImportBar::ImportBar(QWidget* parent)
     , m_text(new ElidedLabel(this))
     , m_progress(new QProgressBar(this))
     , m_skippedButton(new QPushButton(tr("Show which"), this))
+    , m_removeButton(new QPushButton(tr("Remove missing…"), this))
     , m_cancelButton(new QPushButton(tr("Cancel"), this))
     , m_dismissButton(new QPushButton(tr("Dismiss"), this))
 {
@@ -40,7 +46,7 @@ ImportBar::ImportBar(QWidget* parent)
     layout->setSpacing(12);
     layout->addWidget(m_text);
     layout->addWidget(m_progress);
-    for (QPushButton* button : {m_skippedButton, m_cancelButton, m_dismissButton})
+    for (QPushButton* button : {m_skippedButton, m_removeButton, m_cancelButton, m_dismissButton})
         layout->addWidget(button);
     setUpButtons();
     applySkin();
@@ -54,34 +60,55 @@ void ImportBar::showProgress(int done, int found)
                               : tr("Reading pictures: %1 of %2").arg(locale.toString(done), locale.toString(found)));
     m_progress->setRange(0, done == 0 ? 0 : found);
     m_progress->setValue(done);
-    showButtons(true, false);
+    showButtons(true, false, false);
 }
 
 void ImportBar::showOutcome(const ImportSummary& summary)
 {
-    const QString skipped =
-        summary.skipped == 1
-            ? tr("1 file could not be read and was left out.")
-            : tr("%1 files could not be read and were left out.").arg(QLocale().toString(summary.skipped));
-    if (!summary.error.isEmpty())
-        m_text->setText(tr("The pictures could not be read: ") + summary.error);
-    else if (summary.cancelled)
-        m_text->setText(tr("Cancelled. The next start goes on where this one stopped."));
-    else if (summary.skipped > 0)
-        m_text->setText(skipped);
-    else
+    const QStringList sentences = sentencesOf(summary);
+    if (sentences.isEmpty())
         return hide();
-    showButtons(false, summary.skipped > 0);
+    m_text->setText(sentences.join(QLatin1Char(' ')));
+    showButtons(false, summary.skipped > 0, summary.missing > 0);
+}
+
+void ImportBar::showAbsence(const QString& folder)
+{
+    m_text->setText(tr("The folder “%1” is not there. What is known of its pictures is shown.").arg(folder));
+    showButtons(false, false, false);
+}
+
+QStringList ImportBar::sentencesOf(const ImportSummary& summary)
+{
+    if (!summary.error.isEmpty())
+        return {tr("The pictures could not be read: ") + summary.error};
+    if (summary.cancelled)
+        return {tr("Cancelled. The next start goes on where this one stopped.")};
+    QStringList sentences;
+    const auto add = [&sentences](int count, const QString& one, const QString& many) {
+        if (count > 0)
+            sentences.append(count == 1 ? one : many.arg(number(count)));
+    };
+    add(summary.skipped, tr("1 file could not be read and was left out."),
+        tr("%1 files could not be read and were left out."));
+    add(summary.missing, tr("1 picture is missing from the folder."), tr("%1 pictures are missing from the folder."));
+    add(summary.away, tr("1 picture is away: its disk may not be connected."),
+        tr("%1 pictures are away: their disk may not be connected."));
+    add(summary.removed, tr("1 missing picture was removed from the library."),
+        tr("%1 missing pictures were removed from the library."));
+    return sentences;
 }
 
 void ImportBar::setUpButtons()
 {
     m_skippedButton->setObjectName(QStringLiteral("import_bar_skipped"));
+    m_removeButton->setObjectName(QStringLiteral("import_bar_remove"));
     m_cancelButton->setObjectName(QStringLiteral("import_bar_cancel"));
     m_dismissButton->setObjectName(QStringLiteral("import_bar_dismiss"));
-    for (QPushButton* button : {m_skippedButton, m_cancelButton, m_dismissButton})
+    for (QPushButton* button : {m_skippedButton, m_removeButton, m_cancelButton, m_dismissButton})
         button->setFocusPolicy(Qt::NoFocus);
     connect(m_skippedButton, &QPushButton::clicked, this, &ImportBar::skippedRequested);
+    connect(m_removeButton, &QPushButton::clicked, this, &ImportBar::removalRequested);
     connect(m_cancelButton, &QPushButton::clicked, this, &ImportBar::cancelRequested);
     connect(m_dismissButton, &QPushButton::clicked, this, &QWidget::hide);
 }
@@ -98,11 +125,12 @@ void ImportBar::applySkin()
                   flatButtonStyle());
 }
 
-void ImportBar::showButtons(bool running, bool skipped)
+void ImportBar::showButtons(bool running, bool skipped, bool missing)
 {
     m_progress->setVisible(running);
     m_cancelButton->setVisible(running);
     m_dismissButton->setVisible(!running);
-    m_skippedButton->setVisible(!running && skipped);
+    m_skippedButton->setVisible(skipped);
+    m_removeButton->setVisible(missing);
     show();
 }

@@ -19,22 +19,29 @@ public:
 
     /// \a found of 0 means that the files are still being looked for.
     void showProgress(int done, int found);
-    /// Tells of errors and of files left out; hides the bar after an import without either.
+    /// Shows errors, files left out, and pictures that are missing or away; hides the bar when there is nothing of it.
+    /// Files that could not be read at earlier imports either are no news.
     void showOutcome(const ImportSummary& summary);
+    /// Shows that \a folder, a path, is not there, so that nothing is imported.
+    void showAbsence(const QString& folder);
 
 signals:
     void cancelRequested();
     /// The user wants to see which files were left out.
     void skippedRequested();
+    /// The user wants the missing pictures out of the library.
+    void removalRequested();
 
 private:
+    [[nodiscard]] static QStringList sentencesOf(const ImportSummary& summary);
     void setUpButtons();
     void applySkin();
-    void showButtons(bool running, bool skipped);
+    void showButtons(bool running, bool skipped, bool missing);
 
     ElidedLabel* m_text = nullptr;
     QProgressBar* m_progress = nullptr;
     QPushButton* m_skippedButton = nullptr;
+    QPushButton* m_removeButton = nullptr;
     QPushButton* m_cancelButton = nullptr;
     QPushButton* m_dismissButton = nullptr;
 };

@@ -61,8 +61,10 @@ int statusOf(const ImportSummary& summary)
 /// Whether they could be written.
 bool printTotals(const ImportSummary& summary)
 {
-    const int printed = printf("files: %lld, tags: %lld, links: %lld, skipped: %d\n", summary.totals.files,
-                               summary.totals.tags, summary.totals.links, summary.skipped);
+    const int printed =
+        printf("files: %lld, tags: %lld, links: %lld, skipped: %d, unreadable: %d, missing: %d, away: %d\n",
+               summary.totals.files, summary.totals.tags, summary.totals.links, summary.skipped, summary.unreadable,
+               summary.missing, summary.away);
     return printed >= 0 && fflush(stdout) == 0;
 }
 
@@ -85,6 +87,7 @@ ImportSummary importFolder(Library& library, const CommandLine& commandLine)
     });
     ImportOptions options;
     options.rereads = commandLine.reread;
+    options.forgetsMissing = commandLine.forgetMissing;
     importer.start(commandLine.folder, options);
     loop.exec();
     line.clear();

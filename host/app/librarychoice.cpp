@@ -65,6 +65,7 @@ LibraryChoice LibraryChoice::make(const CommandLine& commandLine, const QSetting
         // A folder on a disk that is away at the moment: what is known of its pictures can still be looked at.
         if (named || !exists(choice.file))
             choice.error = tr("There is no folder ") + shown(choice.folder);
+        choice.absentFolder = choice.folder;
         choice.folder.clear();
     }
     choice.isUndecided = !named && !exists(choice.file);
@@ -94,7 +95,8 @@ void LibraryChoice::save(QSettings& settings) const
 
 QString LibraryChoice::title() const
 {
-    if (!folder.isEmpty())
-        return folder == "/" ? QStringLiteral("/") : PictureFile::displayName(folder);
+    const QByteArray& named = folder.isEmpty() ? absentFolder : folder;
+    if (!named.isEmpty())
+        return named == "/" ? QStringLiteral("/") : PictureFile::displayName(named);
     return QFileInfo(QFile::decodeName(file)).completeBaseName();
 }

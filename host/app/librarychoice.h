@@ -14,8 +14,10 @@ struct LibraryChoice
     Q_DECLARE_TR_FUNCTIONS(LibraryChoice)
 
 public:
-    QByteArray file;       ///< Database; created when there is a folder and no such file.
-    QByteArray folder;     ///< Absolute; empty when the library is opened as it is.
+    QByteArray file;    ///< Database; created when there is a folder and no such file.
+    QByteArray folder;  ///< Absolute; empty when the library is opened as it is.
+    /// The folder that the library is brought up to date from otherwise, while it is not there; folder is empty then.
+    QByteArray absentFolder;
     bool rereads = false;  ///< Every picture is to be read again.
     QString error;         ///< Why there is nothing to open, in words for the user; empty otherwise.
     bool isNew = false;    ///< The file does not exist yet.

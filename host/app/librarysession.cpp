@@ -29,14 +29,19 @@ LibrarySession::LibrarySession(const LibraryChoice& choice, std::unique_ptr<Libr
 
 LibrarySession::~LibrarySession() = default;
 
-bool LibrarySession::startImport()
+bool LibrarySession::startImport(const ImportOptions& options)
 {
     if (m_choice.folder.isEmpty() || m_importer->isRunning())
         return false;
     m_skipped.clear();
-    ImportOptions options;
-    options.rereads = m_choice.rereads;
     return m_importer->start(m_choice.folder, options);
+}
+
+void LibrarySession::forgetMissing()
+{
+    ImportOptions options;
+    options.forgetsMissing = true;
+    startImport(options);
 }
 
 void LibrarySession::cancelImport()

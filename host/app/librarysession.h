@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/app/librarychoice.h"
+#include "host/importer/importoptions.h"
 #include "host/importer/importsummary.h"
 
 #include <QObject>
@@ -36,10 +37,12 @@ public:
     static constexpr int maxSkipped = 10'000;
 
     /// Starts to import the folder, if there is one. True when importFinished() will follow.
-    bool startImport();
+    bool startImport(const ImportOptions& options = {});
 
 public slots:
     void cancelImport();
+    /// Imports again and takes the pictures that are missing out of the library. Does nothing while an import runs.
+    void forgetMissing();
 
 signals:
     void importProgress(int done, int found);

@@ -123,14 +123,16 @@ void FolderWalk::lookAt(const QByteArray& folder, const QByteArray& name, Listin
         return;
     }
     const qint64 modified = nanoseconds(status.st_mtim);
+    const qint64 statusChanged = nanoseconds(status.st_ctim);
     if (S_ISDIR(status.st_mode)) {
         (isLink ? m_linkedFolders : m_folders).push_back(path);
     } else if (S_ISREG(status.st_mode) && PictureFormats::isSidecar(name)) {
         const QByteArray stamp = name.toPercentEncoding() + '=' + QByteArray::number(qint64(status.st_size)) + ',' +
                                  QByteArray::number(modified) + ';';
-        listing.sidecars[withoutExtension(name)].append({path, stamp});
+        listing.sidecars[withoutExtension(name)].append({path, stamp, statusChanged});
     } else if (S_ISREG(status.st_mode) && PictureFormats::isPicture(name)) {
-        listing.pictures.push_back({name, isLink, status.st_size, modified, {status.st_dev, status.st_ino}});
+        listing.pictures.push_back(
+            {name, isLink, status.st_size, modified, statusChanged, {status.st_dev, status.st_ino}});
     }
 }
 
@@ -141,6 +143,7 @@ void FolderWalk::addPictures(const QByteArray& folder, const Listing& listing)
         picture.path = joined(folder, entry.name);
         picture.size = entry.size;
         picture.modified = entry.modified;
+        picture.statusChanged = entry.statusChanged;
         picture.sidecars = listing.sidecars.value(entry.name) + listing.sidecars.value(withoutExtension(entry.name));
         if (entry.isLink) {
             m_linkedPictures.emplace_back(picture, entry.identity);

@@ -45,6 +45,7 @@ private:
         bool isLink;
         qint64 size;
         qint64 modified;
+        qint64 statusChanged;
         Identity identity;
     };
     struct Listing;

@@ -1,19 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/foundpicture.h"
 
+QByteArray FoundSidecar::trialStamp() const
+{
+    return stamp + QByteArray::number(statusChanged);
+}
+
 FileState FoundPicture::state() const
 {
     FileState state;
     state.size = size;
     state.modified = modified;
-    state.sidecars = sidecarStamps();
+    for (const FoundSidecar& sidecar : sidecars)
+        state.sidecars += sidecar.stamp;
     return state;
 }
 
-QByteArray FoundPicture::sidecarStamps() const
+QByteArray FoundPicture::trialStamp() const
 {
-    QByteArray stamps;
-    for (const FoundSidecar& sidecar : sidecars)
-        stamps += sidecar.stamp;
-    return stamps;
+    return QByteArray::number(size) + ',' + QByteArray::number(modified) + ',' + QByteArray::number(statusChanged);
 }

@@ -14,7 +14,7 @@ class Library;
 
 /// Imports folders into a library in the background: finds the pictures, reads their keywords in reader processes, and
 /// writes in batches of one transaction each. Only what changed since the last import is read and written; pictures
-/// that are gone from the folder leave the library.
+/// that are gone from the folder are counted and stay in the library, unless the options say otherwise.
 ///
 /// Lives on the library's thread, which is never blocked. The program must answer metadataReaderOption by
 /// runMetadataReader(). Must be destroyed before the library; destroying it cancels.

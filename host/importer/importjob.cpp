@@ -3,17 +3,15 @@
 
 #include "host/importer/metadata/keywordlist.h"
 #include "host/importer/metadata/metadataanswer.h"
-#include "host/library/library.h"
-#include "host/library/libraryreader.h"
-#include "host/library/records/importoutcome.h"
+#include "host/importer/unreadablefiles.h"
+#include "host/importer/vanishedfiles.h"
+#include "host/library/computer/computerstate.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QIODevice>
 
 #include <algorithm>
-#include <cerrno>
-#include <sys/stat.h>
 #include <utility>
 
 namespace {
@@ -36,12 +34,6 @@ QByteArray hashOf(const QVector<QString>& keywords)
     return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
 }
 
-bool exists(const QByteArray& path)
-{
-    struct stat status = {};
-    return lstat(path.constData(), &status) == 0 || (errno != ENOENT && errno != ENOTDIR);
-}
-
 bool isSameStamp(const FileState& a, const FileState& b)
 {
     return a.size == b.size && a.modified == b.modified && a.sidecars == b.sidecars;
@@ -51,7 +43,7 @@ bool isSameStamp(const FileState& a, const FileState& b)
 
 ImportJob::ImportJob(Library* library, const QByteArray& folder, const ImportOptions& options,
                      const ReaderPool::Settings& settings, const std::atomic_bool& cancelled)
-    : m_library(library)
+    : m_target(library)
     , m_folder(folder)
     , m_options(options)
     , m_settings(settings)
@@ -64,12 +56,6 @@ ImportJob::~ImportJob() = default;
 void ImportJob::run()
 {
     m_sinceProgress.start();
-    QString error;
-    m_known = LibraryReader::open(m_library->path(), &error);
-    if (!m_known) {
-        fail(error);
-        return;
-    }
     if (!walk() || !collectChanged()) {
         end();
         return;
@@ -96,33 +82,37 @@ bool ImportJob::walk()
         return false;
     }
     m_folder = *folder;
-    const bool complete = m_walk.run(m_folder, [this](int found) {
+    if (!m_target.open(m_folder)) {
+        m_summary.error = m_target.error();
+        return false;
+    }
+    m_computer = std::make_unique<ComputerState>(m_target.libraryId());
+    m_unreadable = std::make_unique<UnreadableFiles>(*m_computer, m_target.rootId(), m_target.folderInRoot(), m_folder);
+    return m_walk.run(m_folder, [this](int found) {
         m_summary.found = found;
         reportProgress();
         return !m_cancelled;
     });
-    for (const FolderWalk::Problem& problem : m_walk.problems())
-        reportSkipped(problem.path, problem.reason);
-    return complete;
 }
 
 bool ImportJob::collectChanged()
 {
+    for (const FolderWalk::Problem& problem : m_walk.problems())
+        noteUnreadable(problem.path, {}, problem.reason);
     const std::vector<FoundPicture>& pictures = m_walk.pictures();
     for (size_t begin = 0; begin < pictures.size() && !m_cancelled; begin += lookUpSize) {
         const size_t end = std::min(begin + lookUpSize, pictures.size());
         QVector<QByteArray> paths;
         for (size_t i = begin; i < end; ++i)
             paths.append(pictures.at(i).path);
-        const QHash<QByteArray, FileState> states = m_known->fileStates(paths);
-        if (!m_known->lastError().isEmpty()) {
-            m_summary.error = m_known->lastError();
+        const QHash<QByteArray, FileState> states = m_target.states(paths);
+        m_summary.error = m_target.error();
+        if (!m_summary.error.isEmpty())
             return false;
-        }
         for (size_t i = begin; i < end; ++i) {
             const FoundPicture& picture = pictures.at(i);
             const auto known = states.constFind(picture.path);
-            if (!m_options.rereads && known != states.constEnd() && isSameStamp(*known, picture.state())) {
+            if (!isToBeRead(picture, known != states.constEnd() ? &*known : nullptr)) {
                 ++m_done;
                 continue;
             }
@@ -132,6 +122,24 @@ bool ImportJob::collectChanged()
         }
     }
     return !m_cancelled;
+}
+
+bool ImportJob::isToBeRead(const FoundPicture& picture, const FileState* known)
+{
+    if (m_options.rereads)
+        return true;
+    if (m_unreadable->isKnown(picture.path, picture.trialStamp()))
+        return false;
+    if (!known)
+        return true;
+    // The library holds the states of the sidecars that could be read.
+    FileState state = picture.state();
+    state.sidecars.clear();
+    for (const FoundSidecar& sidecar : picture.sidecars) {
+        if (!m_unreadable->isKnown(sidecar.path, sidecar.trialStamp()))
+            state.sidecars += sidecar.stamp;
+    }
+    return !isSameStamp(*known, state);
 }
 
 void ImportJob::addReading(const FoundPicture& picture)
@@ -165,7 +173,11 @@ void ImportJob::handleAnswer(int index, const MetadataAnswer& answer)
     if (!answer.error.isEmpty()) {
         const FoundPicture& picture = *reading.picture;
         reading.unreadable = reading.unreadable || part.position == 0;
-        reportSkipped(part.position == 0 ? picture.path : picture.sidecars.at(part.position - 1).path, answer.error);
+        if (part.position == 0)
+            noteUnreadable(picture.path, picture.trialStamp(), answer.error);
+        else
+            noteUnreadable(picture.sidecars.at(part.position - 1).path,
+                           picture.sidecars.at(part.position - 1).trialStamp(), answer.error);
     } else if (part.position > 0) {
         reading.sidecarStamps += reading.picture->sidecars.at(part.position - 1).stamp;
     }
@@ -218,43 +230,26 @@ void ImportJob::writeBatch()
 {
     if (m_batch.isEmpty())
         return;
-    const QVector<ImportedFile> batch = std::exchange(m_batch, {});
-    if (!account(m_library->importAndWait(batch)))
+    if (!account(m_target.write(std::exchange(m_batch, {}))))
         end();
 }
 
-void ImportJob::forgetVanished()
+void ImportJob::lookForVanished()
 {
+    VanishedFiles vanished(m_walk);
     QByteArray after;
     for (;;) {
-        const QVector<QByteArray> paths = m_known->pathsBelow(m_folder, after, lookUpSize);
-        if (!m_known->lastError().isEmpty())
-            m_summary.error = m_known->lastError();
-        // A damaged index may give the same paths for ever.
-        else if (!paths.isEmpty() && !(after < paths.last()))
-            m_summary.error = tr("The library is damaged: the list of its files is out of order.");
-        if (paths.isEmpty() || m_cancelled || !m_summary.error.isEmpty())
-            return;
+        const QVector<QByteArray> paths = m_target.pathsAfter(after, lookUpSize);
+        m_summary.error = m_target.error();
+        if (paths.isEmpty() || m_cancelled)
+            break;
         after = paths.last();
-        const QVector<QByteArray> vanished = vanishedAmong(paths);
-        if (!vanished.isEmpty() && !account(m_library->forgetAndWait(vanished)))
-            return;
+        const QVector<QByteArray> missing = vanished.add(paths);
+        if (m_options.forgetsMissing && !missing.isEmpty() && !account(m_target.forget(missing)))
+            break;
     }
-}
-
-QVector<QByteArray> ImportJob::vanishedAmong(const QVector<QByteArray>& paths) const
-{
-    const std::vector<FoundPicture>& pictures = m_walk.pictures();
-    QVector<QByteArray> vanished;
-    for (const QByteArray& path : paths) {
-        const auto place = std::lower_bound(
-            pictures.begin(), pictures.end(), path,
-            [](const FoundPicture& picture, const QByteArray& sought) { return picture.path < sought; });
-        const bool found = place != pictures.end() && place->path == path;
-        if (!found && !m_walk.isOutOfSight(path) && !exists(path))
-            vanished.append(path);
-    }
-    return vanished;
+    m_summary.away = vanished.away();
+    m_summary.missing = vanished.missing() - m_summary.removed;
 }
 
 bool ImportJob::account(const ImportOutcome& outcome)
@@ -265,6 +260,12 @@ bool ImportJob::account(const ImportOutcome& outcome)
     m_summary.changed += outcome.filesChanged;
     m_summary.removed += outcome.filesRemoved;
     return outcome.succeeded;
+}
+
+void ImportJob::noteUnreadable(const QByteArray& path, const QByteArray& stamp, const QString& reason)
+{
+    if (m_unreadable->note(path, stamp, reason) || m_options.rereads)
+        reportSkipped(path, reason);
 }
 
 void ImportJob::reportSkipped(const QByteArray& path, const QString& reason)
@@ -283,6 +284,12 @@ void ImportJob::reportProgress(bool always)
 
 void ImportJob::fail(const QString& reason)
 {
+    if (m_ended)
+        return;
+    // What was read until then is not read again.
+    writeBatch();
+    if (m_ended)
+        return;
     m_summary.error = reason;
     end();
 }
@@ -293,7 +300,7 @@ void ImportJob::conclude()
     if (m_ended)
         return;
     if (!m_cancelled)
-        forgetVanished();
+        lookForVanished();
     end();
 }
 
@@ -303,10 +310,13 @@ void ImportJob::end()
         return;
     m_ended = true;
     m_summary.cancelled = m_cancelled && m_summary.error.isEmpty();
-    if (m_known) {
-        m_summary.totals = m_known->totals();
+    if (m_unreadable) {
+        const bool complete = m_summary.error.isEmpty() && !m_summary.cancelled;
+        m_unreadable->save([this, complete](const QByteArray& path) { return complete && !m_walk.isOutOfSight(path); });
+        m_summary.unreadable = m_options.rereads ? 0 : m_unreadable->known();
+        m_summary.totals = m_target.totals();
         if (m_summary.error.isEmpty())
-            m_summary.error = m_known->lastError();
+            m_summary.error = m_target.error();
     }
     if (m_summary.error.isEmpty() && !m_summary.cancelled)
         reportProgress(true);

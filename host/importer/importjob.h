@@ -4,6 +4,7 @@
 #include "host/importer/folderwalk.h"
 #include "host/importer/importoptions.h"
 #include "host/importer/importsummary.h"
+#include "host/importer/importtarget.h"
 #include "host/importer/metadata/readerpool.h"
 
 #include <QElapsedTimer>
@@ -13,9 +14,9 @@
 #include <atomic>
 #include <memory>
 
+class ComputerState;
 class Library;
-class LibraryReader;
-struct ImportOutcome;
+class UnreadableFiles;
 
 /// One import of one folder, on a thread of its own that has an event loop and that it may block.
 class ImportJob : public QObject
@@ -62,28 +63,30 @@ private:
 
     [[nodiscard]] bool walk();
     [[nodiscard]] bool collectChanged();
+    [[nodiscard]] bool isToBeRead(const FoundPicture& picture, const FileState* known);
     void addReading(const FoundPicture& picture);
     void startReading();
     void completeReading(Reading& reading);
     [[nodiscard]] QVector<QString> keywordsOf(const Reading& reading);
     void writeBatch();
-    void forgetVanished();
-    [[nodiscard]] QVector<QByteArray> vanishedAmong(const QVector<QByteArray>& paths) const;
+    void lookForVanished();
     [[nodiscard]] bool account(const ImportOutcome& outcome);
+    void noteUnreadable(const QByteArray& path, const QByteArray& stamp, const QString& reason);
     void reportSkipped(const QByteArray& path, const QString& reason);
     void reportProgress(bool always = false);
     void conclude();
     void end();
 
-    Library* m_library;
+    ImportTarget m_target;
     QByteArray m_folder;
     ImportOptions m_options;
     ReaderPool::Settings m_settings;
     const std::atomic_bool& m_cancelled;
     FolderWalk m_walk;
-    std::unique_ptr<LibraryReader> m_known;
+    std::unique_ptr<ComputerState> m_computer;
+    std::unique_ptr<UnreadableFiles> m_unreadable;
     std::unique_ptr<ReaderPool> m_pool;
-    QHash<QByteArray, QByteArray> m_knownContents;  // Of the changed pictures that the library holds, by path.
+    QHash<QByteArray, QByteArray> m_knownContents;  // Of the pictures that are read again, by path.
     std::vector<Reading> m_readings;
     std::vector<Part> m_parts;  // In the order in which they were given to the pool.
     QVector<ImportedFile> m_batch;

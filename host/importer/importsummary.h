@@ -16,8 +16,11 @@ struct ImportSummary
     int found = 0;              ///< Pictures in the folder.
     int added = 0;              ///< Files new in the library.
     int changed = 0;            ///< Files whose state or tags were written.
-    int removed = 0;            ///< Files that were gone from the folder.
-    int skipped = 0;            ///< Files and folders that could not be read.
+    int removed = 0;            ///< Missing files that were taken out of the library.
+    int skipped = 0;            ///< Files and folders that could not be read and were not known to be so.
+    int unreadable = 0;         ///< Files and folders that could not be read before either and have not changed since.
+    int missing = 0;  ///< Files of the library that are gone from folders that are there. They stay in the library.
+    int away = 0;     ///< Files of the library whose folder is empty or cannot be seen: a disk not connected, say.
 };
 
 Q_DECLARE_METATYPE(ImportSummary)

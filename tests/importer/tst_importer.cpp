@@ -18,14 +18,15 @@ namespace {
 /// One import from start to end, as a test wants to look at it.
 struct ImportRun
 {
-    ImportRun(Library& library, const QByteArray& folder, const ReaderPool::Settings& settings = {})
+    ImportRun(Library& library, const QByteArray& folder, const ReaderPool::Settings& settings = {},
+              const ImportOptions& options = {})
     {
         Importer importer(&library);
         importer.setReaderSettings(settings);
         QObject::connect(&importer, &Importer::skipped, &importer,
                          [this](const QByteArray& path, const QString& reason) { skipped.insert(path, reason); });
         QSignalSpy finished(&importer, &Importer::finished);
-        importer.start(folder);
+        importer.start(folder, options);
         if (finished.isEmpty())
             finished.wait(60000);
         finishedCount = finished.size();
@@ -47,6 +48,7 @@ class TestImporter : public QObject
 private slots:
     void init()
     {
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_libraryFolder.path()));
         m_folder = std::make_unique<TestFolder>();
         m_root = m_folder->path();
         QString error;
@@ -151,26 +153,30 @@ private slots:
         QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("fine")});
     }
 
-    void vanishedFilesLeave()
+    void vanishedFilesLeaveOnRequestOnly()
     {
         for (const char* const name : {"sub", "other", "sub more"})
             makeFolder(name);
-        for (const char* const name :
-             {"a.jpg", "b.jpg", "sub/c.jpg", "other/d.jpg", "sub more/e.jpg", "sub more/f.jpg"})
+        for (const char* const name : {"a.jpg", "b.jpg", "sub/c.jpg", "sub/f.jpg", "other/d.jpg", "sub more/e.jpg"})
             writePicture(path(name), {QStringLiteral("tag")});
         import();
         for (const char* const name : {"a.jpg", "sub/c.jpg", "sub more/e.jpg"})
             QCOMPARE(unlink(path(name).constData()), 0);
-        writeFile(path("sub/notes.txt"), "Not an empty folder");
-        QCOMPARE(ImportRun(*m_library, path("sub")).summary.removed, 1);
+        ImportOptions forgetting;
+        forgetting.forgetsMissing = true;
+        const ImportSummary sub = ImportRun(*m_library, path("sub"), {}, forgetting).summary;
+        QCOMPARE(sub.removed, 1);
+        QCOMPARE(sub.missing, 0);
         QVERIFY(ImportRun(*m_library, path("nowhere")).summary.noSuchFolder);
-        QCOMPARE(tags().keys(),
-                 (QList<QByteArray>{"a.jpg", "b.jpg", "other/d.jpg", "sub more/e.jpg", "sub more/f.jpg"}));
         QCOMPARE(rename(path("other").constData(), path("moved").constData()), 0);
-        const ImportRun run = import();
-        QCOMPARE(run.summary.removed, 3);
-        QCOMPARE(run.summary.added, 1);
-        QCOMPARE(tags().keys(), (QList<QByteArray>{"b.jpg", "moved/d.jpg", "sub more/f.jpg"}));
+        const ImportSummary kept = import().summary;
+        QCOMPARE(kept.removed, 0);
+        QCOMPARE(kept.added, 1);
+        QCOMPARE(kept.missing, 2);
+        QCOMPARE(kept.away, 1);
+        QCOMPARE(tags().size(), 6);
+        QCOMPARE(ImportRun(*m_library, m_root, {}, forgetting).summary.removed, 2);
+        QCOMPARE(tags().keys(), (QList<QByteArray>{"b.jpg", "moved/d.jpg", "sub more/e.jpg", "sub/f.jpg"}));
     }
 
     void filesOutOfSightStay()
@@ -183,7 +189,12 @@ private slots:
         const QMap<QByteArray, QStringList> before = tags();
         QCOMPARE(before.size(), 2);
         QCOMPARE(rename(path("disk").constData(), path(".away").constData()), 0);
-        const auto staysWhole = [&] { return import().summary.removed == 0 && tags() == before; };
+        ImportOptions forgetting;
+        forgetting.forgetsMissing = true;
+        const auto staysWhole = [&] {
+            const ImportSummary summary = ImportRun(*m_library, m_root, {}, forgetting).summary;
+            return summary.removed == 0 && tags() == before && (summary.away == 2 || summary.found == 2);
+        };
         makeFolder("disk");
         QVERIFY2(staysWhole(), "a mount point without its disk");
         QCOMPARE(rmdir(path("disk").constData()), 0);
@@ -210,7 +221,9 @@ private slots:
 
         writeFile(path("later bad.jpg"), "no picture");
         const ImportRun again = import();
-        QCOMPARE(again.skipped.size(), 4);
+        QCOMPARE(again.skipped.keys(), QList<QByteArray>{path("later bad.jpg")});
+        QCOMPARE(again.summary.unreadable, 3);
+        QCOMPARE(import().summary.unreadable, 4);
         QCOMPARE(again.summary.changed + again.summary.removed, 0);
         QCOMPARE(tags().value("later bad.jpg"), kept);
         writeSidecar(path("fine.xmp"), {QStringLiteral("mended")});

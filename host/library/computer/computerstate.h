@@ -26,6 +26,11 @@ struct UnreadableFile
     QString reason;
 };
 
+inline bool operator==(const UnreadableFile& a, const UnreadableFile& b)
+{
+    return a.path == b.path && a.stamp == b.stamp && a.reason == b.reason;
+}
+
 /// What this computer knows about a library and what is not in the library, since that may be shared: where its roots
 /// are mounted, which files could not be read here. One small file for all libraries of a person, beside the default
 /// libraries (XDG_DATA_HOME).

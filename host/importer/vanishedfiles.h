@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QVector>
+
+class FolderWalk;
+
+/// Sorts the files of a library that a walk did not meet: those whose disk may not be connected, and those that are
+/// missing though the folders around them are there.
+class VanishedFiles
+{
+public:
+    /// \a walk is complete and outlives this object.
+    explicit VanishedFiles(const FolderWalk& walk);
+
+    /// Counts \a paths; returns those among them that are missing. One look at the disk for each file not met.
+    QVector<QByteArray> add(const QVector<QByteArray>& paths);
+
+    [[nodiscard]] int missing() const { return m_missing; }
+    [[nodiscard]] int away() const { return m_away; }
+
+private:
+    const FolderWalk& m_walk;
+    int m_missing = 0;
+    int m_away = 0;
+};
