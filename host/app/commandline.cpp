@@ -5,6 +5,7 @@
 #include "host/importer/metadata/metadatareader.h"
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <cstring>
@@ -33,6 +34,8 @@ QString textFrom(const QByteArray& bytes)
 /// Reads one command line; every step leaves its complaint in the result.
 class Reader
 {
+    Q_DECLARE_TR_FUNCTIONS(CommandLine)
+
 public:
     explicit Reader(const QStringList& arguments);
 
@@ -110,15 +113,15 @@ void Reader::readFolder()
 {
     const QStringList folders = m_parser.positionalArguments();
     if (folders.size() > 1)
-        complain(QStringLiteral("There can be only one FOLDER."));
+        complain(tr("There can be only one FOLDER."));
     if (!folders.isEmpty() && has("import"))
-        complain(QStringLiteral("--import names the folder already."));
+        complain(tr("--import names the folder already."));
     if (has("import"))
         m_result.folder = value("import");
     else if (!folders.isEmpty())
         m_result.folder = folders.first().toLatin1();
     if (m_result.folder.isEmpty() && (has("import") || !folders.isEmpty()))
-        complain(QStringLiteral("The name of the folder is empty."));
+        complain(tr("The name of the folder is empty."));
 }
 
 void Reader::readFiles()
@@ -130,10 +133,10 @@ void Reader::readFiles()
     m_result.pluginFile = value("plugin");
     for (const char* const option : {"library", "screenshot", "plugin"}) {
         if (has(option) && value(option).isEmpty())
-            complain(QStringLiteral("--%1 needs the name of a file.").arg(QLatin1String(option)));
+            complain(tr("--%1 needs the name of a file.").arg(QLatin1String(option)));
     }
     if (textFrom(m_result.libraryFile).toUtf8() != m_result.libraryFile)
-        complain(QStringLiteral("The name of the library's file is not valid UTF-8."));
+        complain(tr("The name of the library's file is not valid UTF-8."));
 }
 
 void Reader::readList()
@@ -144,7 +147,7 @@ void Reader::readList()
     else if (list == "files")
         m_result.list = CommandLine::List::Files;
     else if (has("list") && list != "tags")
-        complain(QStringLiteral("--list takes tags, categories or files, not \"%1\".").arg(textFrom(list)));
+        complain(tr("--list takes tags, categories or files, not \"%1\".").arg(textFrom(list)));
     m_result.json = has("json");
 }
 
@@ -156,7 +159,7 @@ void Reader::readPage()
     else if (page == "favorites")
         m_result.page = CommandLine::Page::Favorites;
     else if (has("page") && page != "all")
-        complain(QStringLiteral("--page takes all, categories or favorites, not \"%1\".").arg(textFrom(page)));
+        complain(tr("--page takes all, categories or favorites, not \"%1\".").arg(textFrom(page)));
     m_result.search = textFrom(value("search"));
 }
 
@@ -168,7 +171,7 @@ void Reader::readSize()
     const QRegularExpressionMatch match = form.match(textFrom(value("size")));
     const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
     if (!match.hasMatch() || size.isEmpty() || size.width() > largestSide || size.height() > largestSide)
-        complain(QStringLiteral("--size takes a width and a height from 1 to %1, as in 1100x700.").arg(largestSide));
+        complain(tr("--size takes a width and a height from 1 to %1, as in 1100x700.").arg(largestSide));
     else
         m_result.size = size;
 }
@@ -180,8 +183,7 @@ void Reader::readScale()
     bool isNumber = false;
     const double scale = value("scale").toDouble(&isNumber);
     if (!isNumber || !(scale >= smallestScale && scale <= largestScale))
-        complain(
-            QStringLiteral("--scale takes a number from %1 to %2, as in 1.5.").arg(smallestScale).arg(largestScale));
+        complain(tr("--scale takes a number from %1 to %2, as in 1.5.").arg(smallestScale).arg(largestScale));
     else
         m_result.scale = scale;
 }
@@ -189,25 +191,25 @@ void Reader::readScale()
 void Reader::checkTogether()
 {
     if (int(has("import")) + int(has("list")) + int(has("screenshot")) > 1)
-        complain(QStringLiteral("Only one of --import, --list and --screenshot can be done at a time."));
+        complain(tr("Only one of --import, --list and --screenshot can be done at a time."));
     if (has("json") && !has("list"))
-        complain(QStringLiteral("--json goes with --list."));
+        complain(tr("--json goes with --list."));
     if (has("list") && m_result.libraryFile.isEmpty() && m_result.folder.isEmpty())
-        complain(QStringLiteral("--list needs --library FILE or a FOLDER that was imported."));
+        complain(tr("--list needs --library FILE or a FOLDER that was imported."));
     if (has("reread") && has("list"))
-        complain(QStringLiteral("--reread goes with a folder that is imported."));
+        complain(tr("--reread goes with a folder that is imported."));
     if (has("forget-missing") && !has("import"))
-        complain(QStringLiteral("--forget-missing goes with --import."));
+        complain(tr("--forget-missing goes with --import."));
     for (const char* const option : {"page", "search", "size", "scale", "plugin"}) {
         if (has(option) && (has("import") || has("list")))
-            complain(QStringLiteral("--%1 goes with a window only.").arg(QLatin1String(option)));
+            complain(tr("--%1 goes with a window only.").arg(QLatin1String(option)));
     }
 }
 
 void Reader::complain(const QString& text)
 {
     if (m_result.error.isEmpty())
-        m_result.error = text + QStringLiteral(" Try \"vellum --help\".");
+        m_result.error = tr("%1 Try \"vellum --help\".").arg(text);
 }
 
 }  // namespace
@@ -224,7 +226,7 @@ CommandLine CommandLine::parse(int argc, const char* const* argv)
 
 QString CommandLine::helpText()
 {
-    return QStringLiteral(R"(Usage: vellum [FOLDER] [OPTIONS]
+    return QCoreApplication::translate("CommandLine", R"(Usage: vellum [FOLDER] [OPTIONS]
        vellum --import FOLDER [--library FILE]
        vellum --list tags|categories|files --library FILE [--json]
 

@@ -106,7 +106,7 @@ void FilePresenter::showAnswer(const QVector<qint64>& ids, const QString& error,
     m_asking = false;
     m_panel.setTitle(titleFor(ids.size()));
     if (!error.isEmpty())
-        m_panel.showMessage(tr("The files cannot be shown: ") + error);
+        m_panel.showMessage(tr("The files cannot be shown: %1").arg(error));
     else if (ids.isEmpty())
         m_panel.showMessage(m_query.scope == FileQuery::Scope::Tags ? tr("No file carries this tag.")
                                                                     : tr("No file carries a tag of this category."));
@@ -129,9 +129,9 @@ void FilePresenter::openFile(const QByteArray& path)
 {
     // Only what is a picture by its content goes to the desktop, whatever the file's name says.
     if (!PictureFile::isPicture(path))
-        m_panel.setNotice(PictureFile::displayName(path) + tr(" is not a picture file that can be opened."));
+        m_panel.setNotice(tr("%1 is not a picture file that can be opened.").arg(PictureFile::displayName(path)));
     else if (!QDesktopServices::openUrl(PictureFile::url(path)))
-        m_panel.setNotice(tr("No program was found that opens ") + PictureFile::displayName(path));
+        m_panel.setNotice(tr("No program was found that opens %1.").arg(PictureFile::displayName(path)));
     else
         m_panel.setNotice({});
 }

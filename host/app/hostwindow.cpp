@@ -43,7 +43,7 @@ constexpr int titleHeight = 18;
 constexpr int titleFontPixels = 12;
 constexpr int windowButtonsWidth = 120;  // kept free at the right of the title
 constexpr qint64 silentImport = 1000;    // milliseconds
-constexpr int longestHold = 30'000;      // milliseconds that changes by others wait for a name to be typed
+constexpr int longestHold = 30000;       // milliseconds that changes by others wait for a name to be typed
 const QString splitterKey = QStringLiteral("window/panel");
 
 }  // namespace
@@ -125,7 +125,7 @@ void HostWindow::showEvent(QShowEvent* event)
 void HostWindow::setUpTitle()
 {
     const QString title = m_session.choice().title();
-    setWindowTitle(title + QStringLiteral(" — Vellum"));
+    setWindowTitle(tr("%1 — Vellum").arg(title));
     m_title = new ElidedLabel(contentWidget());
     m_title->setObjectName(QStringLiteral("library_title"));
     m_title->setText(title);

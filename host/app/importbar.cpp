@@ -81,7 +81,7 @@ void ImportBar::showAbsence(const QString& folder)
 QStringList ImportBar::sentencesOf(const ImportSummary& summary)
 {
     if (!summary.error.isEmpty())
-        return {tr("The pictures could not be read: ") + summary.error};
+        return {tr("The pictures could not be read: %1").arg(summary.error)};
     if (summary.cancelled)
         return {tr("Cancelled. The next start goes on where this one stopped.")};
     QStringList sentences;

@@ -8,6 +8,7 @@
 #include "host/importer/importer.h"
 #include "host/library/library.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 
 #include <cerrno>
@@ -28,7 +29,8 @@ public:
     {
         if (!m_isTerminal)
             return;
-        fprintf(stderr, "\r\033[K%d of %d files", done, found);
+        fprintf(stderr, "\r\033[K%s",
+                qUtf8Printable(QCoreApplication::translate("ImportCommand", "%1 of %2 files").arg(done).arg(found)));
         fflush(stderr);
         m_shown = true;
     }

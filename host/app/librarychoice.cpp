@@ -64,7 +64,7 @@ LibraryChoice LibraryChoice::make(const CommandLine& commandLine, const QSetting
     if (!choice.folder.isEmpty() && !isFolder(choice.folder)) {
         // A folder on a disk that is away at the moment: what is known of its pictures can still be looked at.
         if (named || !exists(choice.file))
-            choice.error = tr("There is no folder ") + shown(choice.folder);
+            choice.error = tr("There is no folder %1").arg(shown(choice.folder));
         choice.absentFolder = choice.folder;
         choice.folder.clear();
     }
@@ -78,9 +78,9 @@ LibraryChoice LibraryChoice::make(const CommandLine& commandLine, const QSetting
     if (choice.file.isEmpty())
         choice.error = tr("There is no home folder to keep the library in; name its file with --library FILE");
     else if (choice.isNew && choice.folder.isEmpty())
-        choice.error = tr("There is no library ") + shown(choice.file);
+        choice.error = tr("There is no library %1").arg(shown(choice.file));
     else if (QFile::encodeName(QFile::decodeName(choice.file)) != choice.file)
-        choice.error = tr("This is not possible as the name of a library: ") + shown(choice.file);
+        choice.error = tr("This is not possible as the name of a library: %1").arg(shown(choice.file));
     return choice;
 }
 

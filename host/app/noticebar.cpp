@@ -14,7 +14,7 @@ namespace {
 
 constexpr int sideMargin = 20;
 constexpr int verticalMargin = 8;
-constexpr int timeToRead = 12'000;  // milliseconds
+constexpr int timeToRead = 12000;  // milliseconds
 
 }  // namespace
 

@@ -31,5 +31,5 @@ void Screenshot::write()
     QImageWriter writer(&buffer, "png");
     const bool encoded = buffer.open(QIODevice::WriteOnly) && writer.write(m_window.grab().toImage());
     const QString error = encoded ? writeOutputFile(m_commandLine.screenshotFile, png) : writer.errorString();
-    emit finished(error.isEmpty() ? QString() : tr("The picture cannot be written: ") + error);
+    emit finished(error.isEmpty() ? QString() : tr("The picture cannot be written: %1").arg(error));
 }

@@ -31,7 +31,8 @@ bool TagManagerLoader::load(const QString& file, QString* error)
                 chosen = candidate;
         }
         if (chosen.isEmpty()) {
-            *error = tr("The tag manager plug-in was not found. Looked for: ") + candidates.join(QLatin1String(", "));
+            *error =
+                tr("The tag manager plug-in was not found. Looked for: %1").arg(candidates.join(QLatin1String(", ")));
             return false;
         }
     }
@@ -44,13 +45,13 @@ bool TagManagerLoader::checkMetaData(const QString& file, QString* error) const
 {
     const QJsonObject metaData = m_loader.metaData();
     if (metaData.isEmpty()) {
-        *error = file + tr(" is not a plug-in: ") + m_loader.errorString();
+        *error = tr("%1 is not a plug-in: %2").arg(file, m_loader.errorString());
         return false;
     }
     const QString iid = metaData.value(QLatin1String("IID")).toString();
     const QJsonArray keys = metaData.value(QLatin1String("MetaData")).toObject().value(QLatin1String("Keys")).toArray();
     if (iid != QLatin1String(qobject_interface_iid<IVLTagManagerPlugin*>()) || !keys.contains(QString(pluginKey))) {
-        *error = file + tr(" is not a tag manager plug-in, it is made for ") + iid;
+        *error = tr("%1 is not a tag manager plug-in, it is made for %2").arg(file, iid);
         return false;
     }
     return true;
@@ -60,14 +61,14 @@ bool TagManagerLoader::instantiate(QString* error)
 {
     QObject* root = m_loader.instance();
     if (!root) {
-        *error = tr("The tag manager plug-in cannot be loaded: ") + m_loader.errorString();
+        *error = tr("The tag manager plug-in cannot be loaded: %1").arg(m_loader.errorString());
         return false;
     }
     m_plugin = qobject_cast<IPlugin*>(root);
     m_tagManager = qobject_cast<IVLTagManagerPlugin*>(root);
     if (!m_plugin || !m_tagManager || !m_plugin->initialize()) {
         m_tagManager = nullptr;
-        *error = tr("The plug-in does not offer what a tag manager has to: ") + m_loader.fileName();
+        *error = tr("The plug-in does not offer what a tag manager has to: %1").arg(m_loader.fileName());
         return false;
     }
     return true;
