@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/importbar.h"
 
-#include "host/app/elidedlabel.h"
 #include "host/app/flatbuttonstyle.h"
+#include "host/app/wrappedlabel.h"
 
 #include <vlskinsetting.h>
 
@@ -13,8 +13,9 @@
 
 namespace {
 
-constexpr int barHeight = 40;
+constexpr int lowestBar = 40;
 constexpr int sideMargin = 20;
+constexpr int verticalMargin = 6;
 constexpr int progressHeight = 4;
 constexpr int progressWidth = 200;
 
@@ -27,7 +28,7 @@ QString number(int count)
 
 ImportBar::ImportBar(QWidget* parent)
     : QWidget(parent)
-    , m_text(new ElidedLabel(this))
+    , m_text(new WrappedLabel(this))
     , m_progress(new QProgressBar(this))
     , m_skippedButton(new QPushButton(tr("Show which"), this))
     , m_removeButton(new QPushButton(tr("Remove missing…"), this))
@@ -36,15 +37,14 @@ ImportBar::ImportBar(QWidget* parent)
 {
     setObjectName(QStringLiteral("import_bar"));
     setAttribute(Qt::WA_StyledBackground);
-    setFixedHeight(barHeight);
+    setMinimumHeight(lowestBar);
     m_text->setObjectName(QStringLiteral("import_bar_text"));
-    m_text->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_progress->setTextVisible(false);
     m_progress->setFixedSize(progressWidth, progressHeight);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(sideMargin, 0, sideMargin, 0);
+    layout->setContentsMargins(sideMargin, verticalMargin, sideMargin, verticalMargin);
     layout->setSpacing(12);
-    layout->addWidget(m_text);
+    layout->addWidget(m_text, 1);
     layout->addWidget(m_progress);
     for (QPushButton* button : {m_skippedButton, m_removeButton, m_cancelButton, m_dismissButton})
         layout->addWidget(button);
@@ -117,7 +117,7 @@ void ImportBar::applySkin()
 {
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
     const QString sheet = QStringLiteral("#import_bar { border-top: 1px solid %1; }"
-                                         "ElidedLabel { color: %2; font-size: 12px; }"
+                                         "WrappedLabel { color: %2; font-size: 12px; }"
                                          "QProgressBar { background: %1; border: 0; border-radius: 2px; }"
                                          "QProgressBar::chunk { background: %3; border-radius: 2px; }");
     setStyleSheet(sheet.arg(skin->GetPopupWinBorderColor().name(), skin->GetTextColor(1).name(),

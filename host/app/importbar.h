@@ -5,9 +5,9 @@
 
 #include <QWidget>
 
-class ElidedLabel;
 class QProgressBar;
 class QPushButton;
+class WrappedLabel;
 
 /// A strip at the window's foot that tells how an import goes and how it ended. Hidden while there is nothing to tell.
 class ImportBar : public QWidget
@@ -38,7 +38,7 @@ private:
     void applySkin();
     void showButtons(bool running, bool skipped, bool missing);
 
-    ElidedLabel* m_text = nullptr;
+    WrappedLabel* m_text = nullptr;
     QProgressBar* m_progress = nullptr;
     QPushButton* m_skippedButton = nullptr;
     QPushButton* m_removeButton = nullptr;

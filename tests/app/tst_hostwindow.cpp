@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/elidedlabel.h"
 #include "host/app/filepanel.h"
 #include "host/app/fileview.h"
 #include "host/app/hostwindow.h"
 #include "host/app/importbar.h"
 #include "host/app/librarysession.h"
 #include "host/app/missingpicturesquestion.h"
+#include "host/app/wrappedlabel.h"
 #include "host/library/library.h"
 #include "tests/app/picturefolder.h"
 #include "tests/importer/readermain.h"
@@ -282,25 +282,17 @@ private slots:
         };
         emit m_session->importProgress(3, 12);
         QVERIFY(part("_text")->accessibleName().contains(QLatin1String("3 of 12")));
-        QVERIFY(part("_cancel")->isVisible() && !part("_dismiss")->isVisible());
 
         const QSignalSpy upToDate(m_window.get(), &HostWindow::upToDate);
         m_window->startImport();
         QTRY_COMPARE(upToDate.size(), 1);
         QVERIFY(m_window->filePanel()->title().startsWith(QLatin1String("1 picture without")));
-        QVERIFY(!part("_cancel")->isVisible());
         QTest::mouseClick(part("_skipped"), Qt::LeftButton);
         const auto* list = m_window->findChild<QPlainTextEdit*>();
         QVERIFY(list && list->toPlainText().contains(QLatin1String("broken.jpg")));
         list->window()->close();
         QTest::mouseClick(part("_dismiss"), Qt::LeftButton);
         QVERIFY(!part("")->isVisible());
-
-        ImportSummary failed;
-        failed.error = QStringLiteral("No space.");
-        emit m_session->importFinished(failed);
-        QVERIFY(part("_text")->accessibleName().contains(failed.error));
-        QVERIFY(part("")->isVisible() && !part("_skipped")->isVisible());
     }
 
     void emptyLibraryTellsWhatToDo()
@@ -314,7 +306,7 @@ private slots:
         ImportBar bar;
         const auto outcome = [&bar](const ImportSummary& summary) -> QString {
             bar.showOutcome(summary);
-            return bar.isHidden() ? QString() : bar.findChild<ElidedLabel*>()->text();
+            return bar.isHidden() ? QString() : bar.findChild<WrappedLabel*>()->text();
         };
         const auto shows = [&bar](const char* button) {
             return !bar.findChild<QPushButton*>(QLatin1String(button))->isHidden();
