@@ -3,6 +3,7 @@
 
 #include "pages/emptyhint.h"
 #include "plugin/state/vltagmanagersingleton.h"
+#include "taglist/chipscrollarea.h"
 #include "taglist/vltaggrouplistview.h"
 #include "widgets/vlscrollbar.h"
 #include "widgets/vlsvgwidget.h"
@@ -87,7 +88,7 @@ QPushButton* VLAllTagWidget::makeCreateButton()
 QScrollArea* VLAllTagWidget::makeScrollArea(const QString& areaName, const QString& contentName,
                                             const QMargins& margins)
 {
-    m_scrollArea = new QScrollArea(this);
+    m_scrollArea = new ChipScrollArea(this);
     m_scrollArea->setObjectName(areaName);
     m_scrollWidget = new QWidget;
     m_scrollWidget->setObjectName(contentName);

@@ -98,6 +98,8 @@ QFont ChipMetrics::chipFont()
 {
     QFont font;
     font.setPixelSize(fontPixelSize);
+    // What is not resolved a painter takes from its widget's font; the text would be wider or narrower than measured.
+    font.resolve(QFont::AllPropertiesResolved);
     return font;
 }
 

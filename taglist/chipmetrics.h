@@ -44,6 +44,7 @@ public:
 
     [[nodiscard]] static int chipHeight(ChipLook look) { return look.enlarged ? height + enlargedHeight : height; }
 
+    [[nodiscard]] const QFont& font() const { return m_font; }
     int textWidth(const QString& text);
     QSize chipSize(const QString& name, int fileCount, ChipLook look);
 

@@ -5,16 +5,26 @@
 #include "taglist/taglistrow.h"
 #include "widgets/inview.h"
 
+#include <QApplication>
+#include <QCursor>
 #include <QHoverEvent>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int chipSpacing = 16;
+
+/// The view whose chip was hovered last; there is one pointer.
+QPointer<ChipView>& hoveredView()
+{
+    static QPointer<ChipView> view;
+    return view;
+}
 
 }  // namespace
 
@@ -40,6 +50,7 @@ void ChipView::setUpModel()
     m_flow.setRowHeight(ChipMetrics::height);
     setModel(m_rows.proxy());
     followModel();
+    connect(qApp, &QGuiApplication::fontChanged, this, &ChipView::invalidateWidths);
 }
 
 void ChipView::setUpAppearance()
@@ -112,8 +123,8 @@ ChipFlow& ChipView::flow() const
         m_widthsAreCurrent = true;
         m_flow.setWidths(chipWidths(0, model()->rowCount() - 1));
     }
-    // The viewport follows the view later, or only when it is shown.
-    m_flow.setAvailableWidth(maximumViewportSize().width());
+    // As wide as the viewport is going to be: it follows the view later, or only when it is shown.
+    m_flow.setAvailableWidth(width() - 2 * frameWidth());
     return m_flow;
 }
 
@@ -176,6 +187,14 @@ const TagItem& ChipView::tagAt(const QModelIndex& index) const
     return m_rows.rowAt(index)->tag();
 }
 
+QModelIndex ChipView::firstChipFrom(int y) const
+{
+    // The gap above a line counts as part of it.
+    const QRect below(0, y + chipSpacing, 1, qMax(0, viewport()->height() - y));
+    const ChipFlow::RowRange rows = flow().rowsOfLines(below);
+    return rows.first < rows.last ? model()->index(rows.first, 0) : QModelIndex();
+}
+
 QRect ChipView::visualRect(const QModelIndex& index) const
 {
     return flow().rect(index.isValid() ? index.row() : -1);
@@ -228,6 +247,8 @@ void ChipView::fitHeight()
     const int height = last.y() + last.height() + m_topMargin + m_bottomPad;
     if (minimumHeight() != height || maximumHeight() != height)
         setFixedHeight(height);
+    if (m_hovered.isValid())
+        followPointerSoon();
     if (isInView(viewport()))
         viewport()->update();
 }
@@ -281,8 +302,39 @@ bool ChipView::viewportEvent(QEvent* event)
     return QListView::viewportEvent(event);
 }
 
+void ChipView::followPointerSoon()
+{
+    static bool isScheduled = false;
+    if (std::exchange(isScheduled, true))
+        return;
+    const auto follow = [] {
+        isScheduled = false;
+        followPointer();
+    };
+    QMetaObject::invokeMethod(qApp, follow, Qt::QueuedConnection);
+}
+
+/// The chip whose menu is open stays as it is.
+void ChipView::followPointer()
+{
+    if (QApplication::activePopupWidget())
+        return;
+    const QPoint pointer = QCursor::pos();
+    const QWidget* under = QApplication::widgetAt(pointer);
+    auto* view = under ? qobject_cast<ChipView*>(under->parentWidget()) : nullptr;
+    if (view && view->viewport() == under)
+        view->setHoveredIndex(view->indexAt(under->mapFromGlobal(pointer)));
+    else if (hoveredView())
+        hoveredView()->setHoveredIndex({});
+}
+
 void ChipView::setHoveredIndex(const QModelIndex& index)
 {
+    if (hoveredView() != this && index.isValid()) {
+        if (hoveredView())
+            hoveredView()->setHoveredIndex({});
+        hoveredView() = this;
+    }
     if (m_hovered == index)
         return;
     // A chip is painted one pixel beyond its rectangle.

@@ -40,10 +40,17 @@ public:
     /// shown, so that the layout around it has its height from the start.
     void fitToWidth(int width);
 
+    /// Lightens the chip under the pointer, in whichever view it is, in the next turn of the event loop: for when chips
+    /// moved under a pointer that rests, or a popup hid from them where it went.
+    static void followPointerSoon();
+
     /// The record of a row of this view's model.
     [[nodiscard]] const TagItem& tagAt(const QModelIndex& index) const;
     /// True while an event of this view is being handled, so that it must not be deleted at once.
     [[nodiscard]] bool isBusy() const { return m_busyDepth > 0; }
+
+    /// The first chip that reaches below \a y, in logical pixels of the viewport; invalid when there is none.
+    [[nodiscard]] QModelIndex firstChipFrom(int y) const;
 
     [[nodiscard]] QRect visualRect(const QModelIndex& index) const override;
     [[nodiscard]] QModelIndex indexAt(const QPoint& point) const override;
@@ -86,6 +93,7 @@ private:
     void insertWidths(int first, int last);
     [[nodiscard]] ChipFlow& flow() const;
     void fitHeight();
+    static void followPointer();
     void setHoveredIndex(const QModelIndex& index);
     void paintChip(QPainter* painter, QStyleOptionViewItem option, const QModelIndex& index) const;
 

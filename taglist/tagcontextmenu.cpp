@@ -3,6 +3,7 @@
 
 #include "pages/addtocategory/vlgrouplistmenu.h"
 #include "plugin/state/vltagmanagersingleton.h"
+#include "taglist/chipview.h"
 #include "taglist/vltagcoloraction.h"
 #include "taglist/vltaggrouplistview.h"
 #include "widgets/menupopup.h"
@@ -55,6 +56,7 @@ TagContextMenu::TagContextMenu(QWidget* owner, const Categories& categories)
     , m_menu(makeMenu(owner, QStringLiteral("menu")))
 {
     m_menu->setFixedWidth(menuWidth);
+    connect(m_menu, &QMenu::aboutToHide, this, &ChipView::followPointerSoon);
     createActions();
     createGroupMenu(owner, categories);
     createColorRow();

@@ -29,7 +29,6 @@ constexpr QLine plusVertical(68, 7, 68, 15);
 VLTagDelegate::VLTagDelegate(QObject* view)
     : QStyledItemDelegate(view)
     , m_view(qobject_cast<VLTagListView*>(view))
-    , m_font(ChipMetrics::chipFont())
     , m_texts(ChipTexts::shared())
 {
     installEventFilter(this);
@@ -46,7 +45,7 @@ void VLTagDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const TagItem tag = tagAt(index);
     painter->save();
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    painter->setFont(m_font);
+    painter->setFont(ChipMetrics::shared().font());
     if (tag.name.isEmpty())
         paintAddChip(painter, option);
     else
@@ -70,7 +69,7 @@ void VLTagDelegate::paintTagChip(QPainter* painter, const QStyleOptionViewItem& 
 {
     const QSize size = ChipMetrics::shared().chipSize(tag.name, tag.fileCount, look());
     QRectF chip(option.rect.x(), option.rect.y(), size.width(), ChipMetrics::height);
-    const int fontSize = m_font.pixelSize();
+    const int fontSize = ChipMetrics::shared().font().pixelSize();
     int baseline = option.rect.y() + (size.height() - fontSize) / 2 - 1 + fontSize;
     if (look().enlarged) {
         chip.adjust(0, enlargedShift, -ChipMetrics::enlargedWidth, enlargedShift);

@@ -5,7 +5,6 @@
 #include "taglist/chipmetrics.h"
 #include "taglist/chiptexts.h"
 
-#include <QFont>
 #include <QPointer>
 #include <QSharedPointer>
 #include <QStyledItemDelegate>
@@ -39,6 +38,5 @@ private:
     void paintAddChip(QPainter* painter, const QStyleOptionViewItem& option) const;
 
     QPointer<VLTagListView> m_view;
-    QFont m_font;
     QSharedPointer<ChipTexts> m_texts;
 };

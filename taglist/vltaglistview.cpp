@@ -280,4 +280,5 @@ void VLTagListView::dragChip(const QModelIndex& index)
         return;
     m_drag.clear();
     setState(NoState);
+    followPointerSoon();
 }

@@ -27,6 +27,8 @@ VLScrollBar::VLScrollBar(QWidget* parent)
 {
     m_opacity->setOpacity(restingOpacity);
     setGraphicsEffect(m_opacity);
+    // The toolkit's own menu for scrolling matches nothing else in the window.
+    setContextMenuPolicy(Qt::PreventContextMenu);
     makeAnimations();
     applyStyle();
 }
@@ -97,6 +99,7 @@ void VLScrollBar::follow(QScrollBar* source)
     // A fresh scroll bar has a range of its own, which would show the bar over content that fits.
     setRange(0, source->maximum());
     setPageStep(source->pageStep());
+    setSingleStep(source->singleStep());
     setValue(source->value());
     connect(source, &QScrollBar::valueChanged, this, &VLScrollBar::slot_valueChange_scrollBar);
     connect(this, &QScrollBar::valueChanged, source, &QScrollBar::setValue);
@@ -159,6 +162,8 @@ void VLScrollBar::fadeIn()
     m_fadeIn->start();
 }
 
+/// A page may hide the bar at once when the pointer leaves instead of letting it fade: a fading one would lie over what
+/// is under the pointer next.
 void VLScrollBar::fadeOut()
 {
     if (m_fadeOut->state() == QAbstractAnimation::Running)

@@ -2,6 +2,7 @@
 #include "dialogs/vltagmodifywidget.h"
 #include "pages/vlalltagwidget.h"
 #include "taglist/vltaggrouplistview.h"
+#include "taglist/vltaglistview.h"
 #include "tests/support/gestures.h"
 #include "tests/support/installedhost.h"
 #include "tests/support/screenfault.h"
@@ -10,6 +11,9 @@
 
 #include <vleventtrack.h>
 
+#include <QApplication>
+#include <QCursor>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -137,6 +141,13 @@ private slots:
             {"narrower", [&] { open.page->resize(700, 600); }},
             {"higher", [&] { open.page->resize(700, 640); }},
             {"wider", [&] { open.page->resize(860, 500); }},
+            {"font changed",
+             [] {
+                 QFont font = QApplication::font();
+                 font.setLetterSpacing(QFont::AbsoluteSpacing, 2);
+                 QApplication::setFont(font);
+             }},
+            {"font changed back", [] { QApplication::setFont(QFont(QApplication::font().family())); }},
             {"searched", [&] { open.search(QStringLiteral("1")); }},
             {"searched on", [&] { open.search(QStringLiteral("12")); }},
             {"result renamed", [&] { open.host.renameTag(13, QStringLiteral("12 is first")); }},
@@ -148,6 +159,97 @@ private slots:
             change();
             QTRY_VERIFY2(screenFault(open.page).isEmpty(), qPrintable(name + (": " + screenFault(open.page))));
         }
+    }
+
+    /// As when a host opens a panel beside the page. The chip that was clicked stays where it is, else the topmost one.
+    void chipStaysInPlaceWhileTheWidthChanges_data()
+    {
+        QTest::addColumn<bool>("isClicked");
+        QTest::newRow("clicked") << true;
+        QTest::newRow("topmost") << false;
+    }
+    void chipStaysInPlaceWhileTheWidthChanges()
+    {
+        QFETCH(const bool, isClicked);
+        QStringList names;
+        for (int i = 0; i < 400; ++i)
+            names.append(QString(QChar('a' + i / 200)) + QString::number(i % 200).rightJustified(3, QLatin1Char('0')));
+        OpenPage open(names);
+        QWidget window;
+        QWidget panel(&window);
+        panel.setFixedWidth(430);
+        auto* row = new QHBoxLayout(&window);
+        row->addWidget(&panel);
+        row->addWidget(open.page);
+        panel.hide();
+        window.resize(1100, 700);
+        window.show();
+        settle();
+        QScrollBar* scroll = open.area()->verticalScrollBar();
+        scroll->setValue(430);
+        if (isClicked)
+            gestures::doubleClickChip(open.page, QStringLiteral("b111"));
+        const int value = scroll->value();
+        const auto topOf = [&open](const gestures::ChipPlace& chip) {
+            const QPoint corner = chip.view->visualRect(chip.index).topLeft();
+            return chip.view->viewport()->mapTo(open.area(), corner).y();
+        };
+        gestures::ChipPlace kept = gestures::findChip(open.page, QStringLiteral("b111"));
+        for (int i = 0; i < 400 && !isClicked; ++i) {
+            kept = gestures::findChip(open.page, names.at(i));
+            if (topOf(kept) > -22)
+                break;
+        }
+        const int top = topOf(kept);
+        QVERIFY(isClicked || top < 16);
+        const auto isKept = [&] { return screenFault(&window).isEmpty() && topOf(kept) == top; };
+        for (int i = 0; i < 2; ++i) {
+            panel.show();
+            QTRY_VERIFY2(isKept(), qPrintable(screenFault(&window)));
+            window.resize(900, 700);
+            QTRY_VERIFY2(isKept(), qPrintable(screenFault(&window)));
+            window.resize(1100, 700);
+            panel.hide();
+            QTRY_VERIFY2(isKept(), qPrintable(screenFault(&window)));
+            QTRY_COMPARE(scroll->value(), value);
+        }
+        open.page->setParent(nullptr);
+    }
+
+    void pageMovesForKeysAlone()
+    {
+        OpenPage open(manyNames(400));
+        settle();
+        QScrollBar* scroll = open.area()->verticalScrollBar();
+        scroll->setValue(300);
+        auto* section = gestures::findChip(open.page, QStringLiteral("h tag 7")).view;
+        const QPoint place = section->visualRect(section->model()->index(0, 0)).center();
+        QTest::mouseClick(section->viewport(), Qt::LeftButton, {}, place);
+        scroll->setValue(0);
+        open.host.removeTags({open.host.tagId("h tag 7")});
+        settle();
+        QCOMPARE(scroll->value(), 0);
+        QTest::keyClick(section, Qt::Key_End);
+        QVERIFY(scroll->value() > 0);
+    }
+
+    void hoverFollowsWhatMovesUnderThePointer()
+    {
+        OpenPage open(manyNames(400));
+        QVERIFY(QTest::qWaitForWindowExposed(open.page));
+        settle();
+        const gestures::ChipPlace first = gestures::findChip(open.page, QStringLiteral("a tag 0"));
+        QCursor::setPos(first.view->viewport()->mapToGlobal(first.view->visualRect(first.index).center()));
+        const auto changes = {std::function<void()>([] {}),
+                              std::function<void()>([&] { open.area()->verticalScrollBar()->setValue(38); }),
+                              std::function<void()>([&] { open.host.addTag(QStringLiteral("!")); }),
+                              std::function<void()>([&] { open.page->resize(500, 600); }),
+                              std::function<void()>([&] { open.area()->verticalScrollBar()->setValue(400); })};
+        for (const auto& change : changes) {
+            change();
+            QTRY_VERIFY2(screenFault(open.page).isEmpty(), qPrintable(screenFault(open.page)));
+        }
+        QCursor::setPos(0, 0);
     }
 
     void overlayBarShowsOnlyWhatCanScroll()

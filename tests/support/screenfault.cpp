@@ -4,7 +4,9 @@
 #include "taglist/vltaglistview.h"
 #include "widgets/vlscrollbar.h"
 
+#include <QApplication>
 #include <QBackingStore>
+#include <QCursor>
 #include <QImage>
 #include <QLabel>
 #include <QPainter>
@@ -37,6 +39,13 @@ QImage painted(const QWidget* window)
     const QBackingStore* store = window->backingStore();
     const QPaintDevice* device = store ? const_cast<QBackingStore*>(store)->paintDevice() : nullptr;
     return device && device->devType() == QInternal::Image ? static_cast<const QImage*>(device)->copy() : QImage();
+}
+
+QModelIndex hovered(const VLTagListView* list)
+{
+    const QPoint pointer = QCursor::pos();
+    const bool isUnder = QApplication::widgetAt(pointer) == list->viewport();
+    return isUnder ? list->indexAt(list->viewport()->mapFromGlobal(pointer)) : QModelIndex();
 }
 
 /// One scroll area of chips in a window, and what it has to look like.
@@ -114,6 +123,7 @@ private:
         option.initFrom(list->viewport());
         option.rect = list->visualRect(index);
         option.state = QStyle::State_Enabled;
+        option.state.setFlag(QStyle::State_MouseOver, hovered(list) == index);
         const QString name = list->tagAt(index).name;
         if (list->itemDelegate()->sizeHint(option, index) != option.rect.size() && m_fault.isEmpty())
             m_fault = QStringLiteral("the item of “%1” is not of its chip's size").arg(name);
