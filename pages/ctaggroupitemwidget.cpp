@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ctaggroupitemwidget.h"
 
+#include "dialogs/plaintooltip.h"
 #include "pages/vlgrouplabel.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/tagdrag.h"
@@ -123,6 +124,7 @@ void CTagGroupItemWidget::showRecord(const QString& name, int tagCount)
     if (!m_nameLabel)
         createLabels(name);
     m_nameLabel->setWrappedText(name);
+    setToolTip(m_nameLabel->text() == name ? QString() : plainToolTip(name));
     m_countLabel->setText(QString::number(tagCount));
 }
 

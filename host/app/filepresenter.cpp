@@ -15,6 +15,8 @@
 #include <QHash>
 #include <QLocale>
 
+#include <unistd.h>
+
 namespace {
 
 constexpr qint64 everyTag = -1;  // the reserved category that holds all tags
@@ -128,7 +130,9 @@ void FilePresenter::fillPaths(const QVector<qint64>& ids)
 void FilePresenter::openFile(const QByteArray& path)
 {
     // Only what is a picture by its content goes to the desktop, whatever the file's name says.
-    if (!PictureFile::isPicture(path))
+    if (::access(path.constData(), F_OK) != 0)
+        m_panel.setNotice(tr("%1 is not there, or its disk is not connected.").arg(PictureFile::displayName(path)));
+    else if (!PictureFile::isPicture(path))
         m_panel.setNotice(tr("%1 is not a picture file that can be opened.").arg(PictureFile::displayName(path)));
     else if (!QDesktopServices::openUrl(PictureFile::url(path)))
         m_panel.setNotice(tr("No program was found that opens %1.").arg(PictureFile::displayName(path)));
