@@ -7,6 +7,7 @@
 #include "bench/runner.h"
 #include "bench/scenario.h"
 #include "host/importer/metadata/metadatareader.h"
+#include "host/importer/metadata/thumbnailreader.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -139,6 +140,8 @@ int main(int argc, char* argv[])
     // An import starts its own program for reading the pictures.
     if (argc > 1 && std::strcmp(argv[1], metadataReaderOption) == 0)
         return runMetadataReader();
+    if (argc == 2 && std::strcmp(argv[1], thumbnailReaderOption) == 0)
+        return runThumbnailReader(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QLoggingCategory::setFilterRules(QStringLiteral("*.info=false\n*.debug=false"));
     const QApplication application(argc, argv);

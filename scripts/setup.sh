@@ -14,11 +14,12 @@ packages() {
 build|build-essential|C++17 compiler and linker
 build|cmake|configures the build (3.21 or later)
 build|ninja-build|runs the build
-build|pkgconf|tells CMake where Exiv2 is
+build|pkgconf|tells CMake where libraries without CMake files are
 build|qtbase5-dev|Qt 5.15: widgets, SQL, concurrency, tests
 build|libqt5svg5-dev|Qt's SVG renderer, for the icons
 build|libqt5sql5-sqlite|Qt's SQLite driver, for the library file
 build|libexiv2-dev|reads keywords that are embedded in pictures
+build|libseccomp-dev|confines the processes that read pictures
 build|qt5-image-formats-plugins|thumbnails of WebP, TIFF and other pictures
 build|fonts-noto-core|letters of most scripts, for tag names
 build|fonts-wqy-microhei|Chinese, Japanese and Korean letters; of Noto's, Qt 5 falls back to the bold face

@@ -3,6 +3,7 @@
 
 #include "host/importer/defaultlibrary.h"
 #include "host/importer/metadata/metadatareader.h"
+#include "host/importer/metadata/thumbnailreader.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -216,10 +217,13 @@ void Reader::complain(const QString& text)
 
 CommandLine CommandLine::parse(int argc, const char* const* argv)
 {
-    if (argc == 2 && std::strcmp(argv[1], metadataReaderOption) == 0) {
-        CommandLine commandLine;
-        commandLine.action = Action::ReadMetadata;
-        return commandLine;
+    for (const auto& [option, action] : {std::pair(metadataReaderOption, Action::ReadMetadata),
+                                         std::pair(thumbnailReaderOption, Action::ReadThumbnails)}) {
+        if (argc == 2 && std::strcmp(argv[1], option) == 0) {
+            CommandLine commandLine;
+            commandLine.action = action;
+            return commandLine;
+        }
     }
     return Reader(argumentsAsLatin1(argc, argv)).read();
 }

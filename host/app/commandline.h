@@ -13,13 +13,14 @@ struct CommandLine
 {
     enum class Action
     {
-        OpenWindow,   ///< Open the library of folder, or libraryFile; both may be empty.
-        Screenshot,   ///< Render the window to screenshotFile and end.
-        Import,       ///< Import folder into libraryFile without a display.
-        List,         ///< Print libraryFile without a display.
-        ShowHelp,     ///< Print helpText() to standard output and end with status 0.
-        ShowVersion,  ///< Print versionText() to standard output and end with status 0.
-        ReadMetadata  ///< Serve as a reader process of an import: return runMetadataReader() at once.
+        OpenWindow,     ///< Open the library of folder, or libraryFile; both may be empty.
+        Screenshot,     ///< Render the window to screenshotFile and end.
+        Import,         ///< Import folder into libraryFile without a display.
+        List,           ///< Print libraryFile without a display.
+        ShowHelp,       ///< Print helpText() to standard output and end with status 0.
+        ShowVersion,    ///< Print versionText() to standard output and end with status 0.
+        ReadMetadata,   ///< Serve as a reader process of an import: return runMetadataReader() at once.
+        ReadThumbnails  ///< Serve as a process that makes thumbnails: return runThumbnailReader() at once.
     };
     enum class List
     {

@@ -12,8 +12,8 @@ namespace {
 
 // The event loops of three threads, three connections to the library with log and index, the computer's own notes.
 constexpr int ofTheProgram = 24;
-// Three pipes and the pair that reports a failed start, both ends while it is being started.
-constexpr int ofEachReader = 8;
+// A socket, both ends while it is being started, and the files that it is given ahead.
+constexpr int ofEachReader = 10;
 
 struct DescriptorLimit
 {

@@ -31,6 +31,7 @@ FilePresenter::FilePresenter(Library& library, FilePanel& panel, QObject* parent
     connect(&m_library, &Library::filesChanged, this, &FilePresenter::refresh);
     connect(m_panel.view(), &FileView::filesNeeded, this, &FilePresenter::fillPaths);
     connect(m_panel.view(), &FileView::fileActivated, this, &FilePresenter::openFile);
+    connect(m_panel.view(), &FileView::thumbnailsUnavailable, &m_panel, &FilePanel::setNotice);
 }
 
 void FilePresenter::showTagFiles(const QVector<qint64>& tagIds)

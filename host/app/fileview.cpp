@@ -37,6 +37,7 @@ FileView::FileView(QWidget* parent)
                 if (pixels == m_pixels)
                     m_model->setThumbnail(id, thumbnail);
             });
+    connect(m_loader, &ThumbnailLoader::unavailable, this, &FileView::thumbnailsUnavailable);
     connect(this, &QAbstractItemView::doubleClicked, this,
             [this](const QModelIndex& index) { emit fileActivated(m_model->path(index.row())); });
 }

@@ -32,6 +32,8 @@ signals:
     void filesNeeded(const QVector<qint64>& ids);
     /// The user wants to open this file.
     void fileActivated(const QByteArray& path);
+    /// No thumbnail can be made on this system, for \a reason. Emitted once.
+    void thumbnailsUnavailable(const QString& reason);
 
 protected:
     bool event(QEvent* event) override;

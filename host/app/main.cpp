@@ -6,6 +6,7 @@
 #include "host/app/listcommand.h"
 #include "host/importer/escapedtext.h"
 #include "host/importer/metadata/metadatareader.h"
+#include "host/importer/metadata/thumbnailreader.h"
 
 #include <QApplication>
 #include <QThread>
@@ -51,6 +52,8 @@ int runWithoutDisplay(const CommandLine& commandLine, int argc, char** argv)
     switch (commandLine.action) {
     case CommandLine::Action::ReadMetadata:
         return runMetadataReader();
+    case CommandLine::Action::ReadThumbnails:
+        return runThumbnailReader(argc, argv);
     case CommandLine::Action::ShowHelp:
         return print(CommandLine::helpText());
     case CommandLine::Action::ShowVersion:

@@ -1,27 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/app/picturefile.h"
 #include "host/app/thumbnail.h"
 
 #include <QByteArray>
 #include <QCache>
-#include <QMutex>
 
-/// Thumbnails of recently shown files, dropped by age once they exceed a number of bytes. All operations on any thread.
+struct RegularFile;
+
+/// Thumbnails of recently shown files, dropped by age once they exceed a number of bytes.
 class ThumbnailCache
 {
 public:
     explicit ThumbnailCache(int maxBytes);
 
-    /// The thumbnail of \a path that fits \a pixels device pixels: from the cache while the file is the same as when it
-    /// was decoded, else decoded now.
-    [[nodiscard]] Thumbnail thumbnail(const QByteArray& path, int pixels);
-
-private:
-    [[nodiscard]] Thumbnail find(const QByteArray& key);
+    /// What a thumbnail is kept under: the file at \a path in the state in which it was opened as \a file, and the size
+    /// in device pixels.
+    [[nodiscard]] static QByteArray key(const QByteArray& path, const RegularFile& file, int pixels);
+    /// Pending when it is not there.
+    [[nodiscard]] Thumbnail find(const QByteArray& key) const;
     void insert(const QByteArray& key, const Thumbnail& thumbnail);
 
-    QMutex m_mutex;
+private:
     QCache<QByteArray, Thumbnail> m_thumbnails;  ///< Costs in bytes.
 };

@@ -1,27 +1,56 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/thumbnailloader.h"
 
+#include "host/app/thumbnailworker.h"
+#include "host/importer/metadata/thumbnailreader.h"
+
+#include <QCoreApplication>
 #include <QThread>
 
 #include <algorithm>
 
 namespace {
 
-constexpr int cacheBytes = 96 * 1024 * 1024;
+// Milliseconds. The thread ends at once, unless it hangs in opening a file on a disk that does not answer.
+constexpr unsigned long closingLimit = 2000;
+
+// One core stays free for the window; one picture that takes its time does not hold up the others.
+int processCount()
+{
+    return std::max(2, QThread::idealThreadCount() - 1);
+}
 
 }  // namespace
 
-ThumbnailLoader::ThumbnailLoader(QObject* parent)
-    : QObject(parent)
-    , m_cache(cacheBytes)
+ReaderProcess::Settings ThumbnailLoader::defaultSettings()
 {
-    // One core stays free for the window.
-    m_pool.setMaxThreadCount(std::max(1, QThread::idealThreadCount() - 1));
+    ReaderProcess::Settings settings;
+    settings.program = QCoreApplication::applicationFilePath();
+    settings.option = QString::fromLatin1(thumbnailReaderOption);
+    return settings;
+}
+
+ThumbnailLoader::ThumbnailLoader(QObject* parent, const ReaderProcess::Settings& settings)
+    : QObject(parent)
+    , m_thread(new QThread)
+    , m_worker(new ThumbnailWorker(settings, processCount()))
+    , m_processes(processCount())
+{
+    qRegisterMetaType<Thumbnail>();
+    m_thread->setObjectName(QStringLiteral("thumbnails"));
+    m_worker->moveToThread(m_thread);
+    connect(m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
+    connect(m_worker, &ThumbnailWorker::loaded, this, &ThumbnailLoader::handleLoaded);
+    connect(m_worker, &ThumbnailWorker::unavailable, this, &ThumbnailLoader::unavailable);
+    m_thread->start();
 }
 
 ThumbnailLoader::~ThumbnailLoader()
 {
-    m_pool.waitForDone();
+    m_thread->quit();
+    // A thread that hangs is left to the end of the program.
+    if (m_thread->wait(closingLimit))
+        delete m_thread;
 }
 
 void ThumbnailLoader::setWanted(const QVector<ThumbnailRequest>& files, int pixels)
@@ -34,25 +63,20 @@ void ThumbnailLoader::setWanted(const QVector<ThumbnailRequest>& files, int pixe
 
 void ThumbnailLoader::startNext()
 {
-    while (!m_wanted.isEmpty() && m_running.size() < m_pool.maxThreadCount()) {
+    while (!m_wanted.isEmpty() && m_running.size() < m_processes) {
         const ThumbnailRequest file = m_wanted.takeLast();
-        if (!m_running.contains(file.id))
-            start(file);
+        if (m_running.contains(file.id))
+            continue;
+        m_running.insert(file.id);
+        QMetaObject::invokeMethod(
+            m_worker, [worker = m_worker, file, pixels = m_pixels] { worker->load(file.id, file.path, pixels); },
+            Qt::QueuedConnection);
     }
 }
 
-void ThumbnailLoader::start(const ThumbnailRequest& file)
+void ThumbnailLoader::handleLoaded(qint64 id, int pixels, const Thumbnail& thumbnail)
 {
-    m_running.insert(file.id);
-    m_pool.start([this, file, pixels = m_pixels] {
-        const Thumbnail thumbnail = m_cache.thumbnail(file.path, pixels);
-        QMetaObject::invokeMethod(
-            this,
-            [this, id = file.id, pixels, thumbnail] {
-                m_running.remove(id);
-                startNext();
-                emit thumbnailLoaded(id, pixels, thumbnail);
-            },
-            Qt::QueuedConnection);
-    });
+    m_running.remove(id);
+    startNext();
+    emit thumbnailLoaded(id, pixels, thumbnail);
 }

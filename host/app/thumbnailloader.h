@@ -2,13 +2,15 @@
 #pragma once
 
 #include "host/app/thumbnail.h"
-#include "host/app/thumbnailcache.h"
+#include "host/importer/metadata/readerprocess.h"
 
 #include <QByteArray>
 #include <QObject>
 #include <QSet>
-#include <QThreadPool>
 #include <QVector>
+
+class QThread;
+class ThumbnailWorker;
 
 /// A file whose thumbnail is wanted.
 struct ThumbnailRequest
@@ -17,16 +19,20 @@ struct ThumbnailRequest
     QByteArray path;  ///< In the file system's bytes.
 };
 
-/// Loads thumbnails on threads of its own. GUI thread only.
+/// Loads thumbnails in confined processes, so that a picture can do harm to its own thumbnail at most. GUI thread only,
+/// which is never blocked.
 ///
-/// Only what is wanted is loaded, in the order wanted: a new wish replaces what has not begun. Destroying the loader
-/// waits for the few pictures being decoded at that moment.
+/// Only what is wanted is loaded, in the order wanted: a new wish replaces what has not begun.
 class ThumbnailLoader : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit ThumbnailLoader(QObject* parent = nullptr);
+    /// The running program, which answers thumbnailReaderOption by runThumbnailReader().
+    [[nodiscard]] static ReaderProcess::Settings defaultSettings();
+
+    explicit ThumbnailLoader(QObject* parent = nullptr, const ReaderProcess::Settings& settings = defaultSettings());
+    /// Ends what is being decoded.
     ~ThumbnailLoader() override;
 
     /// The files to load next, the most urgent first, to fit \a pixels device pixels.
@@ -35,14 +41,17 @@ public:
 signals:
     /// \a pixels is the size that was wanted. May come for a file that is no longer wanted.
     void thumbnailLoaded(qint64 id, int pixels, const Thumbnail& thumbnail);
+    /// There are no thumbnails on this system, for \a reason. Emitted once.
+    void unavailable(const QString& reason);
 
 private:
     void startNext();
-    void start(const ThumbnailRequest& file);
+    void handleLoaded(qint64 id, int pixels, const Thumbnail& thumbnail);
 
-    ThumbnailCache m_cache;
-    QThreadPool m_pool;
+    QThread* m_thread;
+    ThumbnailWorker* m_worker;  ///< Lives on the thread and ends with it.
+    int m_processes;
     QVector<ThumbnailRequest> m_wanted;  ///< The most urgent last.
-    QSet<qint64> m_running;
+    QSet<qint64> m_running;              ///< One for each process at most.
     int m_pixels = 0;
 };

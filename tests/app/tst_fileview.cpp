@@ -3,8 +3,10 @@
 #include "host/app/filetilelayout.h"
 #include "host/app/fileview.h"
 #include "tests/app/picturefolder.h"
+#include "tests/importer/readermain.h"
 
 #include <QAbstractItemModelTester>
+#include <QApplication>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -137,5 +139,5 @@ private:
     QVector<QVector<qint64>> m_asked;
 };
 
-QTEST_MAIN(TestFileView)
+READER_GUI_TEST_MAIN(TestFileView)
 #include "tst_fileview.moc"

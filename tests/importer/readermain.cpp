@@ -4,39 +4,72 @@
 #include "host/app/commandline.h"
 #include "host/app/importcommand.h"
 #include "host/app/listcommand.h"
-#include "host/importer/metadata/metadataanswer.h"
+#include "host/importer/metadata/confinement.h"
 #include "host/importer/metadata/metadatareader.h"
 #include "host/importer/metadata/picturekeywords.h"
+#include "host/importer/metadata/readermessage.h"
+#include "host/importer/metadata/readerpool.h"
+#include "host/importer/metadata/readerservice.h"
+#include "host/importer/metadata/thumbnailreader.h"
 
-#include <cstdio>
+#include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <iostream>
-#include <string>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
 
-void write(const QByteArray& bytes)
+// Names what a process that was taken over can do and should not.
+QByteArray liberties()
 {
-    fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
-    fflush(stdout);
+    QByteArray found;
+    const auto tried = [&found](const char* what, long result) {
+        if (result >= 0 || errno == ENOENT)
+            found.append(what).append(' ');
+    };
+    tried("open", open("/dev/null", O_RDONLY));
+    tried("create", open("/tmp", O_TMPFILE | O_WRONLY, 0600));
+    tried("socket", socket(AF_UNIX, SOCK_STREAM, 0));
+    tried("exec", execl("/nowhere/at/all", "", nullptr));
+    tried("kill", kill(getppid(), 0));
+    tried("code", mmap(nullptr, 1, PROT_READ | PROT_EXEC, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) != MAP_FAILED ? 0 : -1);
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(0);
+    tried("fork", child);
+    void* const large = malloc(size_t(Confinement::memoryLimit) + 1);
+    tried("memory", large ? 0 : -1);
+    free(large);
+    return found;
+}
+
+QByteArray harmfulAnswer(const ReaderRequest& request)
+{
+    if (request.name.contains("crash"))
+        abort();
+    while (request.name.contains("hang")) {
+    }
+    if (request.name.contains("babble"))
+        return "{\"keywords\":7}\n";
+    if (request.name.contains("endless"))
+        return QByteArray(ReaderMessage::longestAnswer + 1, ' ');
+    if (request.name.contains("liberties")) {
+        MetadataAnswer answer;
+        answer.keywords.append(QStringLiteral("can: ") + QString::fromLatin1(liberties()));
+        return answer.toLine();
+    }
+    return readKeywords(request.file.number(), request.name).toLine();
 }
 
 int runHarmfulReader()
 {
+    Confinement::limit();
     setUpExiv2();
-    write(metadataReaderReady);
-    std::string path;
-    while (std::getline(std::cin, path, '\0')) {
-        const QByteArray name = QByteArray::fromStdString(path);
-        if (name.contains("crash"))
-            abort();
-        while (name.contains("hang"))
-            pause();
-        write(name.contains("babble") ? QByteArray("{\"keywords\":7}\n") : readKeywords(name).toLine());
-    }
-    return 0;
+    _exit(ReaderService::serve(harmfulAnswer));
 }
 
 int runCommand(int argc, char** argv)
@@ -48,15 +81,28 @@ int runCommand(int argc, char** argv)
     return runListCommand(commandLine);
 }
 
+int runReading(int argc, char** argv)
+{
+    const QCoreApplication app(argc, argv);
+    ReaderPool pool({});
+    pool.read({argv[2]});
+    return QCoreApplication::exec();
+}
+
 }  // namespace
 
 int runAsHelper(int argc, char** argv)
 {
     if (argc < 2)
         return -1;
+    const bool isHarmful = qEnvironmentVariableIsSet(harmfulReaderVariable);
     if (std::strcmp(argv[1], metadataReaderOption) == 0)
-        return qEnvironmentVariableIsSet(harmfulReaderVariable) ? runHarmfulReader() : runMetadataReader();
+        return isHarmful ? runHarmfulReader() : runMetadataReader();
+    if (std::strcmp(argv[1], thumbnailReaderOption) == 0)
+        return isHarmful ? runHarmfulReader() : runThumbnailReader(argc, argv);
     if (std::strcmp(argv[1], commandArgument) == 0)
         return runCommand(argc - 1, argv + 1);
+    if (argc > 2 && std::strcmp(argv[1], readArgument) == 0)
+        return runReading(argc, argv);
     return -1;
 }

@@ -2,6 +2,7 @@
 #include "host/importer/metadata/metadataanswer.h"
 #include "host/importer/metadata/picturekeywords.h"
 #include "host/importer/metadata/readerpool.h"
+#include "host/importer/metadata/regularfile.h"
 #include "tests/importer/madepictures.h"
 #include "tests/importer/readermain.h"
 #include "tests/importer/taggedpicture.h"
@@ -32,7 +33,8 @@ private slots:
         for (const MadePicture& picture : madePictures()) {
             const QByteArray path = QFile::encodeName(m_folder.filePath("made.")) + picture.name;
             writeFile(path, picture.bytes);
-            const MetadataAnswer answer = readKeywords(path);
+            const RegularFile file = RegularFile::open(path);
+            const MetadataAnswer answer = readKeywords(file.descriptor.number(), picture.name);
             QVERIFY2(!answer.error.contains("no known picture format"), qPrintable(answer.error));
             QVERIFY2(answer.keywords == (picture.hasKeyword ? QStringList{"sea"} : QStringList()), picture.name);
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/metadata/keywordlist.h"
 #include "host/importer/metadata/picturekeywords.h"
+#include "host/importer/metadata/regularfile.h"
 #include "tests/importer/taggedpicture.h"
 
 #include <QFile>
@@ -10,6 +11,20 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QtTest>
+
+namespace {
+
+MetadataAnswer read(const QByteArray& path)
+{
+    const RegularFile file = RegularFile::open(path);
+    if (file.descriptor.isValid())
+        return readKeywords(file.descriptor.number(), path.mid(path.lastIndexOf('/') + 1));
+    MetadataAnswer answer;
+    answer.error = file.error;
+    return answer;
+}
+
+}  // namespace
 
 class TestPictureKeywords : public QObject
 {
@@ -24,7 +39,7 @@ private slots:
         picture.xmp = QStringList{QStringLiteral("Sea"), QStringLiteral("Cafe\u0301"), QStringLiteral("sea")};
         picture.iptc = {"Sky", " Sea ", "Caf\xc3\xa9", "", "  "};
         picture.write(path("both.jpg"));
-        const MetadataAnswer answer = readKeywords(path("both.jpg"));
+        const MetadataAnswer answer = read(path("both.jpg"));
         QCOMPARE(answer.error, QString());
         QCOMPARE(answer.keywords, (QStringList{QStringLiteral("Sea"), QStringLiteral("Cafe\u0301"),
                                                QStringLiteral("sea"), QStringLiteral("Sky")}));
@@ -38,36 +53,36 @@ private slots:
                                     QString(20000, QChar(0x5c71))}) {
             const QStringList expected = {name, QStringLiteral("other")};
             writePicture(path("name.jpg"), expected);
-            QCOMPARE(readKeywords(path("name.jpg")).keywords, expected);
+            QCOMPARE(read(path("name.jpg")).keywords, expected);
             writeSidecar(path("name.xmp"), expected);
-            QCOMPARE(readKeywords(path("name.xmp")).keywords, expected);
+            QCOMPARE(read(path("name.xmp")).keywords, expected);
             if (name.size() > 1000)  // An IPTC dataset holds 32 KiB.
                 continue;
             TaggedPicture picture;
             picture.iptc = {name.toUtf8(), "other"};
             picture.write(path("name.jpg"));
-            QCOMPARE(readKeywords(path("name.jpg")).keywords, expected);
+            QCOMPARE(read(path("name.jpg")).keywords, expected);
         }
     }
 
     void readsUnusualXmp()
     {
-        const auto read = [this](const QByteArray& element, const QByteArray& attribute = {}) -> QString {
+        const auto keywordsOf = [this](const QByteArray& element, const QByteArray& attribute = {}) -> QString {
             const QByteArray body = element.isEmpty() ? QByteArray() : "<dc:subject>" + element + "</dc:subject>";
             writeFile(path("unusual.xmp"),
                       "<x:xmpmeta xmlns:x='adobe:ns:meta/'>"
                       "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
                       "<rdf:Description rdf:about='' xmlns:dc='http://purl.org/dc/elements/1.1/' " +
                           attribute + '>' + body + "</rdf:Description></rdf:RDF></x:xmpmeta>");
-            const MetadataAnswer answer = readKeywords(path("unusual.xmp"));
+            const MetadataAnswer answer = read(path("unusual.xmp"));
             return answer.error + answer.keywords.join(QLatin1Char('|'));
         };
-        QCOMPARE(read("<rdf:Seq><rdf:li>a, b</rdf:li><rdf:li>c</rdf:li></rdf:Seq>"), QStringLiteral("a, b|c"));
-        QCOMPARE(read("<rdf:Alt><rdf:li xml:lang='x-default'>Sea</rdf:li></rdf:Alt>"), QStringLiteral("Sea"));
-        QCOMPARE(read("a, b"), QStringLiteral("a, b"));
-        QCOMPARE(read({}, "dc:subject='Sea'"), QStringLiteral("Sea"));
-        QCOMPARE(read("<rdf:Bag/>"), QString());
-        QCOMPARE(read("<rdf:Bag><rdf:li/><rdf:li> </rdf:li></rdf:Bag>"), QString());
+        QCOMPARE(keywordsOf("<rdf:Seq><rdf:li>a, b</rdf:li><rdf:li>c</rdf:li></rdf:Seq>"), QStringLiteral("a, b|c"));
+        QCOMPARE(keywordsOf("<rdf:Alt><rdf:li xml:lang='x-default'>Sea</rdf:li></rdf:Alt>"), QStringLiteral("Sea"));
+        QCOMPARE(keywordsOf("a, b"), QStringLiteral("a, b"));
+        QCOMPARE(keywordsOf({}, "dc:subject='Sea'"), QStringLiteral("Sea"));
+        QCOMPARE(keywordsOf("<rdf:Bag/>"), QString());
+        QCOMPARE(keywordsOf("<rdf:Bag><rdf:li/><rdf:li> </rdf:li></rdf:Bag>"), QString());
     }
 
     void honoursTheCharacterSet()
@@ -95,8 +110,63 @@ private slots:
             picture.characterSet = each.characterSet;
             picture.iptc = {each.bytes};
             picture.write(path("iptc.jpg"));
-            QVERIFY2(readKeywords(path("iptc.jpg")).keywords == QStringList{each.text}, each.title);
+            QVERIFY2(read(path("iptc.jpg")).keywords == QStringList{each.text}, each.title);
         }
+    }
+
+    void readsXmpThatBreaksTheRules()
+    {
+        const auto packet = [](const QByteArray& body, const QByteArray& attributes = {}) -> QByteArray {
+            return "<x:xmpmeta xmlns:x='adobe:ns:meta/'>"
+                   "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+                   "<rdf:Description rdf:about='' xmlns:dc='http://purl.org/dc/elements/1.1/'" +
+                   attributes + ">" + body + "</rdf:Description></rdf:RDF></x:xmpmeta>";
+        };
+        const QByteArray sea = "<dc:subject><rdf:Bag><rdf:li>Sea</rdf:li></rdf:Bag></dc:subject>";
+        struct Case
+        {
+            const char* title;
+            QByteArray packet;
+            QStringList keywords;
+        };
+        const QVector<Case> cases = {
+            {"twice", packet(sea + "<dc:subject><rdf:Bag><rdf:li>Sky</rdf:li></rdf:Bag></dc:subject>"), {"Sea", "Sky"}},
+            {"another property twice", packet("<dc:format>a</dc:format><dc:format>b</dc:format>" + sea), {"Sea"}},
+            {"prefix not declared", packet("<made:up>1</made:up>" + sea), {"Sea"}},
+            {"control character", packet(sea + "<dc:title>a\x01</dc:title>"), {"Sea"}},
+            {"ampersand",
+             packet("<dc:subject><rdf:Bag><rdf:li>R&D &amp; Sea</rdf:li></rdf:Bag></dc:subject>"),
+             {"R&D & Sea"}},
+            {"no text in UTF-8", packet(QByteArray(sea).replace("Sea", "caf\xe9")), {"café"}},
+            {"cut off", packet(sea).left(packet(sea).size() - 40), {"Sea"}},
+            {"twice as an attribute",
+             packet(sea + "<dc:format>a</dc:format><dc:format>b</dc:format>", " dc:subject='Sky'"),
+             {"Sky", "Sea"}}};
+        for (const Case& each : cases) {
+            writeFile(path("odd.xmp"), each.packet);
+            QVERIFY2(read(path("odd.xmp")).keywords == each.keywords, each.title);
+            // A JPEG of one segment, which is the packet.
+            const QByteArray segment = QByteArray("http://ns.adobe.com/xap/1.0/\0", 29) + each.packet;
+            const int length = segment.size() + 2;
+            writeFile(path("odd.jpg"),
+                      QByteArray("\xff\xd8\xff\xe1") + char(length >> 8) + char(length & 0xff) + segment + "\xff\xd9");
+            QVERIFY2(read(path("odd.jpg")).keywords == each.keywords, each.title);
+        }
+        writeFile(path("hopeless.xmp"), packet("<dc:subject><rdf:Bag><<<"));
+        QVERIFY(!read(path("hopeless.xmp")).error.isEmpty());
+
+        QByteArray trailer("\x01", 1);
+        for (int byte = 0xff; byte >= 0; --byte)
+            trailer += char(byte);
+        const QByteArray screen("GIF89a\1\0\1\0\x80\0\0\0\0\0\xff\xff\xff", 19);
+        const QByteArray comment("\x21\xfe\x03"
+                                 "abc\0",
+                                 7);
+        writeFile(path("drawn.gif"),
+                  screen + comment + "\x21\xff\x0bXMP DataXMP" + packet(sea) + trailer + QByteArray("\0;", 2));
+        QCOMPARE(read(path("drawn.gif")).keywords, QStringList{"Sea"});
+        writeFile(path("cut.gif"), screen + "\x21\xff\x0bXMP DataXMP");
+        QCOMPARE(read(path("cut.gif")).error, QString());
     }
 
     void tellsWhyAFileCannotBeRead()
@@ -105,11 +175,11 @@ private slots:
         writeFile(path("text.jpg"), "this is no picture at all");
         writeFile(path("broken.xmp"), "<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF>");
         for (const char* const name : {"empty.jpg", "text.jpg", "broken.xmp", "missing.jpg", ""})
-            QVERIFY2(!readKeywords(path(name)).error.isEmpty(), name);
+            QVERIFY2(!read(path(name)).error.isEmpty(), name);
         writeFile(path("drawing.svg"), "<svg xmlns='http://www.w3.org/2000/svg'/>");
         writeFile(path("new.jxl"), QByteArray("\xff\x0a").leftJustified(300, '.'));
         for (const char* const name : {"drawing.svg", "new.jxl"}) {
-            const MetadataAnswer answer = readKeywords(path(name));
+            const MetadataAnswer answer = read(path(name));
             QVERIFY2(answer.error.isEmpty() && answer.keywords.isEmpty(), name);
         }
     }
@@ -135,7 +205,7 @@ private slots:
                     expected.add(item.toVariant().toString());
             }
             const QString name = file.toObject().value(QLatin1String("SourceFile")).toString();
-            const QStringList keywords = readKeywords(QFile::encodeName(name)).keywords;
+            const QStringList keywords = read(QFile::encodeName(name)).keywords;
             QVERIFY2(keywords == expected.keywords(),
                      qPrintable(name + QLatin1String(": ") + keywords.join(QLatin1Char('|'))));
         }

@@ -8,23 +8,57 @@
 namespace {
 
 const QLatin1String keywordsKey("keywords");
-const QLatin1String errorKey("error");
+const QLatin1String problemKey("problem");
+const QLatin1String detailKey("detail");
 
 }  // namespace
 
+void MetadataAnswer::setProblem(Problem newProblem, const QString& newDetail)
+{
+    problem = newProblem;
+    detail = newDetail;
+    switch (problem) {
+    case None:
+        error.clear();
+        break;
+    case Empty:
+        error = tr("The file is empty");
+        break;
+    case Unreadable:
+        error = tr("The file's contents cannot be had");
+        break;
+    case UnknownFormat:
+        error = tr("The contents are of no known picture format");
+        break;
+    case TooMuchMemory:
+        error = tr("Reading it takes too much memory");
+        break;
+    case UnreadableXmp:
+        error = tr("The keywords in it cannot be read");
+        break;
+    case DamagedStructure:
+        error = tr("The file is damaged");
+        break;
+    }
+    if (!detail.isEmpty())
+        error += QLatin1String(" (") + detail + QLatin1Char(')');
+}
+
 QByteArray MetadataAnswer::toLine() const
 {
-    const QJsonObject object = {{keywordsKey, QJsonArray::fromStringList(keywords)}, {errorKey, error}};
+    const QJsonObject object = {
+        {keywordsKey, QJsonArray::fromStringList(keywords)}, {problemKey, problem}, {detailKey, detail}};
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
 std::optional<MetadataAnswer> MetadataAnswer::fromLine(const QByteArray& line)
 {
     const QJsonObject object = QJsonDocument::fromJson(line).object();
-    if (!object.value(keywordsKey).isArray() || !object.value(errorKey).isString())
+    const int number = object.value(problemKey).toInt(-1);
+    if (!object.value(keywordsKey).isArray() || number < None || number > lastProblem)
         return {};
     MetadataAnswer answer;
-    answer.error = object.value(errorKey).toString();
+    answer.setProblem(static_cast<Problem>(number), object.value(detailKey).toString());
     const QJsonArray keywords = object.value(keywordsKey).toArray();
     for (const auto& keyword : keywords)
         answer.keywords.append(keyword.toString());

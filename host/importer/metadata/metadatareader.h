@@ -3,10 +3,12 @@
 
 /// The option by which a program is asked to be the reader process of its own import.
 constexpr char metadataReaderOption[] = "--read-metadata";
-/// The first line that a reader process writes, once it is ready.
-constexpr char metadataReaderReady[] = "ready\n";
 
-/// The reader process of an import: reads paths from standard input, each ended by a NUL byte, and answers each with
-/// one line of MetadataAnswer on standard output until standard input ends. Damaged files that crash or exhaust it take
-/// only this process with them. Needs no application object. Returns the exit status.
+/// The version of what is read from a file. Raised when other facts are read, or read otherwise, so that files which
+/// did not change are read again.
+constexpr int metadataReaderVersion = 2;
+
+/// The reader process of an import: answers each request with one line of MetadataAnswer (see ReaderService). Files
+/// that are damaged or made to do harm take only this process with them. Needs no application object. Returns the exit
+/// status.
 int runMetadataReader();

@@ -21,19 +21,18 @@ const QSet<QByteArray>& formatsWithKeywords()
     return formats;
 }
 
-// Exiv2 knows some of the things that bear these names.
+// Some of the things that bear these names can be read.
 const QSet<QByteArray>& formatsOfManyKinds()
 {
-    static const QSet<QByteArray> formats = {"psb", "ps", "j2k", "jxl", "raw"};
+    static const QSet<QByteArray> formats = {"psb", "ps", "j2k", "jxl", "raw", "gif"};
     return formats;
 }
 
 const QSet<QByteArray>& formatsWithSidecarsOnly()
 {
-    static const QSet<QByteArray> formats = {"svg",    "svgz", "gif", "bmp",     "dib",     "ico", "tga", "ppm",
-                                             "pgm",    "pbm",  "pnm", "pcx",     "xpm",     "xbm", "hdr", "exr",
-                                             "xcf",    "kra",  "ora", "ai",      "pdf",     "cdr", "x3f", "indd",
-                                             "sketch", "fig",  "xd",  "afphoto", "afdesign"};
+    static const QSet<QByteArray> formats = {
+        "svg", "svgz", "bmp", "dib", "ico", "tga", "ppm", "pgm", "pbm",  "pnm",    "pcx", "xpm", "xbm",     "hdr",
+        "exr", "xcf",  "kra", "ora", "ai",  "pdf", "cdr", "x3f", "indd", "sketch", "fig", "xd",  "afphoto", "afdesign"};
     return formats;
 }
 

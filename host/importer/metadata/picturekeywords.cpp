@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/metadata/picturekeywords.h"
 
+#include "host/importer/metadata/gifxmp.h"
 #include "host/importer/metadata/iptctext.h"
 #include "host/importer/metadata/keywordlist.h"
+#include "host/importer/metadata/mappedfile.h"
 #include "host/importer/metadata/pictureformats.h"
+#include "host/importer/metadata/xmpsubjects.h"
 
 #include <exiv2/exiv2.hpp>
 #include <QByteArray>
-
-#include <cerrno>
-#include <cstring>
-#include <sys/stat.h>
 
 namespace {
 
@@ -68,37 +67,51 @@ void addIptcKeywords(const Exiv2::IptcData& data, KeywordList& keywords)
     }
 }
 
-QStringList readWithExiv2(const QByteArray& path)
+// The XMP of an image as it stands in the file.
+QByteArray xmpPacket(const Exiv2::Image& image)
 {
-    // Opened as a file by us: a name alone could be taken for an address on the network.
+    if (!image.xmpPacket().empty())
+        return QByteArray::fromStdString(image.xmpPacket());
+    // Formats built on TIFF keep it as a field of the first directory.
+    const auto field = image.exifData().findKey(Exiv2::ExifKey("Exif.Image.XMLPacket"));
+    if (field == image.exifData().end())
+        return {};
+    QByteArray packet(int(field->size()), '\0');
+    field->copy(reinterpret_cast<Exiv2::byte*>(packet.data()), Exiv2::invalidByteOrder);  // NOLINT(*-reinterpret-cast)
+    return packet;
+}
+
+// Exiv2 drops all of an XMP packet that it finds a fault with.
+void addXmpKeywords(const QByteArray& packet, KeywordList& keywords, MetadataAnswer& answer)
+{
+    Exiv2::XmpData data;
+    if (packet.isEmpty() || Exiv2::XmpParser::decode(data, packet.toStdString()) == 0) {
+        addXmpKeywords(data, keywords);
+        return;
+    }
+    const XmpSubjects subjects = XmpSubjects::read(packet);
+    keywords.add(subjects.keywords);
+    if (!subjects.error.isEmpty() && keywords.keywords().isEmpty())
+        answer.setProblem(MetadataAnswer::UnreadableXmp, subjects.error);
+}
+
+void readWithExiv2(const MappedFile& file, const QByteArray& name, KeywordList& keywords, MetadataAnswer& answer)
+{
     using Owner =
         Exiv2::BasicIo::AutoPtr;  // NOLINT(clang-diagnostic-deprecated-declarations): the library takes no other
-    auto image = Exiv2::ImageFactory::open(Owner(new Exiv2::FileIo(path.toStdString())));
-    if (!image.get() && PictureFormats::mayBeUnknown(path))
-        return {};
-    if (!image.get())
-        throw Exiv2::Error(Exiv2::kerErrorMessage, "The contents are of no known picture format");
+    auto image = Exiv2::ImageFactory::open(Owner(new Exiv2::MemIo(file.data(), file.size())));
+    if (!image.get()) {
+        if (!PictureFormats::mayBeUnknown(name))
+            answer.setProblem(MetadataAnswer::UnknownFormat);
+        return;
+    }
     image->readMetadata();
-    KeywordList keywords;
     addXmpKeywords(image->xmpData(), keywords);
     // The IPTC data of a sidecar are what Exiv2 itself made of the XMP, with arrays as one text.
     if (image->imageType() != Exiv2::ImageType::xmp)
         addIptcKeywords(image->iptcData(), keywords);
-    return keywords.keywords();
-}
-
-// An error of Exiv2 names the file again and is in the language of the person's locale.
-QString readableFileError(const QByteArray& path)
-{
-    struct stat status = {};
-    if (stat(path.constData(), &status) != 0)
-        return QString::fromLocal8Bit(strerror(errno));
-    if (!S_ISREG(status.st_mode))
-        return QStringLiteral("This is no file");
-    if (status.st_size == 0)
-        return QStringLiteral("The file is empty");
-    const int access = euidaccess(path.constData(), R_OK);
-    return access != 0 ? QString::fromLocal8Bit(strerror(errno)) : QString();
+    if (image->xmpData().empty())
+        addXmpKeywords(xmpPacket(*image), keywords, answer);
 }
 
 }  // namespace
@@ -110,20 +123,29 @@ void setUpExiv2()
     Exiv2::XmpParser::initialize();
 }
 
-MetadataAnswer readKeywords(const QByteArray& path)
+MetadataAnswer readKeywords(int file, const QByteArray& name)
 {
     MetadataAnswer answer;
-    answer.error = readableFileError(path);
-    if (!answer.error.isEmpty() || PictureFormats::hasOnlySidecars(path))
+    const MappedFile contents(file);
+    if (contents.size() == 0)
+        answer.setProblem(MetadataAnswer::Empty);
+    else if (!contents.data())
+        answer.setProblem(MetadataAnswer::Unreadable);
+    if (!contents.data() || PictureFormats::hasOnlySidecars(name))
         return answer;
     try {
-        answer.keywords = readWithExiv2(path);
+        KeywordList keywords;
+        if (isGif(contents.data(), contents.size()))  // In which Exiv2 does not look for any.
+            addXmpKeywords(gifXmpPacket(contents.data(), contents.size()), keywords, answer);
+        else
+            readWithExiv2(contents, name, keywords, answer);
+        answer.keywords = keywords.keywords();
     } catch (const std::bad_alloc&) {
-        answer.error = QStringLiteral("Reading it takes too much memory");
+        answer.setProblem(MetadataAnswer::TooMuchMemory);
     } catch (const std::exception& error) {
-        answer.error = fromUtf8(error.what());
+        answer.setProblem(MetadataAnswer::DamagedStructure, fromUtf8(error.what()));
     } catch (...) {
-        answer.error = QStringLiteral("Unknown error");
+        answer.setProblem(MetadataAnswer::DamagedStructure);
     }
     return answer;
 }

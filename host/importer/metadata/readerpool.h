@@ -12,8 +12,8 @@
 class ReaderProcess;
 struct MetadataAnswer;
 
-/// Reads the keywords of many files with several reader processes at once. Lives on one thread with an event loop;
-/// never blocks it.
+/// Reads the keywords of many files with several reader processes at once. Lives on one thread with an event loop,
+/// which it blocks only to open a file.
 class ReaderPool : public QObject
 {
     Q_OBJECT
@@ -38,15 +38,18 @@ public:
 
 signals:
     void answered(int index, const MetadataAnswer& answer);
-    /// No reader process can be run; nothing more is answered.
+    /// No reader process can be run; nothing more is answered. Emitted once.
     void failed(const QString& reason);
 
 private:
     void addProcess();
     void feed(ReaderProcess* process);
+    void handleAnswer(ReaderProcess* process, int index, const QByteArray& line);
+    void fail(int index, const QString& reason);
 
     Settings m_settings;
     QVector<QByteArray> m_paths;
     int m_next = 0;
+    bool m_failed = false;
     std::vector<std::unique_ptr<ReaderProcess>> m_processes;
 };

@@ -1,135 +1,212 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/metadata/readerprocess.h"
 
-#include "host/importer/metadata/limitedprocess.h"
-#include "host/importer/metadata/metadataanswer.h"
-#include "host/importer/metadata/metadatareader.h"
+#include "host/importer/metadata/confinedprocess.h"
+
+#include <QSocketNotifier>
+
+#include <cerrno>
+#include <cstring>
+#include <sys/socket.h>
 
 namespace {
 
-// Bytes of one answer; more is no answer but a process gone wrong.
-constexpr qint64 longestAnswer = 64 << 20;
+// The first start on a system may have to read all fonts.
+constexpr std::chrono::seconds startLimit(60);
+// How much longer than its limit a file may take by the clock.
+constexpr int busyFactor = 6;
+constexpr int lengthSize = sizeof(quint32);
 
 }  // namespace
 
-ReaderProcess::ReaderProcess(const QString& program, std::chrono::milliseconds fileLimit, QObject* parent)
+ReaderProcess::ReaderProcess(const Settings& settings, QObject* parent)
     : QObject(parent)
-    , m_program(program)
+    , m_settings(settings)
 {
-    m_fileTimer.setSingleShot(true);
-    m_fileTimer.setInterval(fileLimit);
-    connect(&m_fileTimer, &QTimer::timeout, this, &ReaderProcess::endHangingProcess);
-    start();
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, &ReaderProcess::handleDelay);
 }
 
-ReaderProcess::~ReaderProcess()
+ReaderProcess::~ReaderProcess() = default;
+
+QString ReaderProcess::downfall()
 {
-    m_process->disconnect(this);
-    m_process->kill();
-    m_process->waitForFinished();
+    return tr("Reading it brought the reading process down");
 }
 
-void ReaderProcess::read(int index, const QByteArray& path)
+void ReaderProcess::read(int index, ReaderRequest request)
 {
-    if (m_requests.isEmpty())
-        m_fileTimer.start();
-    m_requests.enqueue({index, path});
-    if (m_process->state() != QProcess::NotRunning)
-        m_process->write(path + '\0');
+    m_requests.push_back({index, std::move(request)});
+    if (!m_process)
+        start();
+    sendWaiting();
+    if (m_ready && m_requests.size() == 1)
+        watchTime();
+}
+
+void ReaderProcess::replace()
+{
+    stop();
+    if (!m_requests.empty())
+        start();
+    sendWaiting();
 }
 
 void ReaderProcess::start()
 {
+    if (m_unavailable)
+        return;
+    QString error;
+    m_process = ConfinedProcess::start(m_settings.program, m_settings.option, &error);
+    if (!m_process) {
+        giveUp(tr("The process that reads pictures cannot be started: %1: %2").arg(m_settings.program, error));
+        return;
+    }
+    m_notifier = std::make_unique<QSocketNotifier>(m_process->socket(), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &ReaderProcess::receive);
+    m_timer.start(startLimit);
+}
+
+void ReaderProcess::stop()
+{
+    m_timer.stop();
+    m_buffer.clear();
     m_ready = false;
-    m_tookTooLong = false;
-    m_wentWrong = false;
-    m_process = std::make_unique<LimitedProcess>();
-    connect(m_process.get(), &QProcess::readyReadStandardOutput, this, &ReaderProcess::readOutput);
-    // Queued: these replace the process that sends them.
-    connect(m_process.get(), QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
-            &ReaderProcess::handleEnd, Qt::QueuedConnection);
-    connect(m_process.get(), &QProcess::errorOccurred, this, &ReaderProcess::handleStartFailure, Qt::QueuedConnection);
-    m_process->setStandardErrorFile(QProcess::nullDevice());
-    m_process->start(m_program, {QString::fromLatin1(metadataReaderOption)});
-    for (const Request& request : qAsConst(m_requests))
-        m_process->write(request.path + '\0');
-    if (!m_requests.isEmpty())
-        m_fileTimer.start();
-}
-
-void ReaderProcess::readOutput()
-{
-    while (!m_wentWrong && m_process->canReadLine())
-        handleLine(m_process->readLine());
-    if (m_process->bytesAvailable() > longestAnswer)
-        giveUpOnProcess();
-}
-
-void ReaderProcess::giveUpOnProcess()
-{
-    m_wentWrong = true;
-    m_process->kill();
-}
-
-void ReaderProcess::handleLine(const QByteArray& line)
-{
-    if (!m_ready) {
-        m_ready = line == metadataReaderReady;
-        if (!m_ready)
-            giveUpOnProcess();
-        return;
+    m_sent = 0;
+    if (m_notifier) {
+        // Called from its signal, perhaps.
+        m_notifier->setEnabled(false);
+        m_notifier.release()->deleteLater();
     }
-    const std::optional<MetadataAnswer> answer = MetadataAnswer::fromLine(line);
-    if (!answer || m_requests.isEmpty()) {
-        giveUpOnProcess();
+    m_process.reset();
+}
+
+void ReaderProcess::sendWaiting()
+{
+    while (m_process && m_sent < m_requests.size() &&
+           ReaderMessage::sendRequest(m_process->socket(), m_requests[m_sent].request) == 0)
+        ++m_sent;
+}
+
+void ReaderProcess::watchTime()
+{
+    m_timer.stop();
+    if (m_requests.empty())
         return;
+    m_delays = 0;
+    m_timeBefore = m_process->processorTime();
+    m_timer.start(m_settings.fileLimit);
+}
+
+void ReaderProcess::receive()
+{
+    QByteArray message(ReaderMessage::messageSize, Qt::Uninitialized);
+    // An answer may lead to another process, whose messages come by a signal of their own.
+    const ConfinedProcess* const process = m_process.get();
+    while (process && process == m_process.get()) {
+        const ssize_t size = recv(process->socket(), message.data(), size_t(message.size()), MSG_DONTWAIT);
+        // A process that leaves requests unread resets the connection, which is said before its last messages.
+        if (size < 0 && (errno == EINTR || errno == ECONNRESET))
+            continue;
+        if (size < 0 && errno == EAGAIN)
+            return;
+        if (size <= 0) {
+            handleEnd();
+            return;
+        }
+        m_buffer.append(message.constData(), int(size));
+        readFrames();
     }
-    const Request request = m_requests.dequeue();
-    if (m_requests.isEmpty())
-        m_fileTimer.stop();
+}
+
+void ReaderProcess::readFrames()
+{
+    while (m_process && m_buffer.size() >= lengthSize) {
+        quint32 length = 0;
+        memcpy(&length, m_buffer.constData(), lengthSize);
+        if (length > quint32(ReaderMessage::longestAnswer)) {
+            handleEnd();
+            return;
+        }
+        if (quint32(m_buffer.size() - lengthSize) < length)
+            return;
+        const QByteArray frame = m_buffer.mid(lengthSize, int(length));
+        m_buffer.remove(0, lengthSize + int(length));
+        if (!m_ready) {
+            if (!handleFirstFrame(frame))
+                return;
+            continue;
+        }
+        if (m_sent == 0) {
+            handleEnd();  // Nothing was asked for.
+            return;
+        }
+        const int index = m_requests.front().index;
+        m_requests.pop_front();
+        --m_sent;
+        sendWaiting();
+        watchTime();
+        emit answered(index, frame);
+    }
+}
+
+bool ReaderProcess::handleFirstFrame(const QByteArray& frame)
+{
+    m_ready = frame == ReaderMessage::ready;
+    if (m_ready)
+        watchTime();
+    else if (frame.startsWith(ReaderMessage::unconfined))
+        giveUp(tr("Pictures are not read, because this system cannot confine the process that reads them (%1)")
+                   .arg(QString::fromUtf8(frame.mid(int(strlen(ReaderMessage::unconfined))))));
     else
-        m_fileTimer.start();
-    emit answered(request.index, *answer);
+        giveUp(tr("The process that reads pictures is another program: %1").arg(m_settings.program));
+    return m_ready;
 }
 
-void ReaderProcess::endHangingProcess()
+void ReaderProcess::handleDelay()
 {
-    // The answer may lie in the pipe while this thread was busy.
-    const int pendingBefore = pending();
-    m_process->waitForReadyRead(0);
-    readOutput();
-    if (pending() < pendingBefore)
+    // The answer may lie in the socket while this thread was busy.
+    const size_t pendingBefore = m_requests.size();
+    const bool wasReady = m_ready;
+    receive();
+    if (m_requests.size() < pendingBefore || m_ready != wasReady || !m_process)
         return;
-    m_tookTooLong = true;
-    m_process->kill();
+    if (!m_ready) {
+        giveUp(tr("The process that reads pictures does not start: %1").arg(m_settings.program));
+    } else if (m_sent == 0) {
+        sendWaiting();
+        watchTime();
+    } else if (const auto used = m_process->processorTime() - m_timeBefore;
+               used < m_settings.fileLimit && ++m_delays < busyFactor) {
+        m_timer.start(m_settings.fileLimit);
+    } else {
+        failFirst(tr("Reading it took longer than %1 seconds").arg(double(m_settings.fileLimit.count()) / 1000));
+    }
 }
 
+// Gone, or gone wrong.
 void ReaderProcess::handleEnd()
 {
-    readOutput();
-    if (!m_ready && !m_tookTooLong) {
-        emit unavailable(tr("The process that reads pictures ended at once: %1").arg(m_program));
-        return;
-    }
-    if (m_requests.isEmpty())
-        return;
-    MetadataAnswer answer;
-    answer.error = reasonOfEnd();
-    const Request request = m_requests.dequeue();
-    start();
-    emit answered(request.index, answer);
+    if (!m_ready)
+        giveUp(tr("The process that reads pictures ended at once: %1").arg(m_settings.program));
+    else if (m_sent > 0)
+        failFirst(downfall());
+    else
+        replace();
 }
 
-void ReaderProcess::handleStartFailure(QProcess::ProcessError error)
+void ReaderProcess::giveUp(const QString& reason)
 {
-    if (error == QProcess::FailedToStart)
-        emit unavailable(
-            tr("The process that reads pictures cannot be started: %1: %2").arg(m_program, m_process->errorString()));
+    stop();
+    m_unavailable = true;
+    emit unavailable(reason);
 }
 
-QString ReaderProcess::reasonOfEnd() const
+void ReaderProcess::failFirst(const QString& reason)
 {
-    if (m_tookTooLong)
-        return tr("Reading it took longer than %1 seconds").arg(m_fileTimer.interval() / 1000.0);
-    return tr("Reading it brought the reading process down");
+    // The socket is closed with the process: what may still be written to it answers no other file.
+    const int index = m_requests.front().index;
+    m_requests.pop_front();
+    replace();
+    emit failed(index, reason);
 }

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "host/importer/metadata/imagecontent.h"
+
+#include <QByteArray>
+
+namespace {
+
+bool isSvg(const QByteArray& head)
+{
+    return head.contains("<svg") || head.contains(":svg") ||
+           (head.trimmed().startsWith('<') && (head.contains("<?xml") || head.contains("<!")));
+}
+
+QByteArray formatByMark(const QByteArray& head)
+{
+    const auto begins = [&head](const char* mark, int size) { return head.startsWith(QByteArray(mark, size)); };
+    if (begins("\xff\xd8\xff", 3))
+        return "jpeg";
+    if (begins("\x89PNG\r\n\x1a\n", 8))
+        return "png";
+    if (begins("GIF8", 4))
+        return "gif";
+    if (begins("II*\0", 4) || begins("MM\0*", 4) || begins("II+\0", 4) || begins("MM\0+", 4))
+        return "tiff";
+    if (begins("RIFF", 4) && head.mid(8, 4) == "WEBP")
+        return "webp";
+    if (begins("BM", 2))
+        return "bmp";
+    if (begins("\0\0\1\0", 4))
+        return "ico";
+    if (begins("/* XPM", 6))
+        return "xpm";
+    if (head.size() > 2 && head.at(0) == 'P' && head.at(1) >= '1' && head.at(1) <= '6' && isspace(uchar(head.at(2))))
+        return head.at(1) == '1' || head.at(1) == '4' ? "pbm" : head.at(1) == '2' || head.at(1) == '5' ? "pgm" : "ppm";
+    return {};
+}
+
+}  // namespace
+
+QByteArray ImageContent::format(const QByteArray& head, const QByteArray& name)
+{
+    const QByteArray marked = formatByMark(head);
+    if (!marked.isEmpty())
+        return marked;
+    const QByteArray extension = name.mid(name.lastIndexOf('.') + 1).toLower();
+    if (extension == "svgz" && head.startsWith("\x1f\x8b"))
+        return "svgz";
+    if ((extension == "svg" || extension == "svgz") && isSvg(head))
+        return "svg";
+    if (extension == "tga" || extension == "xbm")
+        return extension;
+    return {};
+}
