@@ -22,27 +22,37 @@ void SearchResults::askForFiles(qint64 tagId, const QString& /*name*/)
 }
 
 /// Pages follow their fields through a queue; what is queued here comes after that.
-void SearchResults::followField(QLineEdit* field)
+void SearchResults::followField(QPointer<QLineEdit> field)
 {
-    connect(
-        field, &QLineEdit::textChanged, this, [this, field] { followResults(*field); }, Qt::QueuedConnection);
-    connect(
-        field, &QLineEdit::returnPressed, this, [this, field] { openFirst(*field); }, Qt::QueuedConnection);
+    const auto follow = [this, field] {
+        if (field)
+            followResults(*field);
+    };
+    const auto open = [this, field] {
+        if (field)
+            openFirst(*field);
+    };
+    connect(field, &QLineEdit::textChanged, this, follow, Qt::QueuedConnection);
+    connect(field, &QLineEdit::returnPressed, this, open, Qt::QueuedConnection);
 }
 
 void SearchResults::followResults(const QLineEdit& field)
 {
-    // The list is made for the first search.
-    if (const QAbstractItemView* results = resultsOf(field))
-        connect(results, SIGNAL(signCheckTagLinkFile(qint64, QString)), this, SLOT(askForFiles(qint64, QString)),
-                Qt::UniqueConnection);
+    // The list is made for the first search, and stays.
+    if (m_results.value(&field))
+        return;
+    QAbstractItemView* results = resultsOf(field);
+    m_results.insert(&field, results);
+    if (results)
+        connect(results, SIGNAL(signCheckTagLinkFile(qint64, QString)), this, SLOT(askForFiles(qint64, QString)));
 }
 
 /// As a person would: what a row stands for is the tag manager's own.
 void SearchResults::openFirst(const QLineEdit& field)
 {
-    const QAbstractItemView* results = resultsOf(field);
-    const QModelIndex first = results ? results->model()->index(0, 0) : QModelIndex();
+    const QAbstractItemView* results = m_results.value(&field);
+    const bool searches = results && !field.text().isEmpty();
+    const QModelIndex first = searches ? results->model()->index(0, 0) : QModelIndex();
     if (!first.isValid())
         return;
     QWidget* viewport = results->viewport();

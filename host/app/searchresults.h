@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QVector>
 
 class QAbstractItemView;
@@ -26,9 +28,11 @@ private slots:
     void askForFiles(qint64 tagId, const QString& name);
 
 private:
-    void followField(QLineEdit* field);
+    void followField(QPointer<QLineEdit> field);
     void followResults(const QLineEdit& field);
     void openFirst(const QLineEdit& field);
     /// The list that shows the results of \a field; null while there is none.
     [[nodiscard]] static QAbstractItemView* resultsOf(const QLineEdit& field);
+
+    QHash<const QLineEdit*, QPointer<QAbstractItemView>> m_results;  ///< Those found.
 };
