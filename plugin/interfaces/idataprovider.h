@@ -14,7 +14,7 @@ public:
     explicit IDataProvider(QObject* parent = nullptr);
     ~IDataProvider() override;
 
-signals:
+Q_SIGNALS:
     /// This provider's own data changed: a name, a colour or a count.
     void signalUpdated();
 };

@@ -36,6 +36,6 @@ public:
     /// [7]
     virtual qint64 removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) = 0;
 
-signals:
+Q_SIGNALS:
     void signalTagResult(qint64 requestId, QSharedPointer<const IResponseInfo> response);
 };

@@ -23,6 +23,6 @@ public:
     /// [2]
     virtual qint64 renameTagGroup(qint64 groupId, const QString& newName) = 0;
 
-signals:
+Q_SIGNALS:
     void signalTagGroupResult(qint64 requestId, QSharedPointer<const IResponseInfo> response);
 };

@@ -41,7 +41,7 @@ public:
     /// [12] Null when no tag of the category has that name.
     virtual QSharedPointer<ITagDataProvider> tagByName(const QString& name) const = 0;
 
-signals:
+Q_SIGNALS:
     /// These tags joined the category.
     void signalAddTags(QVector<qint64> tag_ids);
     /// These tags left the category.

@@ -36,7 +36,7 @@ public:
     /// [12] Fills \a out with the user categories and returns their number.
     virtual int tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out) const = 0;
 
-signals:
+Q_SIGNALS:
     void signalAddTagGroups(QVector<qint64> g_ids);
     void signalRemoveTagGroups(QVector<qint64> g_ids);
 };

@@ -18,7 +18,7 @@ public:
     /// [0] The host's window became maximised, or normal again.
     virtual void updateMaximizeButton(bool maximized) = 0;
 
-signals:
+Q_SIGNALS:
     /// The user wants to see the files that carry these tags.
     void signalCheckoutTagFile(const QVector<qint64>& tagIds);
     /// The user wants to see the files of these categories.

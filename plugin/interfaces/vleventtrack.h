@@ -20,7 +20,7 @@ public:
     void ClickTagManagerAddBtn(int page);
     void SendBClickLabelMenu(const QString& entry, const QString& detail);
 
-signals:
+Q_SIGNALS:
     /// Emitted by each of the operations above with its own name and its arguments in order.
     void signalTracked(const QString& operation, const QVariantList& arguments);
 
