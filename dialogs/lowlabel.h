@@ -3,8 +3,9 @@
 
 #include <QLabel>
 
-/// A label that may be lower than a line of its font: its one line of plain text stands a little higher than its
-/// alignment says, so that descenders show. GUI thread only.
+/// A label that may be lower than a line of its font: its one line of plain text stands as much higher than its
+/// alignment says as its descenders need, and is set smaller when its glyphs are taller than the label. The font's size
+/// is given in pixels. GUI thread only.
 class LowLabel : public QLabel
 {
 public:
