@@ -5,6 +5,7 @@
 #include "pages/vlcommontagwidget.h"
 #include "pages/vlgrouptagwidget.h"
 #include "plugin/state/vltagmanagersingleton.h"
+#include "widgets/fixedsize.h"
 
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>
@@ -12,6 +13,7 @@
 
 #include <QDebug>
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -27,7 +29,7 @@ QPushButton* makePageButton(const QString& text, const QPoint& position, QWidget
     QFont font;
     font.setPixelSize(buttonPixelSize);
     auto* button = new QPushButton(text, parent);
-    button->setFixedSize(pageButtonSize);
+    new FixedSize(button, pageButtonSize);
     button->setFont(font);
     button->setFocusPolicy(Qt::ClickFocus);
     button->setCheckable(true);
@@ -39,7 +41,9 @@ QPushButton* makePageButton(const QString& text, const QPoint& position, QWidget
 QPushButton* makeWindowButton(QWidget* parent)
 {
     auto* button = new QPushButton(parent);
-    button->setFixedSize(windowButtonSize);
+    new FixedSize(button, windowButtonSize);
+    // As on a title bar: the first Space or Enter in a new window must not minimise it.
+    button->setFocusPolicy(Qt::NoFocus);
     return button;
 }
 
@@ -59,6 +63,8 @@ QString windowButtonStyle(const QString& image, const QString& padding = {})
 VLTagManagerWidget::VLTagManagerWidget(QWidget* parent)
     : IVLTagManagerWidget(parent)
 {
+    // Without it a subclass of QWidget leaves its background to the host's window.
+    setAttribute(Qt::WA_StyledBackground);
     makePageButtons();
     QHBoxLayout* windowButtons = makeWindowButtons();
     updateMaximizeButton(false);
@@ -67,8 +73,11 @@ VLTagManagerWidget::VLTagManagerWidget(QWidget* parent)
     connectPages();
     // Before the pages are filled: a new style lays everything out that is there already.
     applyStyleSheets();
+    // The host may delete the parent from inside the reading.
+    const QPointer<VLTagManagerWidget> self(this);
     fillPages();
-    followCategories();
+    if (self)
+        followCategories();
 }
 
 VLTagManagerWidget::~VLTagManagerWidget() = default;
@@ -114,14 +123,20 @@ void VLTagManagerWidget::makePages()
 
 void VLTagManagerWidget::fillPages()
 {
+    const QPointer<VLTagManagerWidget> self(this);
     VLTagManagerSingleton* shared = VLTagManagerSingleton::instance();
     // A copy: the host may replace the library from inside the reading.
     const QSharedPointer<ITagGroupDataProvider> allTags = shared->allTagsProvider();
-    m_allTagWidget->initialise(allTags);
+    if (self)
+        m_allTagWidget->initialise(allTags);
     QVector<QSharedPointer<ITagGroupDataProvider>> groups;
     shared->tagGroups(groups);
-    m_groupTagWidget->initialise(shared->rootGroupProvider(), groups);
-    m_commonTagWidget->initialise(shared->favoriteTagsProvider());
+    const auto root = shared->rootGroupProvider();
+    if (self)
+        m_groupTagWidget->initialise(root, groups);
+    const auto favorites = shared->favoriteTagsProvider();
+    if (self)
+        m_commonTagWidget->initialise(favorites);
 }
 
 void VLTagManagerWidget::arrange(QHBoxLayout* windowButtons)
@@ -156,9 +171,11 @@ void VLTagManagerWidget::applyStyleSheets()
 
 void VLTagManagerWidget::followCategories()
 {
-    m_tagManagerProvider = VLTagManagerSingleton::instance()->tagManagerProvider();
-    if (!m_tagManagerProvider)
+    const QPointer<VLTagManagerWidget> self(this);
+    const QSharedPointer<ITagManagerDataProvider> manager = VLTagManagerSingleton::instance()->tagManagerProvider();
+    if (!self || !manager)
         return;
+    m_tagManagerProvider = manager;
     connect(m_tagManagerProvider.data(), &ITagManagerDataProvider::signalAddTagGroups, this,
             &VLTagManagerWidget::slotAddTagGroups);
     connect(m_tagManagerProvider.data(), &ITagManagerDataProvider::signalRemoveTagGroups, this,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/page/vltagbasewidget.h"
 
+#include "widgets/fixedsize.h"
 #include "widgets/vlsvgwidget.h"
 #include "window/page/vltagsearchlineedit.h"
 
@@ -64,13 +65,13 @@ QHBoxLayout* VLTagBaseWidget::makeSearchRow()
     row->setContentsMargins(20, 0, 0, 0);
     row->setAlignment(Qt::AlignLeft);
     auto* container = new QWidget(this);
-    container->setFixedSize(searchFieldSize);
+    new FixedSize(container, searchFieldSize);
 
     m_searchEdit = new VLTagSearchLineEdit(container);
     m_searchEdit->focusChanged(false);
     m_searchEdit->setContextMenuPolicy(Qt::NoContextMenu);
     m_searchEdit->setPlaceholderText(tr("Search Tags"));
-    m_searchEdit->setFixedSize(searchFieldSize);
+    new FixedSize(m_searchEdit, searchFieldSize);
     m_searchEdit->move(0, 0);
     m_searchEdit->installEventFilter(this);
     row->addWidget(container);
