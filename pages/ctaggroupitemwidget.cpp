@@ -5,7 +5,6 @@
 #include "pages/vlgrouplabel.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/tagdrag.h"
-#include "taglist/vltaglistview.h"
 
 #include <tagrecords.h>
 #include <vlskinsetting.h>
@@ -13,6 +12,7 @@
 #include <QDataStream>
 #include <QDropEvent>
 #include <QLabel>
+#include <QMetaMethod>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -29,6 +29,8 @@ constexpr int fontPixelSize = 13;
 constexpr int fillInset = 2;
 constexpr int fillRadius = 4;
 constexpr int borderRadius = 6;
+constexpr int dropFrameWidth = 2;
+constexpr double dropTintOpacity = 0.3;
 
 /// Whoever connects by name, through a queue or to record the signals looks the type up by its name.
 void registerSignalTypes()
@@ -42,11 +44,6 @@ QFont tileFont(QFont font)
 {
     font.setPixelSize(fontPixelSize);
     return font;
-}
-
-bool isChipDrag(const QDropEvent* event)
-{
-    return qobject_cast<VLTagListView*>(event->source()) != nullptr;
 }
 
 /// The tag id that a dragged chip carries: one qint64 in QDataStream's default format.
@@ -71,15 +68,22 @@ CTagGroupItemWidget::CTagGroupItemWidget(const QSharedPointer<ITagGroupDataProvi
     if (!m_provider)
         return;
     connect(m_provider.data(), &IDataProvider::signalUpdated, this, &CTagGroupItemWidget::updateFromProvider);
-    if (const auto record = m_provider->groupInfo())
-        showRecord(record->name(), m_provider->tagCount(1));
+    // From the argument: the host may delete the tile from inside the reading.
+    const QPointer<CTagGroupItemWidget> self(this);
+    const auto group = provider;
+    const int reading = ++m_readings;
+    const auto record = group->groupInfo();
+    const int tagCount = record ? group->tagCount(1) : 0;
+    if (record && self && m_readings == reading)
+        showRecord(record->name(), tagCount);
 }
 
 CTagGroupItemWidget::~CTagGroupItemWidget() = default;
 
 qint64 CTagGroupItemWidget::groupId() const
 {
-    const auto record = m_provider ? m_provider->groupInfo() : nullptr;
+    const auto provider = m_provider;
+    const auto record = provider ? provider->groupInfo() : nullptr;
     return record ? record->id() : noGroupId;
 }
 
@@ -132,10 +136,11 @@ void CTagGroupItemWidget::updateFromProvider()
 {
     const QPointer<CTagGroupItemWidget> self(this);
     const auto provider = m_provider;
+    const int reading = ++m_readings;
     const auto record = provider->groupInfo();
     const int tagCount = record ? provider->tagCount(1) : 0;
-    // The host may have taken the tile away from inside the reading.
-    if (!record || !self)
+    // From inside the reading the host may have taken the tile away, or reported a change that was read since.
+    if (!record || !self || m_readings != reading)
         return;
     const QString name = record->name();
     const qint64 id = record->id();
@@ -169,7 +174,8 @@ void CTagGroupItemWidget::mouseReleaseEvent(QMouseEvent* event)
     select();
     if (!self || !wantsMenu)
         return;
-    const auto record = m_provider->groupInfo();
+    const auto provider = m_provider;
+    const auto record = provider->groupInfo();
     if (self && record)
         emit signPopMenu(record->id(), record->name());
 }
@@ -182,6 +188,21 @@ void CTagGroupItemWidget::dragEnterEvent(QDragEnterEvent* event)
     }
     event->setDropAction(Qt::MoveAction);
     event->accept();
+    setDropTarget(true, event->mimeData());
+}
+
+void CTagGroupItemWidget::dragLeaveEvent(QDragLeaveEvent* /*event*/)
+{
+    setDropTarget(false, nullptr);
+}
+
+/// Only where a drop does something the tile shows that it is the target.
+void CTagGroupItemWidget::setDropTarget(bool isTarget, const QMimeData* dragged)
+{
+    m_dropTarget =
+        isTarget && m_provider && isSignalConnected(QMetaMethod::fromSignal(&CTagGroupItemWidget::signAddGroupTag));
+    update();
+    emit dragMovedOver(isTarget ? this : nullptr, dragged);
 }
 
 void CTagGroupItemWidget::dropEvent(QDropEvent* event)
@@ -190,9 +211,11 @@ void CTagGroupItemWidget::dropEvent(QDropEvent* event)
         event->ignore();
         return;
     }
+    setDropTarget(false, nullptr);
     const std::optional<qint64> tagId = draggedTagId(event->mimeData());
     const QPointer<CTagGroupItemWidget> self(this);
-    const auto record = m_provider ? m_provider->groupInfo() : nullptr;
+    const auto provider = m_provider;
+    const auto record = provider ? provider->groupInfo() : nullptr;
     if (!self || !tagId || !record)
         return;
     event->setDropAction(Qt::MoveAction);
@@ -213,9 +236,17 @@ void CTagGroupItemWidget::paintEvent(QPaintEvent* /*event*/)
 void CTagGroupItemWidget::paintCategory(QPainter& painter) const
 {
     const auto* skin = VLSkinSetting::GetInstance();
+    const QRect fill = rect().adjusted(fillInset, fillInset, -fillInset, -fillInset);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_selected ? skin->GetTagPopupTabBackSelectedColor() : skin->GetTagManagerTagGroupItemBackColor());
-    painter.drawRoundedRect(rect().adjusted(fillInset, fillInset, -fillInset, -fillInset), fillRadius, fillRadius);
+    painter.drawRoundedRect(fill, fillRadius, fillRadius);
+    if (m_dropTarget) {
+        QColor tint = skin->GetPopupWinBlueColor();
+        painter.setPen(QPen(tint, dropFrameWidth));
+        tint.setAlphaF(dropTintOpacity);
+        painter.setBrush(tint);
+        painter.drawRoundedRect(fill, fillRadius, fillRadius);
+    }
     if (!m_selected)
         return;
     painter.setPen(QPen(Qt::white, 1));

@@ -3,6 +3,7 @@
 
 #include <itaggroupdataprovider.h>
 
+#include <QMimeData>
 #include <QSharedPointer>
 #include <QString>
 #include <QWidget>
@@ -50,18 +51,22 @@ signals:
     void signAddGroupTag(qint64 g_id, qint64 t_id);
     /// The category's data changed: open create and rename dialogs close.
     void signalClosePopup();
+    /// A chip that is dragged came over \a target, this tile, with that data; null when it left or was dropped.
+    void dragMovedOver(QWidget* target, const QMimeData* data);
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
 
 private:
     void showRecord(const QString& name, int tagCount);
     void createLabels(const QString& name);
     void updateFromProvider();
     void select();
+    void setDropTarget(bool isTarget, const QMimeData* dragged);
     void paintCategory(QPainter& painter) const;
     void paintAddNew(QPainter& painter) const;
 
@@ -70,4 +75,6 @@ private:
     QString m_name;
     QLabel* m_countLabel = nullptr;  ///< Null together with the name label.
     bool m_selected = false;
+    bool m_dropTarget = false;  ///< A chip hangs over the tile, and a drop would file its tag.
+    int m_readings = 0;         ///< Begun so far; only the newest one is shown.
 };

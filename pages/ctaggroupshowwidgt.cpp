@@ -64,7 +64,7 @@ void CTagGroupShowWidgt::setUpView()
 
 void CTagGroupShowWidgt::fill(const QVector<GroupPointer>& providers)
 {
-    setUpdatesEnabled(false);
+    const QPointer<CTagGroupShowWidgt> self(this);
     std::vector<Group> sorted;
     sorted.reserve(providers.size());
     QSet<qint64> known;
@@ -77,12 +77,17 @@ void CTagGroupShowWidgt::fill(const QVector<GroupPointer>& providers)
         known.insert(group.id);
         sorted.push_back(std::move(group));
     }
+    if (!self)
+        return;
+    setUpdatesEnabled(false);
     std::stable_sort(sorted.begin(), sorted.end(), [](const Group& a, const Group& b) { return a.name < b.name; });
     for (Group& group : sorted)
         insertGroup(m_providers.size(), std::move(group));
-    if (m_showAddTile)
-        connect(insertTile(count(), std::make_unique<CTagGroupItemWidget>(GroupPointer(), nullptr)),
-                &CTagGroupItemWidget::signAddGroup, this, &CTagGroupShowWidgt::signAddGroup);
+    if (m_showAddTile) {
+        const auto* tile = insertTile(count(), std::make_unique<CTagGroupItemWidget>(GroupPointer(), nullptr));
+        connect(tile, &CTagGroupItemWidget::signAddGroup, this, &CTagGroupShowWidgt::signAddGroup);
+        connect(tile, &CTagGroupItemWidget::dragMovedOver, this, &CTagGroupShowWidgt::dragMovedOver);
+    }
     setUpdatesEnabled(true);
     doItemsLayout();
     emit signalClosePopup();
@@ -178,6 +183,7 @@ void CTagGroupShowWidgt::connectTile(CTagGroupItemWidget* tile)
     connect(tile, &CTagGroupItemWidget::signAddGroupTag, this, &CTagGroupShowWidgt::signAddGroupTag);
     connect(tile, &CTagGroupItemWidget::signalGroupInfoChanged, this, &CTagGroupShowWidgt::signalGroupInfoChanged);
     connect(tile, &CTagGroupItemWidget::signalClosePopup, this, &CTagGroupShowWidgt::signalClosePopup);
+    connect(tile, &CTagGroupItemWidget::dragMovedOver, this, &CTagGroupShowWidgt::dragMovedOver);
     connect(tile, &CTagGroupItemWidget::signSelectedChanged, this,
             [this, tile](const QString& name, const QString& tagCount,
                          const QSharedPointer<const ITagGroupDataProvider>& provider) {
@@ -197,8 +203,11 @@ void CTagGroupShowWidgt::selectOnly(CTagGroupItemWidget* tile)
 void CTagGroupShowWidgt::placeByName(GroupPointer provider)  // NOLINT(performance-unnecessary-value-param): kept alive
 {
     const QPointer<CTagGroupShowWidgt> self(this);
+    const int reading = m_nameReadings.begin(provider.data());
     const QString name = provider->groupName();
-    const int row = self ? m_providers.indexOf(provider) : -1;
+    if (!self || !m_nameReadings.end(provider.data(), reading))
+        return;
+    const int row = m_providers.indexOf(provider);
     if (row < 0 || m_sortNames.at(row) == name)
         return;
     m_sortNames.remove(row);

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "plugin/state/newestreading.h"
+
 #include <itaggroupdataprovider.h>
 
 #include <QHash>
 #include <QListWidget>
+#include <QMimeData>
 #include <QSharedPointer>
 #include <QString>
 #include <QVector>
@@ -52,6 +55,8 @@ signals:
     void signAddGroupTag(qint64 g_id, qint64 t_id);
     /// A category was added or changed: open create and rename dialogs close.
     void signalClosePopup();
+    /// A chip that is dragged came over a tile, with that data; null when it left or was dropped.
+    void dragMovedOver(QWidget* target, const QMimeData* data);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -81,5 +86,6 @@ private:
     /// The name by which row i was placed; always sorted, whatever the host's names are by now.
     QVector<QString> m_sortNames;
     QHash<qint64, CTagGroupItemWidget*> m_tiles;
+    NewestReading<const ITagGroupDataProvider*> m_nameReadings;
     bool m_layoutDue = false;  ///< Rows came, went or moved, and the next turn of the event loop lays them out.
 };

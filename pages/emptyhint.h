@@ -16,7 +16,8 @@ class EmptyHint : public QObject
     Q_OBJECT
 
 public:
-    /// \a text is asked at each paint and layout of \a content, which owns the hint; empty stands for no hint.
+    /// \a text is asked at each paint and layout of \a content, which owns the hint, and so must not call the host;
+    /// empty stands for no hint.
     /// \a corner is the text's upper left one, in logical pixels.
     EmptyHint(QWidget* content, const QPoint& corner, std::function<QString()> text);
     ~EmptyHint() override;

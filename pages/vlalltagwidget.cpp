@@ -5,6 +5,7 @@
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/chipscrollarea.h"
 #include "taglist/vltaggrouplistview.h"
+#include "widgets/fixedsize.h"
 #include "widgets/vlscrollbar.h"
 #include "widgets/vlsvgwidget.h"
 #include "widgets/vltallboxlayout.h"
@@ -27,6 +28,8 @@ namespace {
 
 constexpr int counterPixelSize = 14;
 constexpr int buttonPixelSize = 13;
+constexpr int allTagsType = 0;
+constexpr int favoritesType = 2;
 constexpr int chipsLeft = 16;  // of the chips within their list, where the hint stands when there are none
 
 QString counterText(int count)
@@ -49,13 +52,19 @@ VLAllTagWidget::~VLAllTagWidget() = default;
 void VLAllTagWidget::initialise(const QSharedPointer<ITagGroupDataProvider>& provider)
 {
     m_mainLayout->setContentsMargins(46, 0, 0, 0);
-    makeCounter(provider);
+    const QPointer<VLAllTagWidget> self(this);
+    followLibrary();
+    if (self)
+        makeCounter(provider);
+    if (!self)
+        return;
     connect(makeCreateButton(), &QPushButton::clicked, this, &VLAllTagWidget::createTag);
     m_mainLayout->addWidget(makeScrollArea(QStringLiteral("all_tag_scroll"), QStringLiteral("all_tag_scroll_widget"),
                                            QMargins(3, 16, 0, 0)));
     attachOverlayBar();
     makeLetterList(provider);
-    makeSearchList(provider);
+    if (self)
+        makeSearchList(provider);
 }
 
 void VLAllTagWidget::makeCounter(const QSharedPointer<ITagGroupDataProvider>& provider)
@@ -65,10 +74,12 @@ void VLAllTagWidget::makeCounter(const QSharedPointer<ITagGroupDataProvider>& pr
     m_countLabel = new QLabel(this);
     m_countLabel->setObjectName(QStringLiteral("all_tag_count_label"));
     m_countLabel->setFont(font);
-    if (provider)
-        m_countLabel->setText(counterText(provider->tagCount(1)));
     m_titleLayout->addSpacing(4);
     m_titleLayout->addWidget(m_countLabel);
+    const QPointer<QLabel> label(m_countLabel);
+    const QString text = provider ? counterText(provider->tagCount(1)) : QString();
+    if (label)
+        label->setText(text);
 }
 
 QPushButton* VLAllTagWidget::makeCreateButton()
@@ -77,7 +88,7 @@ QPushButton* VLAllTagWidget::makeCreateButton()
     font.setPixelSize(buttonPixelSize);
     m_createButton = new QPushButton(tr("Create Tags"), this);
     m_createButton->setObjectName(QStringLiteral("create_tag_btn"));
-    m_createButton->setFixedSize(96, 28);
+    new FixedSize(m_createButton, QSize(96, 28));
     m_createButton->setFont(font);
     m_titleLayout->addStretch();
     m_titleLayout->addWidget(m_createButton);
@@ -90,6 +101,8 @@ QScrollArea* VLAllTagWidget::makeScrollArea(const QString& areaName, const QStri
 {
     m_scrollArea = new ChipScrollArea(this);
     m_scrollArea->setObjectName(areaName);
+    // It shows no focus, so it is no stop for the Tab key; after a click the arrow keys scroll it.
+    m_scrollArea->setFocusPolicy(Qt::ClickFocus);
     m_scrollWidget = new QWidget;
     m_scrollWidget->setObjectName(contentName);
     // With a skin that gives the content an opaque colour, scrolling moves pixels and paints only what comes into view.
@@ -137,8 +150,8 @@ void VLAllTagWidget::makeSearchList(const QSharedPointer<ITagGroupDataProvider>&
     connect(m_searchList, &VLTagGroupListView::signalEmpty, this, &VLAllTagWidget::clearSearch);
     m_searchList->hide();
     keepContent(QStringLiteral("2 search results"), m_searchList);
-    m_searchList->setSearchProvider(provider);
     connect(m_letterList, &VLTagGroupListView::tagUpdated, m_searchList, &VLTagGroupListView::refreshResult);
+    m_searchList->setSearchProvider(provider);
 }
 
 void VLAllTagWidget::keepContent(const QString& key, QWidget* content)
@@ -170,6 +183,31 @@ void VLAllTagWidget::addToCounter(int count)
         m_countLabel->setText(counterText(sum));
 }
 
+void VLAllTagWidget::followLibrary()
+{
+    const QPointer<VLAllTagWidget> self(this);
+    const QSharedPointer<ITagGroupDataProvider> allTags = VLTagManagerSingleton::instance()->allTagsProvider();
+    if (!self || !allTags)
+        return;
+    m_allTags = allTags;
+    connect(allTags.data(), &ITagGroupDataProvider::signalAddTags, this, &VLAllTagWidget::countLibrary);
+    connect(allTags.data(), &ITagGroupDataProvider::signalRemoveTags, this, &VLAllTagWidget::countLibrary);
+    countLibrary();
+}
+
+void VLAllTagWidget::countLibrary()
+{
+    const QPointer<VLAllTagWidget> self(this);
+    const auto allTags = m_allTags;
+    const bool hasTags = allTags->tagCount(1) > 0;
+    if (!self || m_libraryHasTags == hasTags)
+        return;
+    m_libraryHasTags = hasTags;
+    if (m_scrollWidget)
+        m_scrollWidget->update();
+}
+
+/// Asked while painting, so from what is known here; it promises nothing that the host does not offer.
 QString VLAllTagWidget::hintWhenEmpty() const
 {
     const bool searches = !m_searchEdit->text().isEmpty();
@@ -178,13 +216,19 @@ QString VLAllTagWidget::hintWhenEmpty() const
         return {};
     if (searches)
         return tr("No tag has this text in its name.");
-    if (m_type == 2)
-        return tr("No favorite tags yet. Right-click a tag on the page “All Tags” and choose “Set as Favorite Tag”.");
-    const auto allTags = VLTagManagerSingleton::instance()->allTagsProvider();
-    if (!allTags || allTags->tagCount(1) == 0)
-        return tr("There are no tags yet. “Create Tags” makes the first one.");
-    return tr("No tags here. To file a tag, drag it onto the tile of a category, or right-click it and choose “Add to "
-              "Category”.");
+    if (!m_allTags)
+        return tr("No library is open.");
+    const bool canChange = m_letterList->canChangeTags();
+    if (m_type == allTagsType || !m_libraryHasTags)
+        return canChange && m_type != favoritesType ? tr("There are no tags yet. “Create Tags” makes the first one.")
+                                                    : tr("There are no tags yet.");
+    if (m_type == favoritesType)
+        return canChange ? tr("No favorite tags yet. Right-click a tag on the page “All Tags” and choose “Set as "
+                              "Favorite Tag”.")
+                         : tr("No favorite tags yet.");
+    return canChange ? tr("No tags here. To file a tag, drag it onto the tile of a category, or right-click it and "
+                          "choose “Add to Category”.")
+                     : tr("No tags here.");
 }
 
 void VLAllTagWidget::slotSearchChanged(const QString& text)
@@ -226,8 +270,11 @@ void VLAllTagWidget::rebuild()
     for (QWidget* content : qAsConst(m_keptContent))
         m_contentLayout->addWidget(content);
     m_contentLayout->addStretch();
+    const QPointer<VLAllTagWidget> self(this);
     if (m_letterList)
         m_letterList->reload(QString());
+    if (!self)
+        return;
     m_contentLayout->activate();
     slotSetOriScrollValue(value);
     updatePage();

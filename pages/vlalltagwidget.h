@@ -52,6 +52,8 @@ protected:
     /// Appends \a content to the scroll area's content; a rebuild brings all kept content back in the order of the
     /// keys.
     void keepContent(const QString& key, QWidget* content);
+    /// Keeps up with whether the open library has tags, for the hint on an empty page.
+    void followLibrary();
 
     QScrollArea* m_scrollArea = nullptr;
     QWidget* m_scrollWidget = nullptr;
@@ -73,7 +75,10 @@ private:
     void addToCounter(int count);
     void settleContent();
     void clearSearch();
+    void countLibrary();
     [[nodiscard]] QString hintWhenEmpty() const;
 
     QMap<QString, QWidget*> m_keptContent;
+    QSharedPointer<ITagGroupDataProvider> m_allTags;  ///< Null without a library.
+    bool m_libraryHasTags = false;
 };

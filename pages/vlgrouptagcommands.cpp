@@ -111,6 +111,8 @@ void VLGroupTagWidget::askForDeletion(qint64 g_id, const QString& name, int tagC
         "The tag category<font color='%1'> %2 </font>is associated with<font color='%3'> %4 </font>tags，Are you sure "
         "you want to delete it?<font style='font-size:12px' color='%5'> (The tags will not be deleted.) </font>");
     auto* box = new VLMessageBox(window());
+    // The host may delete the tag window alone; nobody would hear the answer.
+    connect(this, &QObject::destroyed, box, &QObject::deleteLater);
     connect(box, &VLMessageBox::signalResult, this, [this, g_id](VLMessageBox::ReturnValue value) {
         if (value == VLMessageBox::Confirm)
             deleteGroup(g_id);

@@ -3,6 +3,7 @@
 
 #include "pages/ctaggroupitemwidget.h"
 #include "pages/ctaggroupshowwidgt.h"
+#include "pages/dragscroller.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
 #include "widgets/menupopup.h"
@@ -23,6 +24,8 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <memory>
 
 namespace {
 
@@ -66,30 +69,57 @@ VLGroupTagWidget::~VLGroupTagWidget()
 void VLGroupTagWidget::initialise(const QSharedPointer<ITagGroupDataProvider>& root,
                                   const QVector<QSharedPointer<ITagGroupDataProvider>>& groups)
 {
+    const QPointer<VLGroupTagWidget> self(this);
+    followLibrary();
+    // Without a parent that the host could delete from inside the reading.
+    auto rootTile = std::make_unique<CTagGroupItemWidget>(root, nullptr);
+    if (!self)
+        return;
     makeMenu();
     adjustFrame();
-    makeRootTile(root);
+    m_rootTile = rootTile.release();
+    placeRootTile();
     makeGroupList();
     auto* halves = makeTightLayout<QHBoxLayout>();
     halves->addLayout(makeCategoryHalf(), 1);
     halves->addLayout(makeTagHalf(), 1);
     m_mainLayout->addLayout(halves);
-    connect(makeCreateButton(), &QPushButton::clicked, this, [this] {
-        const QPointer<VLGroupTagWidget> self(this);
-        VlEventTrack::GetInstance()->ClickTagManagerAddBtn(1);
-        if (self)
-            m_letterList->slotAddTag();
-    });
+    connect(makeCreateButton(), &QPushButton::clicked, this, &VLGroupTagWidget::createTag);
+    setTabOrder(m_createButton, m_groupScrollArea);
+    setTabOrder(m_groupScrollArea, m_scrollArea);
+    setTabOrder(m_scrollArea, m_letterList);
 
     m_groupList->fill(groups);
+    if (!self)
+        return;
     connectRootTile();
     connectGroupList();
-    if (root)
-        emit m_rootTile->signSelectedChanged(root->groupName(), QString::number(root->tagCount(1)), root);
-    else
-        m_letterList->setDataProvider({});
+    showRootGroup(root);
+    if (!self)
+        return;
     attachOverlayBar();
     VLSkinSetting::GetInstance()->SetWidgetStyleSheetWithQssName(this, QStringLiteral("tagmanager"));
+}
+
+void VLGroupTagWidget::showRootGroup(const QSharedPointer<ITagGroupDataProvider>& root)
+{
+    const QPointer<VLGroupTagWidget> self(this);
+    const QString name = root ? root->groupName() : QString();
+    const QString tagCount = root ? QString::number(root->tagCount(1)) : QString();
+    if (!self)
+        return;
+    if (root)
+        emit m_rootTile->signSelectedChanged(name, tagCount, root);
+    else
+        m_letterList->setDataProvider({});
+}
+
+void VLGroupTagWidget::createTag()
+{
+    const QPointer<VLGroupTagWidget> self(this);
+    VlEventTrack::GetInstance()->ClickTagManagerAddBtn(1);
+    if (self)
+        m_letterList->slotAddTag();
 }
 
 void VLGroupTagWidget::adjustFrame()
@@ -99,13 +129,13 @@ void VLGroupTagWidget::adjustFrame()
     m_searchIcon->hide();
 }
 
-void VLGroupTagWidget::makeRootTile(const QSharedPointer<ITagGroupDataProvider>& root)
+void VLGroupTagWidget::placeRootTile()
 {
-    m_rootTile = new CTagGroupItemWidget(root, this);
+    m_rootTile->setParent(this);
     m_rootTile->setFixedSize(CTagGroupItemWidget::sideLength, CTagGroupItemWidget::sideLength);
     m_rootTile->setSelected(true);
     // Without a category it would look like the tile that creates one.
-    m_rootTile->setHidden(!root);
+    m_rootTile->setHidden(!m_rootTile->provider());
 }
 
 void VLGroupTagWidget::makeGroupList()
@@ -117,6 +147,7 @@ QLayout* VLGroupTagWidget::makeCategoryHalf()
 {
     m_groupScrollArea = new QScrollArea(this);
     m_groupScrollArea->setObjectName(QStringLiteral("tag_group_scroll"));
+    m_groupScrollArea->setFocusPolicy(Qt::ClickFocus);
     m_groupScrollArea->setFrameShape(QFrame::NoFrame);
     m_groupScrollArea->setWidgetResizable(true);
     m_groupScrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -124,6 +155,9 @@ QLayout* VLGroupTagWidget::makeCategoryHalf()
     m_groupScrollWidget = new QWidget(m_groupScrollArea);
     m_groupScrollWidget->setObjectName(QStringLiteral("tag_group_scroll_widget"));
     m_groupScrollArea->setWidget(m_groupScrollWidget);
+    auto* scroller = new DragScroller(m_groupScrollArea);
+    connect(m_rootTile, &CTagGroupItemWidget::dragMovedOver, scroller, &DragScroller::setDragTarget);
+    connect(m_groupList, &CTagGroupShowWidgt::dragMovedOver, scroller, &DragScroller::setDragTarget);
 
     auto* rootRow = makeTightLayout<QHBoxLayout>({20, 0, 0, 0});
     rootRow->setAlignment(Qt::AlignLeft);

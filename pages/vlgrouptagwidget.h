@@ -71,7 +71,7 @@ private:
     QLayout* makeCategoryHalf();
     QLayout* makeTagHalf();
     QLayout* makeHeader();
-    void makeRootTile(const QSharedPointer<ITagGroupDataProvider>& root);
+    void placeRootTile();
     void makeGroupList();
     void connectRootTile();
     void connectGroupList();
@@ -79,7 +79,9 @@ private:
     void showHeader(const QString& name, const QString& tagCount);
     void showGroup(const QString& name, const QString& tagCount,
                    const QSharedPointer<const ITagGroupDataProvider>& provider);
+    void showRootGroup(const QSharedPointer<ITagGroupDataProvider>& root);
     void selectRootGroup();
+    void createTag();
     void viewFiles();
     void askForDeletion(qint64 g_id, const QString& name, int tagCount);
     void deleteGroup(qint64 g_id);

@@ -337,11 +337,22 @@ void ChipView::setHoveredIndex(const QModelIndex& index)
     }
     if (m_hovered == index)
         return;
-    // A chip is painted one pixel beyond its rectangle.
-    const QMargins bleed(0, 0, 1, 0);
-    viewport()->update(visualRect(m_hovered) + bleed);
+    updateChip(m_hovered);
     m_hovered = index;
-    viewport()->update(visualRect(m_hovered) + bleed);
+    updateChip(m_hovered);
+}
+
+void ChipView::updateChip(const QModelIndex& index)
+{
+    // A chip is painted one pixel beyond its rectangle.
+    viewport()->update(visualRect(index) + QMargins(0, 0, 1, 0));
+}
+
+void ChipView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QListView::currentChanged(current, previous);
+    updateChip(previous);
+    updateChip(current);
 }
 
 /// Keys alone move the page to the current chip.

@@ -81,6 +81,7 @@ protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
     [[nodiscard]] QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles) override;
 
 private:
@@ -95,6 +96,7 @@ private:
     void fitHeight();
     static void followPointer();
     void setHoveredIndex(const QModelIndex& index);
+    void updateChip(const QModelIndex& index);
     void paintChip(QPainter* painter, QStyleOptionViewItem option, const QModelIndex& index) const;
 
     bool m_firstEnlargement = false;

@@ -11,6 +11,7 @@
 
 class QAction;
 class QMenu;
+class QPoint;
 class QWidget;
 class QWidgetAction;
 class VLGroupListMenu;
@@ -35,8 +36,8 @@ public:
 
     /// Puts the entries in their order. \a inCategory: the tags shown can be removed from their category.
     void arrange(bool inCategory);
-    /// Pops the menu up at the cursor. \a colorIndex: the swatch to mark.
-    void open(bool isFavorite, int colorIndex);
+    /// Pops the menu up at \a place, in logical pixels of the screen. \a colorIndex: the swatch to mark.
+    void open(bool isFavorite, int colorIndex, const QPoint& place);
     void close();
     [[nodiscard]] VLGroupListMenu* groupList() const { return m_groupList; }
 

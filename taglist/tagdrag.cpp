@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/tagdrag.h"
 
+#include "taglist/vltaglistview.h"
+
 #include <QDataStream>
+#include <QDropEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QWidget>
@@ -18,6 +21,11 @@ QMimeData* makeTagMimeData(qint64 tag_id)
     auto mimeData = std::make_unique<QMimeData>();
     mimeData->setData(QLatin1String(tagDragFormat), payload);
     return mimeData.release();
+}
+
+bool isChipDrag(const QDropEvent* event)
+{
+    return qobject_cast<VLTagListView*>(event->source()) != nullptr;
 }
 
 QPixmap makeDragImage(QWidget* widget, const QRect& area)

@@ -15,6 +15,9 @@ class TagRequests
 public:
     explicit TagRequests(QSharedPointer<ITagAction> action);
 
+    /// Whether there is an action object.
+    [[nodiscard]] bool areTaken() const { return !m_action.isNull(); }
+
     /// \a onSuccess may run after the caller is gone.
     void createTag(const QString& name, std::function<void()> onSuccess) const;
     void addToFavorites(qint64 tag_id) const;

@@ -22,7 +22,7 @@ bool TagSections::holds(const VLTagListView* section) const
     return section && m_sections.value(section->letter()) == section;
 }
 
-/// The section that a tag was filed in, as long as the section still holds it: its rows can go by its own slots, too.
+/// The rows of a section can go by its own slots, too.
 VLTagListView* TagSections::filedSectionOf(qint64 tag_id) const
 {
     const auto letter = m_letterOfTag.constFind(tag_id);
@@ -111,12 +111,15 @@ void TagSections::createSections(QMap<QString, QVector<TagItem>> itemsOfLetters)
     for (auto it = itemsOfLetters.begin(); it != itemsOfLetters.end(); ++it)
         m_sections.insert(it.key(), m_makeSection(it.key(), std::move(it.value())));
     int index = 0;
+    QWidget* above = m_layout->parentWidget();
     for (VLTagListView* section : qAsConst(m_sections)) {
         QLayoutItem* item = m_layout->itemAt(index);
         if (!item || item->widget() != section) {
             m_layout->insertWidget(index, section);
+            QWidget::setTabOrder(above, section);
             section->show();
         }
+        above = section;
         ++index;
     }
 }

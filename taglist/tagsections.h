@@ -23,7 +23,8 @@ public:
     /// Makes the view of a section; it is owned by its parent widget until it is handed back to be removed.
     using MakeSection = std::function<VLTagListView*(const QString& letter, QVector<TagItem> items)>;
 
-    /// \a layout receives the views; it holds nothing else while there are sections.
+    /// \a layout receives the views; it holds nothing else while there are sections. In the order of the Tab key they
+    /// follow its widget, which must not have Qt::NoFocus.
     TagSections(QVBoxLayout* layout, MakeSection makeSection);
 
     [[nodiscard]] bool isEmpty() const { return m_sections.isEmpty(); }
@@ -39,8 +40,10 @@ public:
     void removeSection(VLTagListView* section);
     void clear();
 
-private:
+    /// The section that a tag was filed in, as long as the section holds it; null for any other tag. Constant time.
     [[nodiscard]] VLTagListView* filedSectionOf(qint64 tag_id) const;
+
+private:
     [[nodiscard]] VLTagListView* sectionOf(qint64 tag_id) const;
     void createSections(QMap<QString, QVector<TagItem>> itemsOfLetters);
     void removeSections(const QVector<VLTagListView*>& sections);

@@ -15,6 +15,7 @@
 #include <tagrecords.h>
 #include <vleventtrack.h>
 
+#include <QCursor>
 #include <QDebug>
 #include <QLineEdit>
 #include <QPointer>
@@ -76,6 +77,11 @@ void VLTagGroupListView::slotCheckTagLinkFile(qint64 tag_id, QString)
 
 void VLTagGroupListView::slotPopMenu(qint64 tag_id, QString name)
 {
+    openMenu(tag_id, name, QCursor::pos());
+}
+
+void VLTagGroupListView::openMenu(qint64 tag_id, const QString& name, const QPoint& place)
+{
     m_menuTagId = tag_id;
     m_menuTagName = name;
     const QPointer<VLTagGroupListView> self(this);
@@ -86,7 +92,7 @@ void VLTagGroupListView::slotPopMenu(qint64 tag_id, QString name)
     const auto info = provider ? provider->tagInfo() : nullptr;
     const bool isFavorite = VLTagManagerSingleton::instance()->isFavoriteTag(tag_id);
     if (self && m_menu)
-        m_menu->open(isFavorite, info ? info->colorIndex() : -1);
+        m_menu->open(isFavorite, info ? info->colorIndex() : -1, place);
 }
 
 void VLTagGroupListView::viewMenuTagFiles()
@@ -166,6 +172,8 @@ void VLTagGroupListView::slotDelTag(qint64 tag_id)
         "The Tag<font color='%1'> %2 </font>is associated with<font color='%3'> %4 </font>files，Are you sure you want "
         "to delete it?<font style='font-size:12px' color='%5'> (The files will not be deleted.) </font>");
     auto* box = new VLMessageBox(window());
+    // The host may delete the tag window alone; nobody would hear the answer.
+    connect(this, &QObject::destroyed, box, &QObject::deleteLater);
     connect(box, &VLMessageBox::signalResult, this, [this, tag_id](VLMessageBox::ReturnValue answer) {
         if (answer == VLMessageBox::Confirm)
             m_requests.deleteTag(tag_id);

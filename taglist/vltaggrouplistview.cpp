@@ -10,9 +10,11 @@
 #include <itagdataprovider.h>
 #include <itaggroupdataprovider.h>
 
+#include <QKeyEvent>
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -24,17 +26,10 @@ constexpr int letterLeft = 18;
 /// A list that may wait until it is shown reads so many tags at once all the same: nobody notices them.
 constexpr int readAtOnceLimit = 500;
 
-using TagProviders = QHash<qint64, QSharedPointer<ITagDataProvider>>;
-
-QVector<TagItem> readTagItems(const TagProviders& providers, const QString& filter)
+auto askFor(const QVector<qint64>& tag_ids)
 {
-    QVector<TagItem> items;
-    items.reserve(providers.size());
-    for (const auto& provider : providers) {
-        if (auto item = readTagItem(provider, filter))
-            items.append(std::move(*item));
-    }
-    return items;
+    return
+        [tag_ids](const ITagGroupDataProvider& group, TagReader::Providers* found) { group.tagsByIds(tag_ids, found); };
 }
 
 }  // namespace
@@ -46,6 +41,9 @@ VLTagGroupListView::VLTagGroupListView(QWidget* parent, bool drag)
                                   QVector<TagItem> items) { return makeSection(letter, std::move(items)); })
     , m_requests(VLTagManagerSingleton::instance()->tagAction())
     , m_drag(drag)
+    , m_reader(this, [this](const ITagDataProvider& provider, qint64 tag_id) {
+        return connect(&provider, &IDataProvider::signalUpdated, this, [this, tag_id] { refresh(tag_id); });
+    })
 {
     auto* state = VLTagManagerSingleton::instance();
     connect(state, &VLTagManagerSingleton::signalAddGroupAction, this, &VLTagGroupListView::slotAddGroupAction);
@@ -60,6 +58,7 @@ VLTagGroupListView::~VLTagGroupListView() = default;
 QVBoxLayout* VLTagGroupListView::setUpColumn()
 {
     setObjectName(QStringLiteral("tag_group_list_view"));
+    setFocusPolicy(Qt::ClickFocus);
     setWidget(new QWidget);
     setWidgetResizable(true);
     for (QWidget* background : {static_cast<QWidget*>(this), viewport(), widget()})
@@ -98,6 +97,7 @@ void VLTagGroupListView::setReadWhenShown()
 void VLTagGroupListView::setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider)
 {
     m_shown = Shown::Results;
+    m_reader.setFollow({});
     replaceProvider(provider);
 }
 
@@ -132,13 +132,23 @@ void VLTagGroupListView::reload(const QString& filter)
 
 void VLTagGroupListView::refreshResult(qint64 tag_id)
 {
-    if (m_results)
-        m_results->refreshTag(tag_id);
+    refresh(tag_id);
+}
+
+void VLTagGroupListView::refresh(qint64 tag_id)
+{
+    VLTagListView* shownBy = m_sections.filedSectionOf(tag_id);
+    if (!shownBy && m_results && m_results->holdsTag(tag_id))
+        shownBy = m_results;
+    if (shownBy)
+        shownBy->refreshTag(tag_id);
+    else if (m_reader.isReading())
+        m_reader.noteChanged(tag_id);
 }
 
 bool VLTagGroupListView::showsTags() const
 {
-    return !m_sections.isEmpty() || (m_results && m_results->model()->rowCount() > 0);
+    return m_readPending || !m_sections.isEmpty() || (m_results && m_results->model()->rowCount() > 0);
 }
 
 void VLTagGroupListView::clear()
@@ -159,31 +169,37 @@ void VLTagGroupListView::load(const QString& filter)
     const auto provider = m_provider;
     if (!provider || (filter.isEmpty() && m_shown == Shown::Results))
         return;
-    const QPointer<VLTagGroupListView> self(this);
-    TagProviders providers;
-    if (provider->tags(&providers) == 0 || !self)
-        return;
-    QVector<TagItem> items = readTags(providers, filter);
-    // From inside the reading the host may have made the list show something else, or closed the window.
-    if (self && m_provider == provider && m_filter == filter)
-        showTags(std::move(items));
+    const auto ask = [](const ITagGroupDataProvider& group, TagReader::Providers* found) {
+        if (group.tags(found) == 0)
+            found->clear();
+    };
+    // From inside the reading the host may have made the list show something else.
+    readTags(ask, filter, [this, filter](QVector<TagItem> items) {
+        if (m_filter == filter)
+            showTags(std::move(items));
+    });
 }
 
-/// What the host takes away from inside the reading is left out.
-QVector<TagItem> VLTagGroupListView::readTags(const TagProviders& providers, const QString& filter)
+/// Nothing is shown when the list has another provider after the reading, or is gone.
+void VLTagGroupListView::readTags(const Ask& ask, const QString& filter, const Show& show)
 {
     const QPointer<VLTagGroupListView> self(this);
-    ++m_readDepth;
-    QVector<TagItem> items = readTagItems(providers, filter);
+    const auto provider = m_provider;
+    m_reader.begin();
+    TagReader::Providers providers;
+    ask(*provider, &providers);
     if (!self)
-        return {};
-    if (!m_goneWhileReading.isEmpty()) {
-        const auto isGone = [this](const TagItem& item) { return m_goneWhileReading.contains(item.id); };
-        items.erase(std::remove_if(items.begin(), items.end(), isGone), items.end());
+        return;
+    QVector<TagItem> items = m_reader.read(providers, filter);
+    if (!self)
+        return;
+    if (m_provider == provider)
+        show(std::move(items));
+    const QSet<qint64> changed = m_reader.end();
+    for (const qint64 id : changed) {
+        if (self)
+            refresh(id);
     }
-    if (--m_readDepth == 0)
-        m_goneWhileReading.clear();
-    return items;
 }
 
 /// In letter sections, or as results of the search.
@@ -208,17 +224,21 @@ void VLTagGroupListView::showResults(QVector<TagItem> items)
 
 VLTagListView* VLTagGroupListView::makeResultList()
 {
-    const bool ownerFollows = m_shown == Shown::Results;
-    auto* list =
-        new VLTagListView({}, this, ownerFollows ? VLTagListView::Following::Owner : VLTagListView::Following::View);
+    auto* list = new VLTagListView({}, this, followByOwner());
     configureList(list);
     list->setTrailingRow(false);
     return list;
 }
 
+/// Each row takes over the connection that was made before its tag was read.
+TagRows::Follow VLTagGroupListView::followByOwner()
+{
+    return [this](const TagItem& item) { return m_reader.takeConnection(item); };
+}
+
 VLTagListView* VLTagGroupListView::makeSection(const QString& letter, QVector<TagItem> items)
 {
-    auto* section = new VLTagListView(std::move(items), this);
+    auto* section = new VLTagListView(std::move(items), this, followByOwner());
     configureList(section);
     section->setLetter(letter, letterLeft, 0);
     connect(section, &VLTagListView::signCheckTagLinkFile, this, &VLTagGroupListView::slotCheckTagLinkFile);
@@ -248,6 +268,7 @@ void VLTagGroupListView::configureList(VLTagListView* list)
     list->setTopMargin(sectionTopMargin);
     list->setItemDelegate(new VLTagDelegate(list));
     connect(list, &VLTagListView::signPopMenu, this, &VLTagGroupListView::slotPopMenu);
+    connect(list, &VLTagListView::signPopMenuByKey, this, &VLTagGroupListView::openMenu);
     connect(list, &VLTagListView::signTagUpdated, this, &VLTagGroupListView::tagUpdated);
     connect(list, &VLTagListView::signTagUpdated, this, &VLTagGroupListView::slotTagProviderUpdate);
 }
@@ -265,6 +286,7 @@ void VLTagGroupListView::slotAddTagsCallBack(QVector<qint64> tag_ids)
 {
     if (!m_provider || tag_ids.isEmpty())
         return;
+    m_reader.noteAdded(tag_ids);
     const QPointer<VLTagGroupListView> self(this);
     if (!m_readPending)
         showAdded(tag_ids);
@@ -277,25 +299,19 @@ void VLTagGroupListView::slotAddTagsCallBack(QVector<qint64> tag_ids)
 
 void VLTagGroupListView::showAdded(const QVector<qint64>& tag_ids)
 {
-    const QPointer<VLTagGroupListView> self(this);
-    const auto provider = m_provider;
     const QString filter = m_filter;
     if (filter.isEmpty() && m_shown == Shown::Results)
         return;
-    TagProviders providers;
-    provider->tagsByIds(tag_ids, &providers);
-    if (!self)
-        return;
-    QVector<TagItem> items = readTags(providers, filter);
     // A search that began meanwhile has found them by itself.
-    if (self && m_provider == provider && m_filter == filter)
-        showTags(std::move(items));
+    readTags(askFor(tag_ids), filter, [this, filter](QVector<TagItem> items) {
+        if (m_filter == filter)
+            showTags(std::move(items));
+    });
 }
 
 void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)
 {
-    if (m_readDepth > 0)
-        m_goneWhileReading.unite(QSet<qint64>(tag_ids.cbegin(), tag_ids.cend()));
+    m_reader.noteRemoved(tag_ids);
     const QPointer<VLTagGroupListView> self(this);
     emit signalRemoveTag(tag_ids.size());
     if (!self)
@@ -311,19 +327,12 @@ void VLTagGroupListView::slotRemoveTagsCallBack(QVector<qint64> tag_ids)
 
 void VLTagGroupListView::slotTagUpdateNoMatch(QVector<qint64> tag_ids)
 {
-    const auto provider = m_provider;
-    if (!provider || tag_ids.isEmpty())
+    if (!m_provider || tag_ids.isEmpty())
         return;
-    const QPointer<VLTagGroupListView> self(this);
-    TagProviders providers;
-    provider->tagsByIds(tag_ids, &providers);
-    if (!self)
-        return;
-    QVector<TagItem> items = readTags(providers, {});
-    if (!self || m_provider != provider)
-        return;
-    m_sections.forget(tag_ids);
-    m_sections.add(std::move(items));
+    readTags(askFor(tag_ids), {}, [this, tag_ids](QVector<TagItem> items) {
+        m_sections.forget(tag_ids);
+        m_sections.add(std::move(items));
+    });
 }
 
 void VLTagGroupListView::slotUiRemoveTagListView()
@@ -339,9 +348,20 @@ void VLTagGroupListView::slotTagProviderUpdate()
 
 void VLTagGroupListView::showEvent(QShowEvent* event)
 {
-    if (m_readPending) {
-        m_readPending = false;
-        load({});
-    }
     QScrollArea::showEvent(event);
+    // Not from in here: the host may delete the window from inside the reading.
+    if (m_readPending)
+        QMetaObject::invokeMethod(this, &VLTagGroupListView::readPending, Qt::QueuedConnection);
+}
+
+void VLTagGroupListView::readPending()
+{
+    if (std::exchange(m_readPending, false))
+        load({});
+}
+
+/// The area around it scrolls.
+void VLTagGroupListView::keyPressEvent(QKeyEvent* event)
+{
+    event->ignore();
 }

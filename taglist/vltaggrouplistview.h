@@ -2,14 +2,16 @@
 #pragma once
 
 #include "plugin/state/tagitem.h"
+#include "taglist/tagreader.h"
 #include "taglist/tagrequests.h"
+#include "taglist/tagrows.h"
 #include "taglist/tagsections.h"
 
-#include <QHash>
 #include <QScrollArea>
-#include <QSet>
 #include <QSharedPointer>
 #include <QVector>
+
+#include <functional>
 
 class ITagDataProvider;
 class ITagGroupDataProvider;
@@ -45,7 +47,10 @@ public:
     void reload(const QString& filter);
     /// Reads a tag again from its provider when it is among the search results.
     void refreshResult(qint64 tag_id);
+    /// True, too, for tags that are still to be read.
     [[nodiscard]] bool showsTags() const;
+    /// False for a library that takes no requests.
+    [[nodiscard]] bool canChangeTags() const { return m_requests.areTaken(); }
 
 signals:
     /// The host is to show the files that carry these tags.
@@ -83,6 +88,7 @@ public slots:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     static constexpr qint64 favoritesGroupId = 1;
@@ -100,16 +106,22 @@ private:
     void replaceProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
     void clear();
     void load(const QString& filter);
+    void readPending();
     void showAdded(const QVector<qint64>& tag_ids);
-    [[nodiscard]] QVector<TagItem> readTags(const QHash<qint64, QSharedPointer<ITagDataProvider>>& providers,
-                                            const QString& filter);
+    /// Asks a category for some of its tags.
+    using Ask = std::function<void(const ITagGroupDataProvider& group, TagReader::Providers* found)>;
+    using Show = std::function<void(QVector<TagItem> items)>;
+    void readTags(const Ask& ask, const QString& filter, const Show& show);
+    void refresh(qint64 tag_id);
     void showTags(QVector<TagItem> items);
     void showResults(QVector<TagItem> items);
+    [[nodiscard]] TagRows::Follow followByOwner();
     VLTagListView* makeResultList();
     VLTagListView* makeSection(const QString& letter, QVector<TagItem> items);
     void configureList(VLTagListView* list);
     void giveRoom(VLTagListView* list);
     void removeSection(VLTagListView* section);
+    void openMenu(qint64 tag_id, const QString& name, const QPoint& place);
     void viewMenuTagFiles();
     void setMenuTagColor(int colorIndex);
 
@@ -126,6 +138,5 @@ private:
     bool m_readWhenShown = false;
     bool m_readPending = false;  ///< The provider's tags are still to be read.
     bool m_drag;
-    int m_readDepth = 0;              ///< Readings of the provider that are on the stack.
-    QSet<qint64> m_goneWhileReading;  ///< Tags whose removal was reported from inside them.
+    TagReader m_reader;
 };

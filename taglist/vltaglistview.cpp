@@ -3,6 +3,7 @@
 
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/initialletter.h"
+#include "taglist/letterlabel.h"
 #include "taglist/sortfilterproxymodel.h"
 #include "taglist/tagdrag.h"
 #include "taglist/taglistrow.h"
@@ -16,6 +17,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDrag>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -29,19 +31,17 @@ constexpr int doubleClickJoin = 1;  // how usage tracking names a double click o
 
 }  // namespace
 
-VLTagListView::VLTagListView(QVector<TagItem> items, QWidget* parent, Following tags)
-    : ChipView(parent,
-               [this, tags](const TagItem& item) {
-                   return tags == Following::View ? follow(item) : QMetaObject::Connection();
-               })
-    , m_letterLabel(new QLabel(this))
+VLTagListView::VLTagListView(QVector<TagItem> items, QWidget* parent, TagRows::Follow follow)
+    : ChipView(
+          parent, follow ? std::move(follow) : [this](const TagItem& item) { return followTag(item); })
+    , m_letterLabel(
+          new LetterLabel(this, [this] { return rows().count() > 0 ? tagAt(model()->index(0, 0)).name : QString(); }))
 {
     setObjectName(QStringLiteral("tag_list_view"));
     QFont letterFont;
     letterFont.setPixelSize(letterPixelSize);
     m_letterLabel->setObjectName(QStringLiteral("tag_list_vew_char"));
     m_letterLabel->setFont(letterFont);
-    m_letterLabel->setTextFormat(Qt::PlainText);
     m_letterLabel->hide();
     m_letterLabel->installEventFilter(this);
     setUp(std::move(items));
@@ -56,7 +56,7 @@ VLTagListView::~VLTagListView()
     QDrag::cancel();
 }
 
-QMetaObject::Connection VLTagListView::follow(const TagItem& item)
+QMetaObject::Connection VLTagListView::followTag(const TagItem& item)
 {
     return connect(item.provider.data(), &IDataProvider::signalUpdated, this, [this, id = item.id] { refreshTag(id); });
 }
@@ -82,6 +82,19 @@ void VLTagListView::setLetter(const QString& letter, int x, int y)
     m_letterLabel->move(x, y);
     m_letterLabel->show();
     rows().proxy()->setSortBySearch(false);
+    if (m_letterLabel->isHalfCharacter())
+        repaintLetterWithTheFirstName();
+}
+
+void VLTagListView::repaintLetterWithTheFirstName()
+{
+    const auto repaint = [this] { m_letterLabel->update(); };
+    const QAbstractItemModel* shown = model();
+    connect(shown, &QAbstractItemModel::rowsInserted, m_letterLabel, repaint);
+    connect(shown, &QAbstractItemModel::rowsRemoved, m_letterLabel, repaint);
+    connect(shown, &QAbstractItemModel::dataChanged, m_letterLabel, repaint);
+    connect(shown, &QAbstractItemModel::layoutChanged, m_letterLabel, repaint);
+    connect(shown, &QAbstractItemModel::modelReset, m_letterLabel, repaint);
 }
 
 QString VLTagListView::letter() const
@@ -136,8 +149,11 @@ void VLTagListView::refreshTag(qint64 tag_id)
 {
     const BusyScope busy(this);
     const TagListRow* shown = rows().rowOfTag(tag_id);
-    const std::optional<TagItem> item = shown ? readTagItem(shown->tag().provider) : std::nullopt;
-    if (!item || busy.viewIsGone())
+    if (!shown)
+        return;
+    const int reading = m_refreshes.begin(tag_id);
+    const std::optional<TagItem> item = readTagItem(shown->tag().provider);
+    if (busy.viewIsGone() || !m_refreshes.end(tag_id, reading) || !item)
         return;
     // The host may have taken the tag away from inside the reading.
     TagListRow* row = rows().rowOfTag(tag_id);
@@ -259,10 +275,27 @@ void VLTagListView::mouseDoubleClickEvent(QMouseEvent* event)
 /// The menu of the mouse opens when its button is released; this is for the keyboard.
 void VLTagListView::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (event->reason() != QContextMenuEvent::Keyboard || !m_menuEnabled || !currentIndex().isValid())
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        askForMenuByKey();
+}
+
+/// Not every platform makes a context menu event of this key.
+void VLTagListView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        askForMenuByKey();
+    else
+        ChipView::keyPressEvent(event);
+}
+
+void VLTagListView::askForMenuByKey()
+{
+    if (!m_menuEnabled || !currentIndex().isValid())
         return;
+    scrollTo(currentIndex());
     const TagItem tag = tagAt(currentIndex());
-    emit signPopMenu(tag.id, tag.name);
+    const QPoint corner = visualRect(currentIndex()).bottomLeft() + QPoint(0, 1);
+    emit signPopMenuByKey(tag.id, tag.name, viewport()->mapToGlobal(corner));
 }
 
 /// Runs the drag in its own event loop, in which anything may happen to this view.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "plugin/state/newestreading.h"
 #include "taglist/chipview.h"
 
 #include <QPoint>
@@ -9,8 +10,8 @@
 #include <QVector>
 
 class ITagGroupDataProvider;
+class LetterLabel;
 class QDrag;
-class QLabel;
 
 /// The tags of one letter section, or of one search, as chips. GUI thread only.
 ///
@@ -21,15 +22,16 @@ class VLTagListView : public ChipView
     Q_OBJECT
 
 public:
-    /// Who hears the host's signals.
+    /// Who hears the category's signals.
     enum class Following
     {
         View,  ///< This view, by itself.
         Owner  ///< Its owner, which hands it what is its own.
     };
 
-    /// \a tags: who hears of changes of the tags' data.
-    VLTagListView(QVector<TagItem> items, QWidget* parent, Following tags = Following::View);
+    /// \a follow connects a tag's changes to an owner that calls refreshTag(); without it the view follows its tags
+    /// itself.
+    VLTagListView(QVector<TagItem> items, QWidget* parent, TagRows::Follow follow = {});
     ~VLTagListView() override;
 
     /// Releasing the right button asks for the context menu.
@@ -66,6 +68,9 @@ signals:
     void signalCharNoMatch(QVector<qint64> tag_ids);
     /// A tag of this view reported a change.
     void signTagUpdated(qint64 tag_id);
+    /// The context menu of the current chip is wanted by key. \a place: the chip's lower left corner on the screen, in
+    /// logical pixels.
+    void signPopMenuByKey(qint64 tag_id, QString name, QPoint place);
 
 public slots:
     void slotDelItem(qint64 tag_id);
@@ -80,15 +85,19 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    [[nodiscard]] QMetaObject::Connection follow(const TagItem& item);
+    [[nodiscard]] QMetaObject::Connection followTag(const TagItem& item);
+    void repaintLetterWithTheFirstName();
     void dragChip(const QModelIndex& index);
+    void askForMenuByKey();
 
     bool m_menuEnabled = false;
     bool m_chipDragEnabled = false;
     QPoint m_pressPosition;
-    QLabel* m_letterLabel;
+    LetterLabel* m_letterLabel;
     QSharedPointer<ITagGroupDataProvider> m_groupProvider;
     QPointer<QDrag> m_drag;
+    NewestReading<qint64> m_refreshes;
 };

@@ -64,14 +64,19 @@ void leaveWidgetBelowWhenClosed(QMenu* menu)
 
 void popUpMenuAtCursor(QMenu* menu)
 {
+    popUpMenu(menu, QCursor::pos());
+}
+
+void popUpMenu(QMenu* menu, const QPoint& place)
+{
     narrowWideEntries(menu);
-    menu->move(QCursor::pos());
+    menu->move(place);
     menu->setAttribute(Qt::WA_DontShowOnScreen, true);
     menu->show();
     menu->hide();
     menu->setAttribute(Qt::WA_DontShowOnScreen, false);
     leaveWidgetBelowWhenClosed(menu);
-    menu->popup(QCursor::pos());
+    menu->popup(place);
     menu->raise();
 }
 

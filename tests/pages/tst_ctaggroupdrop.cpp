@@ -8,8 +8,11 @@
 
 #include <QListView>
 #include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
+#include <QWindow>
 
 class TestTagGroupDrop : public QObject
 {
@@ -77,6 +80,33 @@ private slots:
         QCOMPARE(m_filed->count(), 0);
         QTRY_VERIFY(!gone);
         QCOMPARE(m_list->count(), 2);
+    }
+
+    void dragNearAnEdgeScrollsTheTilesAndShowsItsTarget()
+    {
+        VLTagManagerSingleton::instance()->tagManagerProvider();
+        for (int i = 0; i < 60; ++i)
+            m_host->addGroup(QString::number(i));
+        QVector<QSharedPointer<ITagGroupDataProvider>> groups;
+        m_host->manager()->tagGroups(groups);
+        VLGroupTagWidget page(1, nullptr);
+        page.initialise(m_host->group(MemoryHost::Uncategorized), groups);
+        page.resize(800, 400);
+        page.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&page));
+        auto* area = page.findChild<QScrollArea*>(QStringLiteral("tag_group_scroll"));
+        auto* list = page.findChild<CTagGroupShowWidgt*>();
+        auto* tile = static_cast<CTagGroupItemWidget*>(list->itemWidget(list->item(0)));
+        const QImage untouched = tile->grab().toImage();
+        const QPoint nearTheEdge(100, area->viewport()->height() - 5);
+        QTest::mouseMove(page.windowHandle(), area->viewport()->mapTo(&page, nearTheEdge));
+        whileDragging(m_chips.get(), [&] {
+            QVERIFY(dragOver(tile, chipPayload(7)));
+            QVERIFY(tile->grab().toImage() != untouched);
+            QTRY_VERIFY(area->verticalScrollBar()->value() > 100);
+            dropOn(tile, chipPayload(7));
+        });
+        QCOMPARE(tile->grab().toImage(), untouched);
     }
 
     void fixedTileSendsNoRequest()

@@ -175,6 +175,24 @@ private slots:
         QVERIFY(other.chips().join(',').contains("afterwards"));
     }
 
+    void paintingAsksTheHostNothing()
+    {
+        HostileSession session;
+        session.user = std::make_unique<WindowUser>();
+        session.host.removeTags({1, 2, 3, 4, 5});
+        int calls = 0;
+        for (const int page : {WindowUser::AllTags, WindowUser::Categories, WindowUser::Favorites}) {
+            session.user->selectPage(page);
+            settle();
+            session.host.setInsideCall([&calls](const char*) { ++calls; });
+            session.user->window()->resize(900 + page, 600);
+            settle();
+            session.user->page(page)->grab();
+            session.host.setInsideCall({});
+        }
+        QCOMPARE(calls, 0);
+    }
+
     void rootObjectGoesFirst()
     {
         HostileSession session;

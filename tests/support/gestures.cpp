@@ -68,6 +68,11 @@ QStringList gestures::shownChips(const QWidget* root, QString (*describe)(const 
     return lines;
 }
 
+QString gestures::describeChip(const TagItem& tag)
+{
+    return tag.name + QLatin1Char(' ') + QString::number(tag.fileCount) + tag.color.name();
+}
+
 QStringList gestures::filedChips(const QStringList& names)
 {
     QMap<QString, QStringList> sections;

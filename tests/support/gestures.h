@@ -25,6 +25,8 @@ ChipPlace findChip(const QWidget* root, const QString& name);
 /// with commas between, such as "A: apple, avocado", or what \a describe says of them. Results of a search that found
 /// nothing have no line.
 QStringList shownChips(const QWidget* root, QString (*describe)(const TagItem&) = nullptr);
+/// Name, file count and colour.
+QString describeChip(const TagItem& tag);
 /// The same lines for tags of these names that are filed under their letters, sorted as they have to be.
 QStringList filedChips(const QStringList& names);
 

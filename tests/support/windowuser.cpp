@@ -133,10 +133,7 @@ VLTagGroupListView* WindowUser::list() const
 
 QStringList WindowUser::chips() const
 {
-    const auto describe = [](const TagItem& tag) -> QString {
-        return tag.name + QLatin1Char(' ') + QString::number(tag.fileCount) + tag.color.name();
-    };
-    return list() ? gestures::shownChips(list(), describe) : QStringList();
+    return list() ? gestures::shownChips(list(), gestures::describeChip) : QStringList();
 }
 
 QString WindowUser::counter() const

@@ -8,6 +8,7 @@
 #include <vleventtrack.h>
 
 #include <QAbstractItemModelTester>
+#include <QLabel>
 #include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QtTest>
@@ -38,6 +39,26 @@ int fittedHeight(const VLTagListView& view, int topMargin, int bottomPad)
     const QRect last = view.visualRect(view.model()->index(view.model()->rowCount() - 1, 0));
     return last.y() + last.height() + topMargin + bottomPad;
 }
+
+/// Collects what a widget is asked to paint.
+class PaintedRegion : public QObject
+{
+public:
+    PaintedRegion(QWidget* widget, QRegion* painted)
+        : m_painted(painted)
+    {
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            *m_painted += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+
+private:
+    QRegion* m_painted;
+};
 
 bool chipsOverlap(const VLTagListView& view)
 {
@@ -160,6 +181,49 @@ private slots:
             return std::make_pair(rank(left), left) < std::make_pair(rank(right), right);
         });
         QCOMPARE(names(view), tagNames);
+    }
+
+    void keysMoveTheRingAndOpenTheMenuAtTheChip()
+    {
+        const InstalledHost host({"ape", "ass"});
+        VLTagListView view(itemsOf(host, {1, 2}), nullptr);
+        view.setMenuEnabled(true);
+        view.resize(400, 100);
+        view.show();
+        view.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&view));
+        view.setCurrentIndex(view.model()->index(0, 0));
+        QRegion painted;
+        PaintedRegion follower(view.viewport(), &painted);
+        QCoreApplication::processEvents();
+        painted = {};
+        QTest::keyClick(&view, Qt::Key_Right);
+        const auto withRing = [&view](int row) {
+            return QRegion(view.visualRect(view.model()->index(row, 0)) + QMargins(0, 0, 1, 0));
+        };
+        QTRY_VERIFY((withRing(0) + withRing(1)).subtracted(painted).isEmpty());
+
+        QSignalSpy menu(&view, &VLTagListView::signPopMenuByKey);
+        QTest::keyClick(&view, Qt::Key_F10, Qt::ShiftModifier);
+        QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+        QCoreApplication::sendEvent(view.viewport(), &key);
+        QCOMPARE(menu.size(), 2);
+        const QRect chip = view.visualRect(view.model()->index(1, 0));
+        for (const QVariantList& asked : qAsConst(menu))
+            QCOMPARE(asked, (QVariantList{2LL, "ass", view.viewport()->mapToGlobal(chip.bottomLeft() + QPoint(0, 1))}));
+    }
+
+    void headingOfHalfACharacterShowsAWholeOne()
+    {
+        const InstalledHost host({QString::fromUtf8("😀 smile"), QString::fromUtf8("🌄 dawn")});
+        VLTagListView view(itemsOf(host, {1}), nullptr);
+        view.setLetter(host.tag(1)->name().left(1), 18, 0);
+        auto* heading = view.findChild<QLabel*>(QStringLiteral("tag_list_vew_char"));
+        QCOMPARE(heading->text(), QString(QChar(0xd83d)));
+        const QImage smile = heading->grab().toImage();
+        // The dawn is filed under the same half and sorts before the smile.
+        view.addTags(itemsOf(host, {2}));
+        QVERIFY(heading->grab().toImage() != smile);
     }
 
     void chipsTakeRightAndDoubleClicks()

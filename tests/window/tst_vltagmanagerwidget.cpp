@@ -1,13 +1,22 @@
 // SPDX-License-Identifier: MIT
+#include "dialogs/vlmessagebox.h"
+#include "pages/ctaggroupshowwidgt.h"
+#include "pages/vlgrouptagwidget.h"
+#include "taglist/vltaggrouplistview.h"
+#include "taglist/vltaglistview.h"
 #include "tests/support/installedhost.h"
 #include "tests/support/messagecatcher.h"
+#include "tests/support/windowuser.h"
 #include "window/page/vltagsearchlineedit.h"
 #include "window/vltagmanagerwidget.h"
 
 #include <vlskinsetting.h>
 
+#include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QStackedWidget>
 #include <QTest>
 
@@ -54,6 +63,48 @@ struct OpenWindow
     std::unique_ptr<VLTagManagerWidget> window;
     QStackedWidget* stack;
 };
+
+/// What a person sees of the widgets that the Tab key goes to, until it comes to one for the second time.
+QStringList tabStops()
+{
+    QStringList stops;
+    QSet<const QWidget*> seen;
+    for (QWidget* stop = QApplication::focusWidget(); stop && !seen.contains(stop);
+         stop = QApplication::focusWidget()) {
+        seen.insert(stop);
+        if (const auto* field = qobject_cast<QLineEdit*>(stop))
+            stops << field->placeholderText();
+        else if (const auto* button = qobject_cast<QAbstractButton*>(stop))
+            stops << button->text();
+        else if (const auto* section = qobject_cast<VLTagListView*>(stop))
+            stops << section->letter();
+        else
+            stops << stop->metaObject()->className();
+        QTest::keyClick(stop, Qt::Key_Tab);
+    }
+    return stops;
+}
+
+/// The three pages of a window inside a white one, in a process with that style sheet.
+QVector<QImage> pagesInALightHost(const QString& styleSheet)
+{
+    qApp->setStyleSheet(styleSheet);
+    QWidget light;
+    light.setPalette(QPalette(Qt::white));
+    auto* window = new VLTagManagerWidget(&light);
+    window->resize(900, 600);
+    light.resize(900, 600);
+    light.show();
+    QVector<QImage> images;
+    for (QPushButton* button : window->findChildren<QPushButton*>(QStringLiteral("tag_manager_title_btn"))) {
+        QTest::mouseClick(button, Qt::LeftButton);
+        settle();
+        window->findChild<QStackedWidget*>()->setFocus();
+        images << light.grab().toImage();
+    }
+    qApp->setStyleSheet({});
+    return images;
+}
 
 QString image(const char* name)
 {
@@ -123,6 +174,60 @@ private slots:
             QTest::mouseClick(button, Qt::LeftButton);
         QCOMPARE(reports, QStringList({QStringLiteral("min"), QStringLiteral("max"), QStringLiteral("close")}));
         QVERIFY(open.window->isVisible() && !open.window->isMaximized() && !open.window->isMinimized());
+    }
+
+    void tabGoesThroughTheWindowAsItIsRead()
+    {
+        InstalledHost host({QStringLiteral("d"), QStringLiteral("b")});
+        const qint64 group = host.addGroup(QStringLiteral("group"));
+        const OpenWindow open;
+        open.window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(open.window.get()));
+        host.addTags({QStringLiteral("a"), QStringLiteral("c")});
+        settle();
+        QCOMPARE(tabStops(), (QStringList{"Search Tags", "Create Tags", "A", "B", "C", "D"}));
+
+        QTest::mouseClick(open.pageButton(QStringLiteral("Tag Categories")), Qt::LeftButton);
+        QTest::mouseClick(open.window->findChild<CTagGroupShowWidgt*>()->itemWidget(
+                              open.window->findChild<CTagGroupShowWidgt*>()->item(0)),
+                          Qt::LeftButton);
+        host.addTagsToGroups({group}, {1, 3});
+        host.addTagsToGroups({group}, {2, 4});
+        settle();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(tabStops(), (QStringList{"A", "B", "C", "D", "Create Tags"}));
+    }
+
+    void questionsGoWithTheWindowThatAsked()
+    {
+        InstalledHost host({QStringLiteral("tag")});
+        const qint64 group = host.addGroup(QStringLiteral("group"));
+        QWidget hostWindow;
+        auto* window = new VLTagManagerWidget(&hostWindow);
+        hostWindow.show();
+        window->findChild<VLGroupTagWidget*>()->slotDelGroup(group);
+        window->findChild<VLTagGroupListView*>()->slotDelTag(1);
+        QCOMPARE(hostWindow.findChildren<VLMessageBox*>().size(), 2);
+        delete window;
+        QTRY_VERIFY(hostWindow.findChildren<VLMessageBox*>().isEmpty());
+    }
+
+    void lookIsTheSkinsInEveryHost()
+    {
+        InstalledHost host({QStringLiteral("apple"), QStringLiteral("bee")});
+        host.addGroups({QStringLiteral("Art"), QStringLiteral("Books")});
+        host.setFavorite(1, true);
+        const QVector<QImage> plain = pagesInALightHost({});
+        QVERIFY(plain.first().pixelColor(5, 5).lightness() < 80);
+        const QVector<QImage> styled = pagesInALightHost(
+            QStringLiteral("QWidget{background-color:white;color:black;font-size:17px;}"
+                           "QLabel{color:#222;padding:3px;border:1px solid red;}"
+                           "QPushButton{background-color:#eee;border:2px solid #888;border-radius:6px;padding:6px 20px;"
+                           "margin:2px;min-height:40px;min-width:140px;font-weight:bold;color:black;}"
+                           "QAbstractScrollArea{background:white;border:1px solid #ccc;padding:4px;}"
+                           "QLineEdit{background:white;padding:8px;min-height:30px;}"));
+        for (int page = 0; page < plain.size(); ++page)
+            QVERIFY2(styled.at(page) == plain.at(page), qPrintable(QString::number(page)));
     }
 
     void maximizeButtonFollowsTheHost()
