@@ -48,7 +48,7 @@ private:
 
 void printError(const QByteArray& text)
 {
-    fprintf(stderr, "vellum: %s\n", text.constData());
+    fprintf(stderr, "vellum: %s\n", escapedText(text).constData());
 }
 
 int statusOf(const ImportSummary& summary)
@@ -81,7 +81,7 @@ ImportSummary importFolder(Library& library, const CommandLine& commandLine)
     QObject::connect(&importer, &Importer::progress, &loop, [&line](int done, int found) { line.show(done, found); });
     QObject::connect(&importer, &Importer::skipped, &loop, [&line](const QByteArray& path, const QString& reason) {
         line.clear();
-        printError(escapedText(path) + ": " + escapedText(reason.toUtf8()));
+        printError(path + ": " + reason.toUtf8());
     });
     QObject::connect(&importer, &Importer::finished, &loop, [&result, &loop](const ImportSummary& summary) {
         result = summary;
@@ -102,7 +102,7 @@ int runImportCommand(const CommandLine& commandLine)
 {
     // Checked first: a wrong name must leave no library behind.
     if (!canonicalFolder(commandLine.folder)) {
-        printError("There is no folder " + escapedText(commandLine.folder));
+        printError("There is no folder " + commandLine.folder);
         return CommandLine::exitUsage;
     }
     const QByteArray path = commandLine.libraryPath();

@@ -44,7 +44,7 @@ void RecordPrinter::print(const QJsonObject& object, const QVector<QByteArray>& 
 {
     if (m_json) {
         write(m_first ? "\n" : ",\n");
-        write(QJsonDocument(object).toJson(QJsonDocument::Compact));
+        write(escapedJson(QJsonDocument(object).toJson(QJsonDocument::Compact)));
     } else {
         for (int i = 0; i < fields.size(); ++i) {
             write(i > 0 ? "\t" : "");
@@ -130,7 +130,7 @@ void printList(CommandLine::List list, LibraryReader& reader, RecordPrinter& pri
 
 int fail(int status, const QByteArray& reason)
 {
-    fprintf(stderr, "vellum: %s\n", reason.constData());
+    fprintf(stderr, "vellum: %s\n", escapedText(reason).constData());
     return status;
 }
 
@@ -140,11 +140,11 @@ int runListCommand(const CommandLine& commandLine)
 {
     const QByteArray path = commandLine.libraryPath();
     if (path.isEmpty() && !canonicalFolder(commandLine.folder))
-        return fail(CommandLine::exitUsage, "There is no folder " + escapedText(commandLine.folder));
+        return fail(CommandLine::exitUsage, "There is no folder " + commandLine.folder);
     if (path.isEmpty())
         return fail(1, "There is no home folder that holds libraries; name the library with --library FILE");
     if (access(path.constData(), F_OK) != 0)
-        return fail(CommandLine::exitUsage, "There is no library " + escapedText(path));
+        return fail(CommandLine::exitUsage, "There is no library " + path);
     QString error;
     const std::unique_ptr<LibraryReader> reader = LibraryReader::open(QString::fromUtf8(path), &error);
     if (!reader)

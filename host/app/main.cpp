@@ -4,6 +4,7 @@
 #include "host/app/hostapplication.h"
 #include "host/app/importcommand.h"
 #include "host/app/listcommand.h"
+#include "host/app/messagehandler.h"
 #include "host/importer/escapedtext.h"
 #include "host/importer/metadata/metadatareader.h"
 #include "host/importer/metadata/thumbnailreader.h"
@@ -73,6 +74,7 @@ int runWithoutDisplay(const CommandLine& commandLine, int argc, char** argv)
 int main(int argc, char** argv)
 {
     nameApplication();
+    installMessageHandler();
     const CommandLine commandLine = CommandLine::parse(argc, argv);
     if (!commandLine.error.isEmpty()) {
         std::fprintf(stderr, "vellum: %s\n", escapedText(commandLine.error.toUtf8()).constData());
