@@ -7,17 +7,44 @@
 #include "taglist/vltaglistview.h"
 #include "tests/support/chipdrag.h"
 #include "tests/support/gestures.h"
+#include "tests/support/screenfault.h"
 
 #include <ivltagmanagerwidget.h>
 
+#include <QApplication>
+#include <QHBoxLayout>
 #include <QMenu>
+#include <QScreen>
+#include <QScrollBar>
+#include <QWindow>
 
 #include <iterator>
+
+/// Of the toolkit, which declares it in a private header.
+class Q_DECL_IMPORT QHighDpiScaling
+{
+public:
+    static void setScreenFactor(QScreen* screen, qreal factor);
+};
 
 namespace {
 
 constexpr int groupLimit = 8;
 constexpr int tagLimit = 60;
+constexpr int panelWidth = 300;
+constexpr quint32 stepsPerLook = 60;
+
+/// As moving the window to another screen does.
+void setScale(QWidget* window, qreal scale)
+{
+    QHighDpiScaling::setScreenFactor(window->screen(), scale);
+    if (!window->windowHandle())
+        return;
+    // What is painted into gets its new size with the window's.
+    window->resize(window->width(), window->height() - 1);
+    QEvent change(QEvent::ScreenChangeInternal);
+    QCoreApplication::sendEvent(window->windowHandle(), &change);
+}
 
 const QVector<void (*)(RandomWalk&)> steps{
     [](RandomWalk& w) { w.addTags(); },
@@ -192,12 +219,38 @@ const QVector<void (*)(RandomWalk&)> steps{
         });
     },
     [](RandomWalk& w) { w.dropChip(); },
+    [](RandomWalk& w) { w.frame.resize(900 + w.number(500), 300 + w.number(300)); },
+    [](RandomWalk& w) { w.panel->setVisible(!w.panel->isVisible()); },
+    [](RandomWalk& w) {
+        QFont font = w.applicationFont;
+        font.setWeight(w.number(2) == 0 ? QFont::Normal : QFont::Bold);
+        font.setStretch(w.number(2) == 0 ? QFont::Unstretched : QFont::Expanded);
+        QApplication::setFont(font);
+    },
+    [](RandomWalk& w) {
+        setScale(&w.frame, QVector<qreal>{1, 1, 1, 1.5, 2}.at(w.number(5)));
+    },
+    [](RandomWalk& w) {
+        if (QScrollBar* bar = w.user.scrollBar())
+            bar->setValue(w.number(bar->maximum() + 1));
+    },
 };
 
 }  // namespace
 
 RandomWalk::RandomWalk()
+    : panel(new QWidget(&frame))
+    , applicationFont(QApplication::font())
 {
+    // From the start: texts are laid out without hinting where there are scales.
+    setScale(&frame, 1);
+    panel->setFixedWidth(panelWidth);
+    panel->hide();
+    auto* row = new QHBoxLayout(&frame);
+    row->addWidget(panel);
+    row->addWidget(user.window());
+    frame.resize(1000, 500);
+    frame.show();
     // Tiles show all of a name this short with any font.
     host.renameGroup(MemoryHost::Uncategorized, WalkModel::rootName());
     user.selectPage(WindowUser::AllTags);
@@ -205,6 +258,12 @@ RandomWalk::RandomWalk()
                      [this](const QVector<qint64>& ids) { filesOfTags = ids; });
     QObject::connect(user.window(), &IVLTagManagerWidget::signalCheckoutGroupFile, user.window(),
                      [this](const QVector<qint64>& ids) { filesOfGroups = ids; });
+}
+
+RandomWalk::~RandomWalk()
+{
+    QApplication::setFont(applicationFont);
+    setScale(&frame, 1);
 }
 
 int RandomWalk::kindsOfSteps()
@@ -227,6 +286,8 @@ QString RandomWalk::walk(const WalkStep& step)
     for (const TagColorEntry& entry : qAsConst(host.palette()->entries))
         colors << entry.color;
     check("window", shown.join('\n'), model.expected(colors).join('\n'));
+    if (step.seed % stepsPerLook == 0)
+        checkScreen();
     return problem;
 }
 
@@ -234,6 +295,17 @@ void RandomWalk::check(const QString& what, const QString& shown, const QString&
 {
     if (shown != expected && problem.isEmpty())
         problem = what + QStringLiteral(" shows\n") + shown + QStringLiteral("\ninstead of\n") + expected;
+}
+
+void RandomWalk::checkScreen()
+{
+    // A layout may take some turns of the event loop.
+    QString fault = screenFault(&frame);
+    for (int turn = 0; turn < 3 && !fault.isEmpty(); ++turn) {
+        settle();
+        fault = screenFault(&frame);
+    }
+    check("screen", fault, {});
 }
 
 /// Names that share beginnings, sections and letters; none is longer than a dialog takes.

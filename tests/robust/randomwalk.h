@@ -5,7 +5,9 @@
 #include "tests/support/installedhost.h"
 #include "tests/support/windowuser.h"
 
+#include <QFont>
 #include <QRandomGenerator>
+#include <QWidget>
 
 #include <functional>
 
@@ -22,6 +24,8 @@ struct WalkStep
 struct RandomWalk
 {
     RandomWalk();
+    ~RandomWalk();
+    Q_DISABLE_COPY(RandomWalk)
 
     static int kindsOfSteps();
     /// Does the step in the library or the window and in the account. Answers what is on the screen and should not be,
@@ -46,13 +50,18 @@ struct RandomWalk
     void withTagMenu(const std::function<void(QMenu*, qint64 id)>& choose);
     void withGroupMenu(const std::function<void(QMenu*, qint64 group)>& choose);
     void check(const QString& what, const QString& shown, const QString& expected);
+    /// Compares the pixels with the widgets, which takes as long as some ten steps.
+    void checkScreen();
 
     QRandomGenerator random;
     InstalledHost host;
+    QWidget frame;   ///< The host's window, in which the tag manager stands beside a panel.
+    QWidget* panel;  ///< Takes width from the tag manager while it is shown.
     WindowUser user;
     WalkModel model;
     QString problem;
     bool answersAtOnce = false;
+    QFont applicationFont;
     QVector<qint64> filesOfTags;
     QVector<qint64> filesOfGroups;
 };

@@ -120,9 +120,9 @@ private:
     void draw(QPainter* painter, const VLTagListView* list, const QModelIndex& index)
     {
         QStyleOptionViewItem option;
-        option.initFrom(list->viewport());
+        option.initFrom(list);
         option.rect = list->visualRect(index);
-        option.state = QStyle::State_Enabled;
+        option.state.setFlag(QStyle::State_HasFocus, list->hasFocus() && list->currentIndex() == index);
         option.state.setFlag(QStyle::State_MouseOver, hovered(list) == index);
         const QString name = list->tagAt(index).name;
         if (list->itemDelegate()->sizeHint(option, index) != option.rect.size() && m_fault.isEmpty())

@@ -19,6 +19,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QTest>
 #include <QWidgetAction>
@@ -127,6 +129,16 @@ VLTagGroupListView* WindowUser::list() const
     for (auto* list : shown->findChildren<VLTagGroupListView*>()) {
         if (!list->isHidden())
             return list;
+    }
+    return nullptr;
+}
+
+QScrollBar* WindowUser::scrollBar() const
+{
+    for (QWidget* around = list(); around; around = around->parentWidget()) {
+        auto* area = qobject_cast<QScrollArea*>(around);
+        if (area && area != list())
+            return area->verticalScrollBar();
     }
     return nullptr;
 }
@@ -246,7 +258,8 @@ void WindowUser::closeDialog()
 
 VLMessageBox* WindowUser::box() const
 {
-    return m_window ? m_window->findChild<VLMessageBox*>() : nullptr;
+    // It belongs to the window that the tag manager is part of.
+    return m_window ? m_window->window()->findChild<VLMessageBox*>() : nullptr;
 }
 
 void WindowUser::answerBox(bool yes)

@@ -12,6 +12,7 @@ class CTagGroupItemWidget;
 class MemoryHost;
 class QLineEdit;
 class QMenu;
+class QScrollBar;
 class VLMessageBox;
 class VLTagGroupListView;
 class VLTagModifyWidget;
@@ -52,6 +53,8 @@ public:
 
     /// The list of letters or of results that the current page shows.
     [[nodiscard]] VLTagGroupListView* list() const;
+    /// What that list is scrolled by.
+    [[nodiscard]] QScrollBar* scrollBar() const;
     /// One line for each section of the current page, such as "A: ant 3, apple 0": names with file counts.
     [[nodiscard]] QStringList chips() const;
     [[nodiscard]] QString counter() const;
