@@ -2,11 +2,9 @@
 #include "host/app/filepanel.h"
 #include "host/app/fileview.h"
 #include "host/app/hostwindow.h"
-#include "host/app/importbar.h"
 #include "host/app/librarysession.h"
-#include "host/app/missingpicturesquestion.h"
-#include "host/app/wrappedlabel.h"
 #include "host/library/library.h"
+#include "tests/app/faketagmanager.h"
 #include "tests/app/picturefolder.h"
 #include "tests/importer/readermain.h"
 
@@ -14,95 +12,16 @@
 #include <itagaction.h>
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>
-#include <ivltagmanagerplugin.h>
-#include <ivltagmanagerwidget.h>
 
-#include <QDialog>
 #include <QFile>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QSettings>
 #include <QSignalSpy>
-#include <QStackedWidget>
 #include <QTest>
 
 namespace {
-
-/// A tag manager window as bare as the interface allows: three page buttons, pages below a strip, a record of what it
-/// is told.
-class FakeTagWindow : public IVLTagManagerWidget
-{
-    Q_OBJECT
-
-public:
-    static constexpr int stripHeight = 83;  // logical pixels
-
-    explicit FakeTagWindow(QWidget* parent)
-        : IVLTagManagerWidget(parent)
-        , m_pages(new QStackedWidget(this))
-    {
-        for (const int x : {20, 136, 252}) {
-            auto* button = new QPushButton(this);
-            button->setObjectName(QStringLiteral("tag_manager_title_btn"));
-            button->setGeometry(x, 30, 96, 28);
-        }
-    }
-
-    void updateMaximizeButton(bool maximized) override { told.append(maximized); }
-
-    QVector<bool> told;
-
-protected:
-    void resizeEvent(QResizeEvent* /*event*/) override
-    {
-        m_pages->setGeometry(0, stripHeight, width(), height() - stripHeight);
-    }
-
-private:
-    QWidget* m_pages;
-};
-
-/// The dialog for a name, known to the host by its class: its button is disabled once it has sent the name.
-class VLTagModifyWidget : public QDialog
-{
-    Q_OBJECT
-
-public:
-    explicit VLTagModifyWidget(QWidget* parent)
-        : QDialog(parent)
-        , button(new QPushButton(this))
-    {
-        button->setObjectName(QStringLiteral("tag_popup_btn"));
-        button->setEnabled(false);
-    }
-
-    QPushButton* button;
-};
-
-/// A plug-in that makes such windows.
-class FakePlugin : public QObject, public IVLTagManagerPlugin
-{
-    Q_OBJECT
-    Q_INTERFACES(IVLTagManagerPlugin)
-
-public:
-    QObject* pluginObject() override { return this; }
-    IVLTagManagerWidget* createTagManagerWidget(QWidget* parent) override
-    {
-        m_window = new FakeTagWindow(parent);
-        return m_window;
-    }
-    void setDataProvider(const QSharedPointer<ILibraryDataProvider>& /*provider*/) override {}
-    void clearDataProvider() override {}
-    void setTagColorProvider(ITagColorProvider* /*provider*/) override {}
-
-    [[nodiscard]] FakeTagWindow* window() const { return m_window; }
-
-private:
-    QPointer<FakeTagWindow> m_window;
-};
 
 ImportedFile taggedFile(const QByteArray& path, const QVector<QString>& keywords)
 {
@@ -299,48 +218,6 @@ private slots:
     {
         m_window->startImport();
         QTRY_COMPARE(m_window->filePanel()->title(), QStringLiteral("No pictures yet"));
-    }
-
-    void importBarShowsWhatIsNew()
-    {
-        ImportBar bar;
-        const auto outcome = [&bar](const ImportSummary& summary) -> QString {
-            bar.showOutcome(summary);
-            return bar.isHidden() ? QString() : bar.findChild<WrappedLabel*>()->text();
-        };
-        const auto shows = [&bar](const char* button) {
-            return !bar.findChild<QPushButton*>(QLatin1String(button))->isHidden();
-        };
-        ImportSummary summary;
-        summary.unreadable = 7;
-        QCOMPARE(outcome(summary), QString());
-        summary.skipped = 1;
-        QCOMPARE(outcome(summary), QStringLiteral("1 file could not be read and was left out."));
-        QVERIFY(shows("import_bar_skipped") && !shows("import_bar_remove") && shows("import_bar_dismiss"));
-        summary.skipped = 0;
-        summary.missing = 1200;
-        summary.away = 1;
-        QCOMPARE(outcome(summary), QStringLiteral("1,200 pictures are missing from the folder. 1 picture is away: its "
-                                                  "disk may not be connected."));
-        QVERIFY(!shows("import_bar_skipped") && shows("import_bar_remove") && !shows("import_bar_cancel"));
-        bar.showProgress(3, 10);
-        QVERIFY(!shows("import_bar_remove") && shows("import_bar_cancel"));
-        summary.error = QStringLiteral("<b>%1</b>");
-        QVERIFY(outcome(summary).endsWith(QLatin1String("<b>%1</b>")));
-    }
-
-    void missingPicturesAreKeptUnlessRemoved()
-    {
-        for (const auto& [key, removed] : {std::pair{Qt::Key_Escape, 0}, {Qt::Key_Return, 0}, {Qt::Key_Tab, 1}}) {
-            MissingPicturesQuestion question(2);
-            QSignalSpy confirmed(&question, &MissingPicturesQuestion::removalConfirmed);
-            question.open();
-            QTest::keyClick(&question, key);
-            if (removed > 0)  // The other button has the focus.
-                QTest::keyClick(question.focusWidget(), Qt::Key_Space);
-            QVERIFY(question.isHidden());
-            QCOMPARE(confirmed.size(), removed);
-        }
     }
 
     void tagWindowMayGo()

@@ -55,13 +55,13 @@ class Picture:
             length += 1
         return length
 
-    def find_block(self, area, width=8, height=8, saturated=True):
-        """The top left pixel of the first even block of a colour in the area; a saturated colour unless told not to."""
+    def find_block(self, area, width=8, height=8):
+        """The top left pixel of the first even block of a saturated colour in the area."""
         left, top, w, h = area
         for y in range(top, top + h - height):
             for x in range(left, left + w - width):
                 color = self.pixel(x, y)
-                if saturated and max(color) - min(color) < 40:
+                if max(color) - min(color) < 40:
                     continue
                 if self.run(x, y, width) == width and all(self.pixel(x, y + row) == color for row in range(height)):
                     return x, y
