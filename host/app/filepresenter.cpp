@@ -4,6 +4,7 @@
 #include "host/app/filepanel.h"
 #include "host/app/fileview.h"
 #include "host/app/picturefile.h"
+#include "host/app/pictureopener.h"
 #include "host/library/library.h"
 
 #include <ilibrarydataprovider.h>
@@ -11,7 +12,6 @@
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>
 
-#include <QDesktopServices>
 #include <QHash>
 #include <QLocale>
 
@@ -130,12 +130,13 @@ void FilePresenter::fillPaths(const QVector<qint64>& ids)
 
 void FilePresenter::openFile(const QByteArray& path)
 {
+    const QString type = PictureFile::pictureType(path);
     // Only what is a picture by its content goes to the desktop, whatever the file's name says.
     if (::access(path.constData(), F_OK) != 0)
         m_panel.setNotice(tr("%1 is not there, or its disk is not connected.").arg(PictureFile::displayName(path)));
-    else if (!PictureFile::isPicture(path))
+    else if (type.isEmpty())
         m_panel.setNotice(tr("%1 is not a picture file that can be opened.").arg(PictureFile::displayName(path)));
-    else if (!QDesktopServices::openUrl(PictureFile::url(path)))
+    else if (!PictureOpener::open(path, type))
         m_panel.setNotice(tr("No program was found that opens %1.").arg(PictureFile::displayName(path)));
     else
         m_panel.setNotice({});

@@ -10,27 +10,22 @@
 
 namespace PictureFile {
 
-bool isPicture(const QByteArray& path)
+QString pictureType(const QByteArray& path)
 {
     const RegularFile regular = RegularFile::open(path);
     QFile file;
+    if (!regular.descriptor.isValid() || !file.open(regular.descriptor.number(), QIODevice::ReadOnly))
+        return {};
+    const auto isPicture = [](const QMimeType& type) { return type.name().startsWith(QLatin1String("image/")); };
     const QMimeDatabase types;
-    if (!regular.descriptor.isValid() || !file.open(regular.descriptor.number(), QIODevice::ReadOnly) ||
-        !types.mimeTypeForData(&file).name().startsWith(QLatin1String("image/")))
-        return false;
+    const QMimeType type = types.mimeTypeForData(&file);
     const QList<QMimeType> byName = types.mimeTypesForFileName(displayName(path));
-    return std::all_of(byName.begin(), byName.end(),
-                       [](const QMimeType& type) { return type.name().startsWith(QLatin1String("image/")); });
+    return isPicture(type) && std::all_of(byName.begin(), byName.end(), isPicture) ? type.name() : QString();
 }
 
 QString displayName(const QByteArray& path)
 {
     return QString::fromUtf8(path.mid(path.lastIndexOf('/') + 1));
-}
-
-QUrl url(const QByteArray& path)
-{
-    return QUrl::fromEncoded("file://" + path.toPercentEncoding("/"), QUrl::StrictMode);
 }
 
 }  // namespace PictureFile

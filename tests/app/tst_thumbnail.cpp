@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/picturefile.h"
+#include "host/app/pictureopener.h"
 #include "host/app/thumbnail.h"
 #include "host/app/thumbnailloader.h"
 #include "host/importer/metadata/imagecontent.h"
 #include "tests/app/picturefolder.h"
 #include "tests/importer/readermain.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -17,6 +20,12 @@ class TestThumbnail : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase()
+    {
+        qputenv("XDG_DATA_HOME", m_folder.path());
+        qputenv("XDG_CONFIG_HOME", m_folder.path());
+    }
+
     void picturesAreTurnedUpright()
     {
         struct Case
@@ -60,10 +69,8 @@ private slots:
     {
         const QByteArray path = m_folder.writePng("caf\xe9 \xff%41#?\n.png");
         QCOMPARE(load(path, 64).state, Thumbnail::Loaded);
-        QVERIFY(PictureFile::isPicture(path));
+        QCOMPARE(PictureFile::pictureType(path), QStringLiteral("image/png"));
         QCOMPARE(PictureFile::displayName(path), QStringLiteral("caf\ufffd \ufffd%41#?\n.png"));
-        QVERIFY(PictureFile::url(path).isValid());
-        QVERIFY(PictureFile::url(path).toEncoded().endsWith("/caf%E9%20%FF%2541%23%3F%0A.png"));
     }
 
     void onlyListedFormatsAreDecoded()
@@ -157,12 +164,37 @@ private slots:
 
     void onlyPicturesAreOpenedByOtherPrograms()
     {
-        QVERIFY(PictureFile::isPicture(m_folder.writePng("plain.png")));
-        QVERIFY(PictureFile::isPicture(m_folder.write("photo.jpeg", PictureFolder::jpeg(QSize(8, 8), 1))));
-        QVERIFY(!PictureFile::isPicture(m_folder.write("script.png", "#!/bin/sh\necho\n")));
-        QVERIFY(!PictureFile::isPicture(m_folder.writePng("starter.desktop")));
-        QVERIFY(!PictureFile::isPicture(m_folder.writePng("script.sh")));
-        QVERIFY(!PictureFile::isPicture(m_folder.path("none.png")));
+        QVERIFY(!PictureFile::pictureType(m_folder.writePng("plain.png")).isEmpty());
+        QVERIFY(!PictureFile::pictureType(m_folder.write("photo.jpeg", PictureFolder::jpeg(QSize(8, 8), 1))).isEmpty());
+        QVERIFY(PictureFile::pictureType(m_folder.write("script.png", "#!/bin/sh\necho\n")).isEmpty());
+        QVERIFY(PictureFile::pictureType(m_folder.writePng("starter.desktop")).isEmpty());
+        QVERIFY(PictureFile::pictureType(m_folder.writePng("script.sh")).isEmpty());
+        QVERIFY(PictureFile::pictureType(m_folder.path("none.png")).isEmpty());
+    }
+
+    void noBrowserOpensDrawings()
+    {
+        // Types that no program of this system has a say in.
+        const auto program = [this](const QByteArray& name, const QByteArray& lines) {
+            m_folder.write("applications/" + name + ".desktop",
+                           "[Desktop Entry]\nType=Application\nName=Some\nExec=/bin/cp %f " + m_folder.path() + '/' +
+                               name + '\n' + lines);
+        };
+        QVERIFY(QDir().mkpath(QFile::decodeName(m_folder.path("applications"))));
+        program("browser", "Categories=Network;WebBrowser;\n");
+        program("viewer", "Categories=Graphics;Viewer;\n");
+        m_folder.write("applications/mimeinfo.cache",
+                       "[MIME Cache]\nimage/made=browser.desktop;\nimage/svg-one=browser.desktop;\n"
+                       "image/svg-two=browser.desktop;viewer.desktop;\n");
+        m_folder.write("mimeapps.list", "[Default Applications]\nimage/svg-two=browser.desktop\n");
+
+        QCOMPARE(PictureOpener::programFor("image/made"), QByteArray("browser.desktop"));
+        QCOMPARE(PictureOpener::programFor("image/svg-one"), QByteArray());
+        QCOMPARE(PictureOpener::programFor("image/svg-two"), QByteArray("viewer.desktop"));
+        const QByteArray drawing = m_folder.write("caf\xe9 %41.svg", "<svg/>");
+        QVERIFY(!PictureOpener::open(drawing, "image/svg-one"));
+        QVERIFY(PictureOpener::open(drawing, "image/svg-two"));
+        QTRY_COMPARE_WITH_TIMEOUT(QFileInfo(QFile::decodeName(m_folder.path("viewer"))).size(), qint64(6), 60000);
     }
 
 private:
