@@ -203,9 +203,9 @@ void CTagGroupShowWidgt::selectOnly(CTagGroupItemWidget* tile)
 void CTagGroupShowWidgt::placeByName(GroupPointer provider)  // NOLINT(performance-unnecessary-value-param): kept alive
 {
     const QPointer<CTagGroupShowWidgt> self(this);
-    const int reading = m_nameReadings.begin(provider.data());
+    m_nameReadings.begin(provider.data());
     const QString name = provider->groupName();
-    if (!self || !m_nameReadings.end(provider.data(), reading))
+    if (!self || !m_nameReadings.end())
         return;
     const int row = m_providers.indexOf(provider);
     if (row < 0 || m_sortNames.at(row) == name)

@@ -16,7 +16,8 @@ TagReader::~TagReader() = default;
 
 void TagReader::begin()
 {
-    ++m_depth;
+    if (m_depth++ == 0)
+        m_connections = std::make_unique<Connections>();
 }
 
 QVector<TagItem> TagReader::read(const Providers& providers, const QString& filter)
@@ -25,7 +26,7 @@ QVector<TagItem> TagReader::read(const Providers& providers, const QString& filt
     QVector<TagItem> items;
     items.reserve(providers.size());
     if (m_follow)
-        m_connections.reserve(m_connections.size() + providers.size());
+        m_connections->ofTag.reserve(m_connections->ofTag.size() + providers.size());
     for (auto it = providers.cbegin(); it != providers.cend(); ++it) {
         if (!it.value())
             continue;
@@ -50,21 +51,26 @@ QVector<TagItem> TagReader::read(const Providers& providers, const QString& filt
 
 QMetaObject::Connection TagReader::takeConnection(const TagItem& item)
 {
-    const auto found = m_connections.find(item.id);
-    if (found == m_connections.end())
-        return m_follow ? m_follow(*item.provider, item.id) : QMetaObject::Connection();
-    const QMetaObject::Connection connection = found.value();
-    m_connections.erase(found);
-    return connection;
+    if (!m_follow)
+        return {};
+    if (m_connections) {
+        const auto found = m_connections->ofTag.find(item.id);
+        if (found != m_connections->ofTag.end()) {
+            QMetaObject::Connection connection = std::move(found->second);
+            m_connections->ofTag.erase(found);
+            return connection;
+        }
+    }
+    return m_follow(*item.provider, item.id);
 }
 
 QSet<qint64> TagReader::end()
 {
     if (--m_depth > 0)
         return {};
-    const auto unused = std::exchange(m_connections, {});
-    for (const QMetaObject::Connection& connection : unused)
-        QObject::disconnect(connection);
+    const auto connections = std::exchange(m_connections, nullptr);
+    for (const auto& [tag_id, unused] : connections->ofTag)
+        QObject::disconnect(unused);
     m_gone.clear();
     return std::exchange(m_changed, {});
 }
@@ -85,7 +91,7 @@ void TagReader::follow(const ITagDataProvider& provider, qint64 tag_id)
 {
     if (!m_follow)
         return;
-    QMetaObject::Connection& connection = m_connections[tag_id];
+    QMetaObject::Connection& connection = m_connections->ofTag[tag_id];
     // A reading around this one may follow the tag already.
     if (connection)
         QObject::disconnect(connection);
@@ -94,5 +100,9 @@ void TagReader::follow(const ITagDataProvider& provider, qint64 tag_id)
 
 void TagReader::drop(qint64 tag_id)
 {
-    QObject::disconnect(m_connections.take(tag_id));
+    const auto found = m_connections->ofTag.find(tag_id);
+    if (found == m_connections->ofTag.end())
+        return;
+    QObject::disconnect(found->second);
+    m_connections->ofTag.erase(found);
 }

@@ -11,6 +11,9 @@
 #include <QVector>
 
 #include <functional>
+#include <memory>
+#include <memory_resource>
+#include <unordered_map>
 
 class ITagDataProvider;
 
@@ -52,7 +55,14 @@ private:
     QPointer<QObject> m_owner;
     Follow m_follow;
     int m_depth = 0;
-    QHash<qint64, QMetaObject::Connection> m_connections;  ///< Of tags that no row shows yet.
+    /// Of tags that no row shows yet. They come and go by the hundred thousand: taking memory for each one would leave
+    /// it in pieces.
+    struct Connections
+    {
+        std::pmr::monotonic_buffer_resource memory;
+        std::pmr::unordered_map<qint64, QMetaObject::Connection> ofTag{&memory};
+    };
+    std::unique_ptr<Connections> m_connections;  ///< Exists while there is a reading.
     QSet<qint64> m_changed;
     QSet<qint64> m_gone;
 };

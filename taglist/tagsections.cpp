@@ -22,11 +22,16 @@ bool TagSections::holds(const VLTagListView* section) const
     return section && m_sections.value(section->letter()) == section;
 }
 
-/// The rows of a section can go by its own slots, too.
-VLTagListView* TagSections::filedSectionOf(qint64 tag_id) const
+VLTagListView* TagSections::lastSectionOf(qint64 tag_id) const
 {
     const auto letter = m_letterOfTag.constFind(tag_id);
-    VLTagListView* section = letter == m_letterOfTag.cend() ? nullptr : m_sections.value(*letter);
+    return letter == m_letterOfTag.cend() ? nullptr : m_sections.value(*letter);
+}
+
+/// The section that a tag was filed in, as long as the section still holds it: its rows can go by its own slots, too.
+VLTagListView* TagSections::filedSectionOf(qint64 tag_id) const
+{
+    VLTagListView* section = lastSectionOf(tag_id);
     return section && section->holdsTag(tag_id) ? section : nullptr;
 }
 

@@ -40,10 +40,11 @@ public:
     void removeSection(VLTagListView* section);
     void clear();
 
-    /// The section that a tag was filed in, as long as the section holds it; null for any other tag. Constant time.
-    [[nodiscard]] VLTagListView* filedSectionOf(qint64 tag_id) const;
+    /// The section that a tag was filed in, which may not hold it any more; null for any other tag. Constant time.
+    [[nodiscard]] VLTagListView* lastSectionOf(qint64 tag_id) const;
 
 private:
+    [[nodiscard]] VLTagListView* filedSectionOf(qint64 tag_id) const;
     [[nodiscard]] VLTagListView* sectionOf(qint64 tag_id) const;
     void createSections(QMap<QString, QVector<TagItem>> itemsOfLetters);
     void removeSections(const QVector<VLTagListView*>& sections);

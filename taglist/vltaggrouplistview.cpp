@@ -137,12 +137,10 @@ void VLTagGroupListView::refreshResult(qint64 tag_id)
 
 void VLTagGroupListView::refresh(qint64 tag_id)
 {
-    VLTagListView* shownBy = m_sections.filedSectionOf(tag_id);
-    if (!shownBy && m_results && m_results->holdsTag(tag_id))
-        shownBy = m_results;
-    if (shownBy)
-        shownBy->refreshTag(tag_id);
-    else if (m_reader.isReading())
+    VLTagListView* section = m_sections.lastSectionOf(tag_id);
+    if ((section && section->refreshTag(tag_id)) || (m_results && m_results->refreshTag(tag_id)))
+        return;
+    if (m_reader.isReading())
         m_reader.noteChanged(tag_id);
 }
 

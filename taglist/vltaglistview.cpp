@@ -145,20 +145,20 @@ void VLTagListView::removeAllRows()
     fitNowOrWhenShown();
 }
 
-void VLTagListView::refreshTag(qint64 tag_id)
+bool VLTagListView::refreshTag(qint64 tag_id)
 {
     const BusyScope busy(this);
     const TagListRow* shown = rows().rowOfTag(tag_id);
     if (!shown)
-        return;
-    const int reading = m_refreshes.begin(tag_id);
+        return false;
+    m_refreshes.begin(tag_id);
     const std::optional<TagItem> item = readTagItem(shown->tag().provider);
-    if (busy.viewIsGone() || !m_refreshes.end(tag_id, reading) || !item)
-        return;
+    if (busy.viewIsGone() || !m_refreshes.end() || !item)
+        return true;
     // The host may have taken the tag away from inside the reading.
     TagListRow* row = rows().rowOfTag(tag_id);
     if (!row)
-        return;
+        return true;
     if (!rows().proxy()->isSortedBySearch() && initialLetter(item->name) != letter()) {
         emit signalCharNoMatch({tag_id});
         if (!busy.viewIsGone())
@@ -172,6 +172,7 @@ void VLTagListView::refreshTag(qint64 tag_id)
         fitSoon();
         emit signTagUpdated(tag_id);
     }
+    return true;
 }
 
 void VLTagListView::slotDelItem(qint64 tag_id)

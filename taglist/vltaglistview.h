@@ -54,8 +54,9 @@ public:
     /// Unknown ids are ignored. Emits signalEmpty() when the last row went.
     void removeTags(const QVector<qint64>& tag_ids);
     void removeAllRows();
-    /// Reads the tag again from its provider; a tag that belongs to another letter now leaves.
-    void refreshTag(qint64 tag_id);
+    /// Reads the tag again from its provider; a tag that belongs to another letter now leaves. False, and nothing, for
+    /// a tag that the view does not hold.
+    bool refreshTag(qint64 tag_id);
     [[nodiscard]] bool holdsTag(qint64 tag_id) const { return rows().contains(tag_id); }
 
 signals:
