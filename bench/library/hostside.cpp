@@ -32,8 +32,8 @@ QVector<QVector<ImportedFile>> importBatches(const bench::LibraryContent& conten
     for (int file = 0; file < content.importedFiles(); ++file) {
         if (file % bench::filesOfBatch == 0)
             batches.append(QVector<ImportedFile>());
-        const FileState state{1000, 1600000000000000000, {}, QByteArray(32, '0')};
-        batches.last().append({bench::importedPath(file), state, content.keywords(file)});
+        const FileState state{1000, 1600000000000000000, {}};
+        batches.last().append({bench::importedPath(file), state, 1, {}, content.keywords(file)});
     }
     return batches;
 }
@@ -118,12 +118,13 @@ double bench::HostSide::carryOut(const LibraryCommand& command)
 double bench::HostSide::import(const LibraryContent& content)
 {
     const QVector<QVector<ImportedFile>> batches = importBatches(content);
+    const qint64 root = m_session->library().addRootAndWait(bench::importedFolder()).rootId;
     return elapsed([&] {
         QEventLoop loop;
         bool succeeded = true;
         std::thread importer([&] {
             for (const QVector<ImportedFile>& batch : batches)
-                succeeded = m_session->library().importAndWait(batch).succeeded && succeeded;
+                succeeded = m_session->library().importAndWait(root, batch).succeeded() && succeeded;
             QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
         });
         loop.exec();
@@ -165,8 +166,8 @@ int bench::HostSide::tagCount() const
 void bench::HostSide::waitUntilTold()
 {
     QEventLoop loop;
-    m_session->library().requestImport({}, &loop, [&loop](const ImportOutcome&) { loop.quit(); });
-    loop.exec();
+    const auto provider = m_session->library().dataProvider();
+    waitForAnswer(&loop, *provider, [&] { return provider->tagAction()->deleteTags({}); });
 }
 
 double bench::HostSide::elapsed(const std::function<void()>& action) const

@@ -2,11 +2,15 @@
 #include "bench/library/librarybuilder.h"
 
 #include "bench/library/librarycontent.h"
+#include "bench/library/libraryside.h"
+#include "host/library/computer/computerstate.h"
+#include "host/library/database/categorytable.h"
 #include "host/library/database/librarydatabase.h"
-#include "host/library/database/libraryfile.h"
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/librarytransaction.h"
+#include "host/library/database/roottable.h"
 #include "host/library/database/tagtable.h"
+#include "host/library/libraryopening.h"
 #include "host/library/records/reservedcategory.h"
 #include "host/library/records/tagpalette.h"
 
@@ -26,20 +30,33 @@ void insertTags(LibraryDatabase& database, const bench::LibraryContent& content)
 void insertCategories(LibraryDatabase& database, const bench::LibraryContent& content)
 {
     for (int i = 0; i < content.categories(); ++i)
-        tagtable::insertCategory(database, bench::LibraryContent::categoryName(i));
+        categorytable::insertCategory(database, bench::LibraryContent::categoryName(i));
     const int cycle = content.categories() * 5 / 4;
     LibraryStatement(database, "INSERT INTO tag_categories SELECT ? + id % ?, id FROM tags WHERE id % ? < ?")
         .run(reservedcategory::FirstUserId, cycle, cycle, content.categories());
     LibraryStatement(database, "INSERT INTO tag_categories SELECT ?, id FROM tags WHERE id % ? = 0")
         .run(reservedcategory::Favorites, favoriteEvery);
+    LibraryStatement(database, "UPDATE categories SET tag_count ="
+                               " (SELECT count(*) FROM tag_categories WHERE category_id = id)")
+        .run();
+}
+
+/// The root of the built files, and that of those that are imported later.
+void insertRoots(LibraryDatabase& database, const QString& libraryId, int files)
+{
+    ComputerState computer(libraryId);
+    const qint64 root = roottable::insert(database, QStringLiteral("pictures"));
+    roottable::addToFileCount(database, root, files);
+    computer.setMount(root, "/pictures");
+    computer.setMount(roottable::insert(database, QStringLiteral("imported")), bench::importedFolder());
 }
 
 void insertFiles(LibraryDatabase& database, int count)
 {
-    LibraryStatement(database, "INSERT INTO files (path, size, modified, content)"
+    LibraryStatement(database, "INSERT INTO files (root_id, path, size, modified, reader)"
                                " WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < ?)"
-                               " SELECT CAST(printf('/pictures/%04d/%07d.jpg', i / 1000, i) AS BLOB), 1000 + i % 9000,"
-                               " 1600000000000000000 + i, CAST(printf('%032d', i) AS BLOB) FROM n")
+                               " SELECT 1, CAST(printf('%04d/%07d.jpg', i / 1000, i) AS BLOB), 1000 + i % 9000,"
+                               " 1600000000000000000 + i, 1 FROM n")
         .run(count);
 }
 
@@ -57,17 +74,30 @@ void insertLinks(LibraryDatabase& database, int tags)
     }
 }
 
+/// Every tag has the keyword that it was made from.
+void insertKeywords(LibraryDatabase& database)
+{
+    database.execute(QStringLiteral("INSERT INTO keywords SELECT id, name, spelling, id, 0 FROM tags"));
+    database.execute(
+        QStringLiteral("INSERT INTO file_keywords SELECT file_id, tag_id FROM file_tags ORDER BY file_id, tag_id"));
+    database.execute(
+        QStringLiteral("UPDATE tags SET file_count = (SELECT count(*) FROM file_tags WHERE tag_id = tags.id)"));
+}
+
 }  // namespace
 
 void bench::buildLibrary(const QString& path, const LibraryContent& content)
 {
-    const std::unique_ptr<LibraryDatabase> database = libraryfile::openOrCreate(path);
-    database->execute(QStringLiteral("PRAGMA synchronous = OFF"));
-    database->execute(QStringLiteral("PRAGMA cache_size = -500000"));
-    LibraryTransaction transaction(*database, LibraryTransaction::Kind::Writing);
-    insertTags(*database, content);
-    insertCategories(*database, content);
-    insertFiles(*database, content.files());
-    insertLinks(*database, content.tags());
+    const libraryopening::Opened opened = libraryopening::openOrCreate(path);
+    LibraryDatabase& database = *opened.database;
+    database.execute(QStringLiteral("PRAGMA synchronous = OFF"));
+    database.execute(QStringLiteral("PRAGMA cache_size = -500000"));
+    LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing);
+    insertTags(database, content);
+    insertCategories(database, content);
+    insertRoots(database, opened.id, content.files());
+    insertFiles(database, content.files());
+    insertLinks(database, content.tags());
+    insertKeywords(database);
     transaction.commit();
 }

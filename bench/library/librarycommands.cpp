@@ -46,15 +46,17 @@ LibraryCommand recolourTag(qint64 id)
 LibraryCommand addToCategory(const char* operation, qint64 category, qint64 id)
 {
     return {operation, [=](ITagAction& tags, ITagGroupAction&) { return tags.addTagsToGroups({category}, {id}); },
-            "INSERT INTO tag_categories VALUES (" + literal(category) + ", " + literal(id) + ");"};
+            "BEGIN; INSERT INTO tag_categories VALUES (" + literal(category) + ", " + literal(id) +
+                "); UPDATE categories SET tag_count = tag_count + 1 WHERE id = " + literal(category) + "; COMMIT;"};
 }
 
 LibraryCommand removeFromCategory(qint64 category, qint64 id)
 {
     return {"remove_from_category",
             [=](ITagAction& tags, ITagGroupAction&) { return tags.removeTagsFromGroups({category}, {id}); },
-            "DELETE FROM tag_categories WHERE category_id = " + literal(category) + " AND tag_id = " + literal(id) +
-                ';'};
+            "BEGIN; DELETE FROM tag_categories WHERE category_id = " + literal(category) +
+                " AND tag_id = " + literal(id) +
+                "; UPDATE categories SET tag_count = tag_count - 1 WHERE id = " + literal(category) + "; COMMIT;"};
 }
 
 LibraryCommand createCategory(const QString& name)
@@ -73,13 +75,13 @@ LibraryCommand renameCategory(qint64 id, const QString& name)
 LibraryCommand deleteCategory(qint64 id)
 {
     return {"delete_category", [=](ITagAction&, ITagGroupAction& categories) { return categories.removeTagGroup(id); },
-            "DELETE FROM categories WHERE id = " + literal(id) + ';'};
+            "UPDATE categories SET deleted = 1 WHERE id = " + literal(id) + ';'};
 }
 
 LibraryCommand deleteTag(const char* operation, qint64 id)
 {
     return {operation, [=](ITagAction& tags, ITagGroupAction&) { return tags.deleteTags({id}); },
-            "DELETE FROM tags WHERE id = " + literal(id) + ';'};
+            "UPDATE tags SET deleted = 1 WHERE id = " + literal(id) + ';'};
 }
 
 }  // namespace

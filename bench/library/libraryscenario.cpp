@@ -20,7 +20,7 @@ constexpr double bytesPerKib = 1024;
 qint64 sizeOf(const QString& file)
 {
     const auto reader = LibraryReader::open(file);
-    const LibraryTotals totals = reader ? reader->totals() : LibraryTotals();
+    const LibraryTotals totals = reader ? reader->totals().value : LibraryTotals();
     return totals.tags + totals.links;
 }
 

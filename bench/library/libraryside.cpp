@@ -5,5 +5,10 @@ bench::LibrarySide::~LibrarySide() = default;
 
 QByteArray bench::importedPath(int file)
 {
-    return "/imported/" + QByteArray::number(file) + ".jpg";
+    return QByteArray::number(file) + ".jpg";
+}
+
+QByteArray bench::importedFolder()
+{
+    return "/imported";
 }

@@ -31,7 +31,9 @@ public:
 
 /// Files that go into one transaction, as in the host's own imports.
 constexpr int filesOfBatch = 500;
-/// Of a file that import() writes.
+/// Of a file that import() writes, relative to the folder.
 QByteArray importedPath(int file);
+/// The root of those files; it is nowhere on the disk.
+QByteArray importedFolder();
 
 }  // namespace bench

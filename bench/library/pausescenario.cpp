@@ -3,7 +3,6 @@
 #include "bench/library/librarycontent.h"
 #include "bench/library/libraryscenario.h"
 #include "bench/library/pausemeter.h"
-#include "bench/library/sqliteprogram.h"
 #include "bench/measurements.h"
 #include "host/app/filepanel.h"
 #include "host/app/fileview.h"
@@ -11,7 +10,6 @@
 #include "host/app/librarysession.h"
 #include "host/library/library.h"
 #include "host/library/records/reservedcategory.h"
-#include "host/library/records/tagname.h"
 
 #include <ilibrarydataprovider.h>
 #include <itagdataprovider.h>
@@ -36,14 +34,16 @@ QSharedPointer<ITagGroupDataProvider> allTags(const bench::HostSide& host)
     return host.session().library().dataProvider()->tagManagerDataProvider()->tagGroup(reservedcategory::AllTags);
 }
 
-/// Another program adds tags to the library, all at once.
+/// Another program adds tags to the library, all at once: a picture that has them all.
 void addFromOutside(const bench::LibraryTask& task, const bench::LibraryContent& content)
 {
-    QByteArrayList rows;
-    const QStringList names = content.outsideNames();
-    for (const QString& name : names)
-        rows.append('(' + bench::SqliteProgram::quoted(tagname::key(name)) + ')');
-    bench::SqliteProgram(task.library).run("INSERT INTO tags (name) VALUES " + rows.join(", ") + ';');
+    const auto other = Library::open(task.library);
+    if (!other)
+        throw std::runtime_error("The library could not be opened twice.");
+    const QVector<QString> names = content.outsideNames().toVector();
+    const qint64 root = other->addRootAndWait(bench::importedFolder()).rootId;
+    if (!other->importAndWait(root, {{"outside.jpg", {}, 1, {}, names}}).succeeded())
+        throw std::runtime_error("The library could not be changed from outside.");
 }
 
 void waitForTags(bench::HostSide* host, int count)

@@ -51,9 +51,9 @@ void FilePresenter::showHintIfEmpty()
         return;
     }
     m_library.queryFileIds(FileQuery::allFiles(), this,
-                           [this, generation = m_generation](const QVector<qint64>& ids, const QString& error) {
-                               if (generation == m_generation && error.isEmpty() && !hasTags())
-                                   showHint(ids.size());
+                           [this, generation = m_generation](const LibraryAnswer<QVector<qint64>>& ids) {
+                               if (generation == m_generation && ids && !hasTags())
+                                   showHint(ids.value.size());
                                emit hintDecided();
                            });
 }
@@ -96,12 +96,11 @@ void FilePresenter::ask(bool keepPlace)
 {
     m_asking = true;
     m_outdated = false;
-    m_library.queryFileIds(
-        m_query, this,
-        [this, keepPlace, generation = ++m_generation](const QVector<qint64>& ids, const QString& error) {
-            if (generation == m_generation)
-                showAnswer(ids, error, keepPlace);
-        });
+    m_library.queryFileIds(m_query, this,
+                           [this, keepPlace, generation = ++m_generation](const LibraryAnswer<QVector<qint64>>& ids) {
+                               if (generation == m_generation)
+                                   showAnswer(ids.value, ids.error, keepPlace);
+                           });
 }
 
 void FilePresenter::showAnswer(const QVector<qint64>& ids, const QString& error, bool keepPlace)
@@ -122,9 +121,9 @@ void FilePresenter::showAnswer(const QVector<qint64>& ids, const QString& error,
 void FilePresenter::fillPaths(const QVector<qint64>& ids)
 {
     m_library.queryFiles(ids, this,
-                         [this, ids, generation = m_generation](const QVector<FileRow>& files, const QString& error) {
-                             if (generation == m_generation && error.isEmpty())
-                                 m_panel.view()->setPaths(ids, files);
+                         [this, ids, generation = m_generation](const LibraryAnswer<QVector<FileRow>>& files) {
+                             if (generation == m_generation && files)
+                                 m_panel.view()->setPaths(ids, files.value);
                          });
 }
 

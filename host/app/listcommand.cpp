@@ -61,9 +61,11 @@ void RecordPrinter::write(const QByteArray& bytes)
     m_fine = m_fine && fwrite(bytes.constData(), 1, size, stdout) == size;
 }
 
-void printTags(LibraryReader& reader, RecordPrinter& printer)
+/// Each prints one list and answers why it could not be read; empty when it was.
+QString printTags(LibraryReader& reader, RecordPrinter& printer)
 {
-    for (const TagRow& tag : reader.tags()) {
+    const auto tags = reader.tags();
+    for (const TagRow& tag : tags.value) {
         printer.print({{QStringLiteral("id"), tag.id},
                        {QStringLiteral("name"), tag.name},
                        {QStringLiteral("fileCount"), tag.fileCount},
@@ -71,61 +73,66 @@ void printTags(LibraryReader& reader, RecordPrinter& printer)
                       {QByteArray::number(tag.id), tag.name.toUtf8(), QByteArray::number(tag.fileCount),
                        QByteArray::number(tag.colorIndex)});
     }
+    return tags.error;
 }
 
-void printCategories(LibraryReader& reader, RecordPrinter& printer)
+QString printCategories(LibraryReader& reader, RecordPrinter& printer)
 {
-    for (const CategoryRow& category : reader.categories()) {
+    const auto categories = reader.categories();
+    for (const CategoryRow& category : categories.value) {
         printer.print({{QStringLiteral("id"), category.id},
                        {QStringLiteral("name"), category.name},
                        {QStringLiteral("tagCount"), category.tagCount}},
                       {QByteArray::number(category.id), category.name.toUtf8(), QByteArray::number(category.tagCount)});
     }
+    return categories.error;
 }
 
 void printFile(const FileRow& file, const QStringList& tags, RecordPrinter& printer)
 {
     const QString path = QString::fromUtf8(file.path);
     QJsonObject object = {{QStringLiteral("path"), path},
-                          {QStringLiteral("size"), file.state.size},
+                          {QStringLiteral("size"), file.known.state.size},
                           {QStringLiteral("tags"), QJsonArray::fromStringList(tags)}};
     if (path.toUtf8() != file.path)
         object.insert(QStringLiteral("pathBase64"), QString::fromLatin1(file.path.toBase64()));
-    QVector<QByteArray> fields = {file.path, QByteArray::number(file.state.size)};
+    QVector<QByteArray> fields = {file.path, QByteArray::number(file.known.state.size)};
     for (const QString& tag : tags)
         fields.append(tag.toUtf8());
     printer.print(object, fields);
 }
 
-void printFiles(LibraryReader& reader, RecordPrinter& printer)
+QString printFiles(LibraryReader& reader, RecordPrinter& printer)
 {
+    // An import may go on meanwhile.
+    const LibraryReader::Snapshot snapshot(reader);
+    const auto tags = reader.tags();
+    if (!tags)
+        return tags.error;
     QHash<qint64, QString> names;
-    for (const TagRow& tag : reader.tags())
+    for (const TagRow& tag : tags.value)
         names.insert(tag.id, tag.name);
-    if (!reader.lastError().isEmpty())
-        return;
-    reader.forEachFile([&names, &printer](const FileRow& file) {
-        QStringList tags;
+    const auto visit = [&names, &printer](const FileRow& file) {
+        QStringList ofFile;
         for (const qint64 id : file.tagIds)
-            tags.append(names.value(id));
-        printFile(file, tags, printer);
+            ofFile.append(names.value(id));
+        printFile(file, ofFile, printer);
         return printer.isFine();
-    });
+    };
+    return reader.forEachFile(visit).error;
 }
 
-void printList(CommandLine::List list, LibraryReader& reader, RecordPrinter& printer)
+QString printList(CommandLine::List list, LibraryReader& reader, RecordPrinter& printer)
 {
     switch (list) {
     case CommandLine::List::Tags:
-        printTags(reader, printer);
-        break;
+        return printTags(reader, printer);
     case CommandLine::List::Categories:
-        printCategories(reader, printer);
-        break;
+        return printCategories(reader, printer);
     case CommandLine::List::Files:
-        printFiles(reader, printer);
-        break;
+        return printFiles(reader, printer);
     }
+    return {};
 }
 
 int fail(int status, const QByteArray& reason)
@@ -151,9 +158,9 @@ int runListCommand(const CommandLine& commandLine)
         return fail(1, error.toUtf8());
     RecordPrinter printer(commandLine.json);
     printer.begin();
-    printList(commandLine.list, *reader, printer);
-    if (!reader->lastError().isEmpty())
-        return fail(1, reader->lastError().toUtf8());
+    const QString failure = printList(commandLine.list, *reader, printer);
+    if (!failure.isEmpty())
+        return fail(1, failure.toUtf8());
     printer.end();
     if (!printer.isFine() || fflush(stdout) != 0)
         return fail(1, strerror(errno));

@@ -7,10 +7,6 @@
 #include "host/importer/vanishedfiles.h"
 #include "host/library/computer/computerstate.h"
 
-#include <QCryptographicHash>
-#include <QDataStream>
-#include <QIODevice>
-
 #include <algorithm>
 #include <utility>
 
@@ -22,28 +18,16 @@ constexpr int batchSize = 500;
 constexpr int lookUpSize = 2000;
 // UTF-16 units. What is longer is no keyword but damage: a window takes 46 seconds to lay out 15 million of them.
 constexpr int longestKeyword = 1000;
+// Of the facts that readers find in a file: with another number, all files are read again.
+constexpr int readerVersion = 1;
 // Milliseconds between two reports of progress.
 constexpr qint64 progressInterval = 50;
-
-QByteArray hashOf(const QVector<QString>& keywords)
-{
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setVersion(QDataStream::Qt_5_15);
-    stream << keywords;
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
-}
-
-bool isSameStamp(const FileState& a, const FileState& b)
-{
-    return a.size == b.size && a.modified == b.modified && a.sidecars == b.sidecars;
-}
 
 }  // namespace
 
 ImportJob::ImportJob(Library* library, const QByteArray& folder, const ImportOptions& options,
                      const ReaderPool::Settings& settings, const std::atomic_bool& cancelled)
-    : m_target(library)
+    : m_target(library, cancelled)
     , m_folder(folder)
     , m_options(options)
     , m_settings(settings)
@@ -105,26 +89,23 @@ bool ImportJob::collectChanged()
         QVector<QByteArray> paths;
         for (size_t i = begin; i < end; ++i)
             paths.append(pictures.at(i).path);
-        const QHash<QByteArray, FileState> states = m_target.states(paths);
+        const QHash<QByteArray, KnownFile> states = m_target.states(paths);
         m_summary.error = m_target.error();
         if (!m_summary.error.isEmpty())
             return false;
         for (size_t i = begin; i < end; ++i) {
             const FoundPicture& picture = pictures.at(i);
             const auto known = states.constFind(picture.path);
-            if (!isToBeRead(picture, known != states.constEnd() ? &*known : nullptr)) {
+            if (isToBeRead(picture, known != states.constEnd() ? &*known : nullptr))
+                addReading(picture);
+            else
                 ++m_done;
-                continue;
-            }
-            addReading(picture);
-            if (known != states.constEnd() && !known->content.isEmpty())
-                m_knownContents.insert(picture.path, known->content);
         }
     }
     return !m_cancelled;
 }
 
-bool ImportJob::isToBeRead(const FoundPicture& picture, const FileState* known)
+bool ImportJob::isToBeRead(const FoundPicture& picture, const KnownFile* known)
 {
     if (m_options.rereads)
         return true;
@@ -139,7 +120,7 @@ bool ImportJob::isToBeRead(const FoundPicture& picture, const FileState* known)
         if (!m_unreadable->isKnown(sidecar.path, sidecar.trialStamp()))
             state.sidecars += sidecar.stamp;
     }
-    return !isSameStamp(*known, state);
+    return known->state != state || known->readerVersion != readerVersion;
 }
 
 void ImportJob::addReading(const FoundPicture& picture)
@@ -196,14 +177,12 @@ void ImportJob::completeReading(Reading& reading)
     reportProgress();
     if (reading.unreadable)
         return;
-    const QVector<QString> keywords = keywordsOf(reading);
     ImportedFile file;
     file.path = reading.picture->path;
     file.state = reading.picture->state();
     file.state.sidecars = reading.sidecarStamps;
-    file.state.content = hashOf(keywords);
-    if (m_knownContents.value(file.path) != file.state.content)
-        file.keywords = keywords;
+    file.readerVersion = readerVersion;
+    file.keywords = keywordsOf(reading);
     m_batch.append(file);
     reading.keywords.clear();
 }
@@ -252,14 +231,14 @@ void ImportJob::lookForVanished()
     m_summary.missing = vanished.missing() - m_summary.removed;
 }
 
-bool ImportJob::account(const ImportOutcome& outcome)
+bool ImportJob::account(const LibraryResult& result)
 {
-    if (!outcome.succeeded && m_summary.error.isEmpty())
-        m_summary.error = outcome.message;
-    m_summary.added += outcome.filesAdded;
-    m_summary.changed += outcome.filesChanged;
-    m_summary.removed += outcome.filesRemoved;
-    return outcome.succeeded;
+    if (!result.succeeded() && result.status != LibraryStatus::Cancelled && m_summary.error.isEmpty())
+        m_summary.error = result.message;
+    m_summary.added += result.numbers.filesAdded;
+    m_summary.changed += result.numbers.filesChanged;
+    m_summary.removed += result.numbers.filesRemoved;
+    return result.succeeded();
 }
 
 void ImportJob::noteUnreadable(const QByteArray& path, const QByteArray& stamp, const QString& reason)
@@ -299,7 +278,7 @@ void ImportJob::conclude()
     writeBatch();
     if (m_ended)
         return;
-    if (!m_cancelled)
+    if (account(m_target.settle()) && !m_cancelled)
         lookForVanished();
     end();
 }

@@ -63,14 +63,14 @@ private:
 
     [[nodiscard]] bool walk();
     [[nodiscard]] bool collectChanged();
-    [[nodiscard]] bool isToBeRead(const FoundPicture& picture, const FileState* known);
+    [[nodiscard]] bool isToBeRead(const FoundPicture& picture, const KnownFile* known);
     void addReading(const FoundPicture& picture);
     void startReading();
     void completeReading(Reading& reading);
     [[nodiscard]] QVector<QString> keywordsOf(const Reading& reading);
     void writeBatch();
     void lookForVanished();
-    [[nodiscard]] bool account(const ImportOutcome& outcome);
+    [[nodiscard]] bool account(const LibraryResult& result);
     void noteUnreadable(const QByteArray& path, const QByteArray& stamp, const QString& reason);
     void reportSkipped(const QByteArray& path, const QString& reason);
     void reportProgress(bool always = false);
@@ -86,7 +86,6 @@ private:
     std::unique_ptr<ComputerState> m_computer;
     std::unique_ptr<UnreadableFiles> m_unreadable;
     std::unique_ptr<ReaderPool> m_pool;
-    QHash<QByteArray, QByteArray> m_knownContents;  // Of the pictures that are read again, by path.
     std::vector<Reading> m_readings;
     std::vector<Part> m_parts;  // In the order in which they were given to the pool.
     QVector<ImportedFile> m_batch;

@@ -5,10 +5,10 @@
 #include "host/library/libraryreader.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
-ImportTarget::ImportTarget(Library* library)
+ImportTarget::ImportTarget(Library* library, const std::atomic_bool& cancelled)
     : m_library(library)
+    , m_cancelled(cancelled)
 {
 }
 
@@ -17,26 +17,38 @@ ImportTarget::~ImportTarget() = default;
 bool ImportTarget::open(const QByteArray& folder)
 {
     m_folder = folder;
-    m_reader = LibraryReader::open(m_library->path(), &m_error);
+    const LibraryResult root = m_library->addRootAndWait(folder);
+    m_rootId = root.rootId;
+    m_folderInRoot = root.folderInRoot;
+    m_error = root.message;
+    if (root.succeeded())
+        m_reader = LibraryReader::open(m_library->path(), &m_error);
     return m_reader != nullptr;
 }
 
 QString ImportTarget::libraryId() const
 {
-    return m_library->path() + QFile::decodeName(m_folder);
+    return m_library->id();
 }
 
-QHash<QByteArray, FileState> ImportTarget::states(const QVector<QByteArray>& paths)
+QHash<QByteArray, KnownFile> ImportTarget::states(const QVector<QByteArray>& paths)
 {
-    const QHash<QByteArray, FileState> states = m_reader->fileStates(paths);
-    m_error = m_reader->lastError();
+    const auto known = m_reader->fileStates(m_rootId, pathsInRoot(paths));
+    m_error = known.error;
+    QHash<QByteArray, KnownFile> states;
+    for (auto file = known.value.cbegin(); file != known.value.cend(); ++file)
+        states.insert(pathOf(file.key()), file.value());
     return states;
 }
 
 QVector<QByteArray> ImportTarget::pathsAfter(const QByteArray& after, int limit)
 {
-    const QVector<QByteArray> paths = m_reader->pathsBelow(m_folder, after, limit);
-    m_error = m_reader->lastError();
+    const auto known =
+        m_reader->pathsBelow(m_rootId, m_folderInRoot, after.isEmpty() ? after : pathInRoot(after), limit);
+    m_error = known.error;
+    QVector<QByteArray> paths;
+    for (const QByteArray& path : known.value)
+        paths.append(pathOf(path));
     if (paths.isEmpty() || after < paths.last())
         return paths;
     // A damaged index may give the same paths for ever.
@@ -46,17 +58,46 @@ QVector<QByteArray> ImportTarget::pathsAfter(const QByteArray& after, int limit)
 
 LibraryTotals ImportTarget::totals()
 {
-    const LibraryTotals totals = m_reader->totals();
-    m_error = m_reader->lastError();
-    return totals;
+    const auto totals = m_reader->totals();
+    m_error = totals.error;
+    return totals.value;
 }
 
-ImportOutcome ImportTarget::write(const QVector<ImportedFile>& files)
+LibraryResult ImportTarget::write(QVector<ImportedFile> files)
 {
-    return m_library->importAndWait(files);
+    for (ImportedFile& file : files)
+        file.path = pathInRoot(file.path);
+    return m_library->importAndWait(m_rootId, files, &m_cancelled);
 }
 
-ImportOutcome ImportTarget::forget(const QVector<QByteArray>& paths)
+LibraryResult ImportTarget::settle()
 {
-    return m_library->forgetAndWait(paths);
+    return m_library->settleAndWait(m_rootId, &m_cancelled);
+}
+
+LibraryResult ImportTarget::forget(const QVector<QByteArray>& paths)
+{
+    return m_library->forgetAndWait(m_rootId, pathsInRoot(paths));
+}
+
+/// Of a path below the folder.
+QByteArray ImportTarget::pathInRoot(const QByteArray& path) const
+{
+    const QByteArray inFolder = path.mid(m_folder == "/" ? 1 : m_folder.size() + 1);
+    return m_folderInRoot.isEmpty() ? inFolder : m_folderInRoot + '/' + inFolder;
+}
+
+QVector<QByteArray> ImportTarget::pathsInRoot(const QVector<QByteArray>& paths) const
+{
+    QVector<QByteArray> inRoot;
+    inRoot.reserve(paths.size());
+    for (const QByteArray& path : paths)
+        inRoot.append(pathInRoot(path));
+    return inRoot;
+}
+
+QByteArray ImportTarget::pathOf(const QByteArray& pathInRoot) const
+{
+    const int inFolder = m_folderInRoot.isEmpty() ? 0 : m_folderInRoot.size() + 1;
+    return (m_folder == "/" ? m_folder : m_folder + '/') + pathInRoot.mid(inFolder);
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/records/importoutcome.h"
-#include "host/library/records/libraryrecords.h"
+#include "host/library/records/libraryresult.h"
 
 #include <QHash>
 
+#include <atomic>
 #include <memory>
 
 class Library;
@@ -18,8 +18,8 @@ class LibraryReader;
 class ImportTarget
 {
 public:
-    /// \a library outlives the target.
-    explicit ImportTarget(Library* library);
+    /// \a library and \a cancelled outlive the target. Until the flag is set, locks of other programs are waited for.
+    ImportTarget(Library* library, const std::atomic_bool& cancelled);
     ~ImportTarget();
 
     /// \a folder: without links, with no slash at its end.
@@ -29,18 +29,25 @@ public:
     [[nodiscard]] qint64 rootId() const { return m_rootId; }
     [[nodiscard]] const QByteArray& folderInRoot() const { return m_folderInRoot; }
     /// What the library knows of those of \a paths that it holds.
-    [[nodiscard]] QHash<QByteArray, FileState> states(const QVector<QByteArray>& paths);
+    [[nodiscard]] QHash<QByteArray, KnownFile> states(const QVector<QByteArray>& paths);
     /// At most \a limit files of the library in the folder, in byte order, that follow \a after.
     [[nodiscard]] QVector<QByteArray> pathsAfter(const QByteArray& after, int limit);
     [[nodiscard]] LibraryTotals totals();
 
-    ImportOutcome write(const QVector<ImportedFile>& files);
-    ImportOutcome forget(const QVector<QByteArray>& paths);
+    LibraryResult write(QVector<ImportedFile> files);
+    /// At the end of each import.
+    LibraryResult settle();
+    LibraryResult forget(const QVector<QByteArray>& paths);
 
     [[nodiscard]] const QString& error() const { return m_error; }
 
 private:
+    [[nodiscard]] QByteArray pathInRoot(const QByteArray& path) const;
+    [[nodiscard]] QVector<QByteArray> pathsInRoot(const QVector<QByteArray>& paths) const;
+    [[nodiscard]] QByteArray pathOf(const QByteArray& pathInRoot) const;
+
     Library* m_library;
+    const std::atomic_bool& m_cancelled;
     std::unique_ptr<LibraryReader> m_reader;
     QByteArray m_folder;
     qint64 m_rootId = 0;

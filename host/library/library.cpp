@@ -1,37 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/library.h"
 
+#include "host/library/computer/computerstate.h"
 #include "host/library/database/librarydatabase.h"
 #include "host/library/database/libraryerror.h"
-#include "host/library/database/libraryfile.h"
 #include "host/library/libraryengine.h"
-#include "host/library/librarygroupaction.h"
+#include "host/library/libraryopening.h"
 #include "host/library/libraryreader.h"
-#include "host/library/librarytagaction.h"
 #include "host/library/librarythread.h"
-#include "host/library/librarywriter.h"
+#include "host/library/memory/librarygroupaction.h"
 #include "host/library/memory/librarymanager.h"
+#include "host/library/memory/librarymemory.h"
 #include "host/library/memory/libraryprovider.h"
-#include "host/library/memory/libraryview.h"
-#include "host/library/requests/filestore.h"
+#include "host/library/memory/librarytagaction.h"
+#include "host/library/requests/importbatch.h"
+#include "host/library/requests/rootrequests.h"
+#include "host/library/requests/version1keywords.h"
 
-#include <QFileInfo>
+#include <QDir>
+#include <QFile>
 #include <QPointer>
-
-#include <atomic>
-#include <future>
 
 namespace {
 
 using WritingThread = LibraryThread<LibraryWriter>;
 using ReadingThread = LibraryThread<LibraryReader>;
 
-/// For the writing thread; leaves what was read in \a view, which nobody else uses yet.
-std::unique_ptr<LibraryWriter> openForWriting(const QString& path, LibraryView& view, QString* error)
+/// For the writing thread; leaves what was read in \a memory, which nobody else uses yet.
+std::unique_ptr<LibraryWriter> openForWriting(const QString& path, LibraryMemory& memory, QString* error)
 {
     try {
-        auto writer = std::make_unique<LibraryWriter>(path);
-        view.load(writer->known());
+        auto writer = std::make_unique<LibraryWriter>(libraryopening::connectForWriting(path));
+        memory.load(writer->takeContents());
         return writer;
     } catch (const LibraryError& failure) {
         *error = failure.message();
@@ -39,40 +39,12 @@ std::unique_ptr<LibraryWriter> openForWriting(const QString& path, LibraryView& 
     }
 }
 
-/// One batch as a job of the engine: \a carryOut does it, \a answer gets its outcome.
-template <typename CarryOut, typename Answer>
-LibraryEngine::Job batchJob(CarryOut carryOut, Answer answer)
+/// Without links where the folder is there.
+QByteArray canonicalFolder(const QByteArray& folder)
 {
-    return [carryOut, answer](LibraryDatabase& database) -> LibraryEngine::Result {
-        FileStore batch(database);
-        carryOut(batch);
-        return {batch.change(), answer(batch.outcome())};
-    };
-}
-
-/// Calls \a callback on the GUI thread after everything else, unless a context was given and is gone.
-auto answerLater(QObject* context, Library::ImportCallback callback)
-{
-    return [callback = std::move(callback), hasContext = context != nullptr,
-            guard = QPointer<QObject>(context)](const ImportOutcome& outcome) -> std::function<void()> {
-        if (!callback)
-            return {};
-        return [=] {
-            if (guard || !hasContext)
-                callback(outcome);
-        };
-    };
-}
-
-template <typename CarryOut>
-ImportOutcome sendAndWait(LibraryEngine& engine, CarryOut carryOut)
-{
-    const auto done = std::make_shared<std::promise<ImportOutcome>>();
-    engine.send(batchJob(carryOut, [done](const ImportOutcome& outcome) -> std::function<void()> {
-        done->set_value(outcome);
-        return {};
-    }));
-    return done->get_future().get();
+    const QString canonical = QDir(QFile::decodeName(folder)).canonicalPath();
+    const QByteArray bytes = QFile::encodeName(canonical);
+    return bytes.isEmpty() ? folder : bytes;
 }
 
 }  // namespace
@@ -81,19 +53,21 @@ ImportOutcome sendAndWait(LibraryEngine& engine, CarryOut carryOut)
 struct Library::Private
 {
     QString path;
+    QString id;
+    QStringList notes;
     std::unique_ptr<LibraryEngine> engine;
     QSharedPointer<ILibraryDataProvider> provider;
     std::shared_ptr<std::atomic<bool>> closing = std::make_shared<std::atomic<bool>>(false);
     std::unique_ptr<ReadingThread> reader;  ///< Made by the first query.
 
-    void start(const std::shared_ptr<LibraryView>& view, std::unique_ptr<WritingThread> writer);
+    void start(const std::shared_ptr<LibraryMemory>& memory, std::unique_ptr<WritingThread> writer);
     bool startReader(QString* error);
 };
 
-void Library::Private::start(const std::shared_ptr<LibraryView>& view, std::unique_ptr<WritingThread> writer)
+void Library::Private::start(const std::shared_ptr<LibraryMemory>& memory, std::unique_ptr<WritingThread> writer)
 {
-    engine = std::make_unique<LibraryEngine>(view, std::move(writer));
-    const auto manager = QSharedPointer<LibraryManager>::create(view);
+    engine = std::make_unique<LibraryEngine>(memory, std::move(writer));
+    const auto manager = QSharedPointer<LibraryManager>::create(memory);
     engine->setManager(manager);
     provider =
         QSharedPointer<LibraryProvider>::create(QSharedPointer<LibraryTagAction>::create(engine.get()),
@@ -115,15 +89,18 @@ std::unique_ptr<Library> Library::open(const QString& path, QString* error)
 {
     QString reason;
     auto members = std::make_unique<Private>();
-    members->path = QFileInfo(path).absoluteFilePath();
     try {
         // Kept open until the writing thread has its connection, so that the log is not cleared and begun again.
-        const std::unique_ptr<LibraryDatabase> database = libraryfile::openOrCreate(members->path);
-        const auto view = std::make_shared<LibraryView>();
+        const libraryopening::Opened opened = libraryopening::openOrCreate(path);
+        members->path = opened.path;
+        members->id = opened.id;
+        members->notes = opened.notes;
+        const auto memory = std::make_shared<LibraryMemory>();
         auto writer = std::make_unique<WritingThread>();
-        const auto opening = [&](QString* why) { return openForWriting(members->path, *view, why); };
+        const auto opening = [&](QString* why) { return openForWriting(members->path, *memory, why); };
         if (writer->start(opening, &reason)) {
-            members->start(view, std::move(writer));
+            ComputerState(members->id).noteFile(QFile::encodeName(members->path));
+            members->start(memory, std::move(writer));
             return std::unique_ptr<Library>(new Library(std::move(members)));
         }
     } catch (const LibraryError& failure) {
@@ -138,6 +115,7 @@ Library::Library(std::unique_ptr<Private> members)
     : d(std::move(members))
 {
     connect(d->engine.get(), &LibraryEngine::filesChanged, this, &Library::filesChanged);
+    connect(d->engine.get(), &LibraryEngine::failed, this, &Library::failed);
 }
 
 Library::~Library()
@@ -157,49 +135,67 @@ QSharedPointer<ILibraryDataProvider> Library::dataProvider() const
     return d->provider;
 }
 
-void Library::requestImport(const QVector<ImportedFile>& files, QObject* context, ImportCallback callback)
+QString Library::id() const
 {
-    d->engine->send(
-        batchJob([files](FileStore& batch) { batch.import(files); }, answerLater(context, std::move(callback))));
+    return d->id;
 }
 
-void Library::requestForget(const QVector<QByteArray>& paths, QObject* context, ImportCallback callback)
+QStringList Library::notes() const
 {
-    d->engine->send(
-        batchJob([paths](FileStore& batch) { batch.forget(paths); }, answerLater(context, std::move(callback))));
+    return d->notes;
 }
 
-ImportOutcome Library::importAndWait(const QVector<ImportedFile>& files)
+LibraryResult Library::addRootAndWait(const QByteArray& folder)
 {
-    return sendAndWait(*d->engine, [files](FileStore& batch) { batch.import(files); });
+    const auto body = [id = d->id, folder = canonicalFolder(folder)](LibraryRequest& request) {
+        ComputerState computer(id);
+        rootrequests::add(request, computer, folder);
+    };
+    return d->engine->sendAndWait(ChangeKind::AddRoot, body, nullptr);
 }
 
-ImportOutcome Library::forgetAndWait(const QVector<QByteArray>& paths)
+LibraryResult Library::importAndWait(qint64 rootId, const QVector<ImportedFile>& files,
+                                     const std::atomic_bool* cancelled)
 {
-    return sendAndWait(*d->engine, [paths](FileStore& batch) { batch.forget(paths); });
+    const auto body = [&](LibraryRequest& request) { ImportBatch(request, rootId).import(files); };
+    return d->engine->sendAndWait(ChangeKind::Import, body, cancelled);
 }
 
-template <typename Read, typename Callback>
-void Library::query(Read read, QObject* context, Callback callback)
+LibraryResult Library::settleAndWait(qint64 rootId, const std::atomic_bool* cancelled)
 {
-    const auto answer = [guard = QPointer<QObject>(context), callback = std::move(callback)](const auto& result,
-                                                                                             const QString& error) {
+    Q_UNUSED(rootId)
+    return d->engine->sendAndWait(ChangeKind::Settle, version1keywords::settle, cancelled);
+}
+
+LibraryResult Library::forgetAndWait(qint64 rootId, const QVector<QByteArray>& paths)
+{
+    const auto body = [&](LibraryRequest& request) { ImportBatch(request, rootId).forget(paths); };
+    return d->engine->sendAndWait(ChangeKind::Forget, body, nullptr);
+}
+
+template <typename Answer, typename Read>
+void Library::query(Read read, QObject* context, std::function<void(const Answer&)> callback)
+{
+    const auto answer = [guard = QPointer<QObject>(context), callback = std::move(callback)](const Answer& result) {
         if (guard)
-            callback(result, error);
+            callback(result);
     };
     QString error;
     if (!d->startReader(&error)) {
         QMetaObject::invokeMethod(
-            this, [answer, error] { answer(decltype(read(std::declval<LibraryReader&>()))(), error); },
+            this,
+            [answer, error] {
+                answer({{}, error});
+            },
             Qt::QueuedConnection);
         return;
     }
     d->reader->post([this, read, answer, closing = d->closing](LibraryReader& reader) {
         if (*closing)
             return;
-        const auto result = read(reader);
+        const Answer result = read(reader);
         QMetaObject::invokeMethod(
-            this, [answer, result, failure = reader.lastError()] { answer(result, failure); }, Qt::QueuedConnection);
+            this, [answer, result] { answer(result); }, Qt::QueuedConnection);
     });
 }
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "host/library/records/filequery.h"
-#include "host/library/records/importoutcome.h"
-#include "host/library/records/libraryrecords.h"
+#include "host/library/records/libraryresult.h"
 
 #include <QObject>
 #include <QSharedPointer>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -16,16 +16,17 @@ class ILibraryDataProvider;
 /// An open library of files and their tags: one SQLite file behind the host interfaces.
 ///
 /// Everything that a provider reads comes from memory (tags, categories, which tag is in which category, and a file
-/// count per tag; not the files), which open() fills with a handful of queries: the cost is that of reading every tag
-/// and counting every link once. Requests and imports run in the order sent on a thread of the library's own, each in
-/// one transaction. For each of them, once it is committed, and on the thread that opened the library: memory is
-/// brought up to date, then the data signals of the providers are emitted, for up to 200 tags at once, then
-/// the request is answered, exactly once. A request that fails changes nothing and is answered with the reason. A
-/// library that another program holds locked is waited for up to 5 seconds, on that thread.
+/// count per tag; not the files), which open() fills with a handful of queries: the cost is that of reading every tag.
+/// Requests and imports run in the order sent on a thread of the library's own, each in one transaction. For each of
+/// them, once it is committed, and on the thread that opened the library: memory is brought up to date, then the data
+/// signals of the providers are emitted, for up to 200 tags at once, then the request is answered, exactly once. A
+/// request that fails changes nothing and is answered with the reason. A library that another program holds locked is
+/// waited for up to 5 seconds, on that thread. A library whose file was moved, deleted or replaced meanwhile refuses
+/// every request.
 ///
-/// What other programs commit to the same file is noticed before the next request, or within about a second, and told
-/// as a request's change is. A library in a folder that is read-only is shown, and requests are answered so; other
-/// programs' changes are not noticed then.
+/// What other programs commit to the same file is noticed before the next request, or within about a second, and
+/// emitted as a request's change is. A library in a folder that is read-only is shown, and requests are answered so;
+/// other programs' changes are not noticed then.
 ///
 /// Names are kept as typed, without white space at their ends, and compared in normalisation form C, case-sensitively.
 ///
@@ -36,9 +37,8 @@ class Library : public QObject
     Q_OBJECT
 
 public:
-    using ImportCallback = std::function<void(const ImportOutcome& outcome)>;
-    using FileIdsCallback = std::function<void(const QVector<qint64>& ids, const QString& error)>;
-    using FilesCallback = std::function<void(const QVector<FileRow>& files, const QString& error)>;
+    using FileIdsCallback = std::function<void(const LibraryAnswer<QVector<qint64>>& ids)>;
+    using FilesCallback = std::function<void(const LibraryAnswer<QVector<FileRow>>& files)>;
 
     /// Opens the library in the file \a path, creating it when there is none (readable by its owner alone). Null when
     /// it cannot be opened, is of a newer version or is no library of ours; the file is left as it was then, and
@@ -46,23 +46,33 @@ public:
     static std::unique_ptr<Library> open(const QString& path, QString* error = nullptr);
     ~Library() override;
 
-    /// Absolute path of the database file.
+    /// Absolute path of the database file, without links.
     [[nodiscard]] QString path() const;
+    /// Unlike that of any other library; names what this computer knows of it (ComputerState).
+    [[nodiscard]] QString id() const;
+    /// For the person: what was changed to open the library, such as names of an earlier version that cannot be kept.
+    [[nodiscard]] QStringList notes() const;
     /// What the tag manager window is given. The same object at every call; never null.
     [[nodiscard]] QSharedPointer<ILibraryDataProvider> dataProvider() const;
 
-    /// Writes a batch in one transaction. A file's tags become those that its keywords name (matched by name, created
-    /// when missing, coloured by a hash of the name); a file without any change costs look-ups only. A tag that was
-    /// renamed keeps the files that do not change; a file that changes is filed by its keywords again.
-    /// \a callback, when given, is called on the GUI thread after the data signals, unless \a context is gone by then.
-    void requestImport(const QVector<ImportedFile>& files, QObject* context = nullptr, ImportCallback callback = {});
-    /// Removes files from the library (not from the disk) together with their tag links. Unknown paths are ignored;
-    /// tags stay. Runs and answers as requestImport() does.
-    void requestForget(const QVector<QByteArray>& paths, QObject* context = nullptr, ImportCallback callback = {});
-    /// The same two, waiting for the commit; for an importer's own thread, and for programs without an event loop.
+    /// The requests of an importer, waiting for the commit: for its own thread, and for programs without an event loop.
     /// Callable on any thread while the library lives. The data signals follow from the event loop of the GUI thread.
-    ImportOutcome importAndWait(const QVector<ImportedFile>& files);
-    ImportOutcome forgetAndWait(const QVector<QByteArray>& paths);
+    /// With \a cancelled a lock of another program is waited for until that is set.
+
+    /// The root for \a folder, an absolute path: LibraryResult::rootId, and in folderInRoot where in it the folder is.
+    /// That is a root that is mounted there or above on this computer, else a new one, which takes over the files of
+    /// roots that are mounted below.
+    [[nodiscard]] LibraryResult addRootAndWait(const QByteArray& folder);
+    /// Writes a batch in one transaction. A file's tags become those that its keywords lead to (a keyword that is new
+    /// leads to the tag of its name, which is made when missing and coloured by a hash of the name) and those that a
+    /// person gave it, without those that a person took away. A file without any change costs look-ups only.
+    [[nodiscard]] LibraryResult importAndWait(qint64 rootId, const QVector<ImportedFile>& files,
+                                              const std::atomic_bool* cancelled = nullptr);
+    /// To be called at the end of each import: decides about keywords of libraries that were made by version 1.
+    [[nodiscard]] LibraryResult settleAndWait(qint64 rootId, const std::atomic_bool* cancelled = nullptr);
+    /// Removes files from the library (not from the disk) together with their tag links. Unknown paths are ignored;
+    /// tags stay.
+    [[nodiscard]] LibraryResult forgetAndWait(qint64 rootId, const QVector<QByteArray>& paths);
 
     /// Asks for the ids of files, ordered by path; answered on the GUI thread unless \a context is gone by then. Runs
     /// on a thread for reading, beside the requests, and sees what is committed when it runs. 8 bytes for each file.
@@ -81,14 +91,16 @@ public:
 signals:
     /// Files joined or left the library, or their tags changed, by an import, a removal or a deleted tag.
     void filesChanged();
+    /// What other programs change cannot be read; \a reason is for the person. Once for each reason.
+    void failed(const QString& reason);
 
 private:
     struct Private;
 
     explicit Library(std::unique_ptr<Private> members);
 
-    template <typename Read, typename Callback>
-    void query(Read read, QObject* context, Callback callback);
+    template <typename Answer, typename Read>
+    void query(Read read, QObject* context, std::function<void(const Answer&)> callback);
 
     std::unique_ptr<Private> d;
 };

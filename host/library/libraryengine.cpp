@@ -1,32 +1,36 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/libraryengine.h"
 
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryerror.h"
 #include "host/library/librarythread.h"
-#include "host/library/librarywriter.h"
 #include "host/library/memory/librarygroup.h"
 #include "host/library/memory/librarymanager.h"
+#include "host/library/memory/librarymemory.h"
 #include "host/library/memory/librarytag.h"
-#include "host/library/memory/libraryview.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <future>
 
 namespace {
 
 /// How long the queue may keep the event loop waiting, in milliseconds: half a frame of a 60 Hz screen.
 constexpr int Slice = 8;
-/// Rows that come into memory at once and are told by one signal. A window with 100,000 tags takes up to 10 ms to
+/// Rows that come into memory at once and are emitted by one signal. A window with 100,000 tags takes up to 10 ms to
 /// follow it; for 5,000 rows it took 140 ms.
 constexpr int MostRows = 200;
 /// How often to look for what other programs changed, in milliseconds.
 constexpr int OutsideInterval = 1000;
+/// How long a request waits for a lock of another program, and closing for all that are left, in milliseconds.
+constexpr int Patience = 5000;
 
 }  // namespace
 
-LibraryEngine::LibraryEngine(const std::shared_ptr<LibraryView>& view,
+LibraryEngine::LibraryEngine(const std::shared_ptr<LibraryMemory>& memory,
                              std::unique_ptr<LibraryThread<LibraryWriter>> writer)
-    : m_view(view)
+    : m_memory(memory)
     , m_writer(std::move(writer))
 {
     connect(&m_outsideTimer, &QTimer::timeout, this, &LibraryEngine::lookOutside);
@@ -37,17 +41,48 @@ LibraryEngine::LibraryEngine(const std::shared_ptr<LibraryView>& view,
 
 LibraryEngine::~LibraryEngine()
 {
+    m_closingUntil = QDeadlineTimer(Patience).deadline();
     m_writer.reset();
 }
 
-void LibraryEngine::send(Job job)
+void LibraryEngine::send(ChangeKind kind, LibraryRequestBody body, Answer answer)
 {
-    m_writer->post([this, job = std::move(job)](LibraryWriter& writer) {
-        deliverOutsideChange(writer);
-        const Result result = job(writer.database());
-        writer.noteOwnChange(result.change);
-        deliver(result);
+    m_writer->post([this, kind, body = std::move(body), answer = std::move(answer)](LibraryWriter& writer) {
+        (void)carryOut(writer, kind, body, patience(), answer);
     });
+}
+
+LibraryResult LibraryEngine::sendAndWait(ChangeKind kind, LibraryRequestBody body, const std::atomic_bool* cancelled)
+{
+    const auto done = std::make_shared<std::promise<LibraryResult>>();
+    m_writer->post([this, kind, cancelled, done, body = std::move(body)](LibraryWriter& writer) {
+        const LibraryTransaction::MayWait untilCancelled = [&] { return !*cancelled && m_closingUntil == 0; };
+        LibraryResult result = carryOut(writer, kind, body, cancelled ? untilCancelled : patience(), {});
+        if (result.status == LibraryStatus::Locked && cancelled && *cancelled)
+            result.status = LibraryStatus::Cancelled;
+        done->set_value(result);
+    });
+    return done->get_future().get();
+}
+
+LibraryResult LibraryEngine::carryOut(LibraryWriter& writer, ChangeKind kind, const LibraryRequestBody& body,
+                                      const LibraryTransaction::MayWait& mayWait, const Answer& answer)
+{
+    m_isIdle = false;
+    LibraryWriter::Others others;
+    LibraryResult result = writer.carryOut(kind, body, mayWait, others);
+    deliver(others);
+    if (answer || !result.change.isEmpty())
+        deliver(result.change, answer ? [answer, result] { answer(result); } : std::function<void()>());
+    return result;
+}
+
+LibraryTransaction::MayWait LibraryEngine::patience() const
+{
+    return [this, own = QDeadlineTimer(Patience)] {
+        const qint64 closing = m_closingUntil;
+        return !own.hasExpired() && (closing == 0 || QDeadlineTimer::current().deadline() < closing);
+    };
 }
 
 void LibraryEngine::lookOutside()
@@ -56,29 +91,56 @@ void LibraryEngine::lookOutside()
     if (m_looksOutside.exchange(true))
         return;
     m_writer->post([this](LibraryWriter& writer) {
-        deliverOutsideChange(writer);
+        QString error;
+        deliver(writer.takeOthers(&error));
+        QMetaObject::invokeMethod(
+            this, [this, error] { reportOutside(error); }, Qt::QueuedConnection);
+        if (m_isIdle) {
+            try {
+                writer.database().tidy();
+            } catch (const LibraryError&) {
+                // The next look finds the log as it is.
+            }
+        }
+        m_isIdle = true;
         m_looksOutside = false;
     });
 }
 
-/// Called on the writing thread.
-void LibraryEngine::deliverOutsideChange(LibraryWriter& writer)
+void LibraryEngine::reportOutside(const QString& error)
 {
-    if (const std::optional<LibraryChange> change = writer.takeOutsideChange())
-        deliver({*change, {}});
+    if (error == m_lastFailure)
+        return;
+    m_lastFailure = error;
+    if (!error.isEmpty())
+        emit failed(error);
 }
 
 /// Called on the writing thread.
-void LibraryEngine::deliver(const Result& result)
+void LibraryEngine::deliver(const LibraryWriter::Others& others)
 {
-    QVector<Result> results;
-    for (const LibraryChange& piece : result.change.inPieces(MostRows))
-        results.append({piece, {}});
-    if (results.isEmpty())
-        results.append(Result());
-    results.last().answer = result.answer;
+    for (const LibraryChange& change : others.changes)
+        deliver(change, {});
+    if (others.contents)
+        post({{{}, others.contents, {}}});
+}
+
+/// Called on the writing thread.
+void LibraryEngine::deliver(const LibraryChange& change, const std::function<void()>& answer)
+{
+    QVector<Delivery> deliveries;
+    for (const LibraryChange& piece : change.inPieces(MostRows))
+        deliveries.append({piece, {}, {}});
+    if (deliveries.isEmpty())
+        deliveries.append(Delivery());
+    deliveries.last().answer = answer;
+    post(deliveries);
+}
+
+void LibraryEngine::post(const QVector<Delivery>& deliveries)
+{
     QMetaObject::invokeMethod(
-        this, [this, results] { receive(results); }, Qt::QueuedConnection);
+        this, [this, deliveries] { receive(deliveries); }, Qt::QueuedConnection);
 }
 
 void LibraryEngine::setManager(const QSharedPointer<LibraryManager>& manager)
@@ -86,21 +148,15 @@ void LibraryEngine::setManager(const QSharedPointer<LibraryManager>& manager)
     m_manager = manager;
 }
 
-qint64 LibraryEngine::nextRequestId()
+void LibraryEngine::receive(const QVector<Delivery>& deliveries)
 {
-    static std::atomic<qint64> last = 0;
-    return ++last;
-}
-
-void LibraryEngine::receive(const QVector<Result>& results)
-{
-    m_results.insert(m_results.end(), results.cbegin(), results.cend());
-    m_answers += static_cast<int>(
-        std::count_if(results.cbegin(), results.cend(), [](const Result& result) { return bool(result.answer); }));
+    m_deliveries.insert(m_deliveries.end(), deliveries.cbegin(), deliveries.cend());
+    m_answers += static_cast<int>(std::count_if(deliveries.cbegin(), deliveries.cend(),
+                                                [](const Delivery& delivery) { return bool(delivery.answer); }));
     if (m_holdsNews && !m_holdTimer.isActive())
         m_holdTimer.start();
     if (!m_goesOn)
-        tellNext();
+        emitNext();
 }
 
 void LibraryEngine::holdNews(int longest)
@@ -117,56 +173,67 @@ void LibraryEngine::releaseNews()
     m_holdTimer.stop();
     if (!m_goesOn && !isQueueEmpty()) {
         m_goesOn = true;
-        QMetaObject::invokeMethod(this, &LibraryEngine::tellNext, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, &LibraryEngine::emitNext, Qt::QueuedConnection);
     }
 }
 
 void LibraryEngine::bringNextIntoMemory()
 {
-    const Result result = std::move(m_results.front());
-    m_results.pop_front();
-    queueNews(m_view->apply(result.change));
-    if (!result.answer)
+    const Delivery delivery = std::move(m_deliveries.front());
+    m_deliveries.pop_front();
+    if (delivery.contents) {
+        LibraryChange change = m_memory->changeTo(*delivery.contents);
+        // Which files the tags have may be other than before, though there are as many.
+        change.filesChanged = true;
+        const QVector<LibraryChange> pieces = change.inPieces(MostRows);
+        for (auto piece = pieces.crbegin(); piece != pieces.crend(); ++piece)
+            m_deliveries.push_front({*piece, {}, {}});
         return;
-    m_tellings.emplace_back([this, answer = result.answer] {
+    }
+    queueNotifications(m_memory->apply(delivery.change));
+    if (!delivery.answer)
+        return;
+    m_notifications.emplace_back([this, answer = delivery.answer] {
         --m_answers;
         answer();
     });
 }
 
-void LibraryEngine::queueNews(const LibraryNews& news)
+void LibraryEngine::queueNotifications(const LibraryNotifications& notifications)
 {
-    if (!news.groupsAdded.isEmpty())
-        m_tellings.emplace_back([this, ids = news.groupsAdded] { emit m_manager->signalAddTagGroups(ids); });
-    for (const auto& tag : news.tagsUpdated) {
-        m_tellings.emplace_back([tag] {
+    if (!notifications.groupsAdded.isEmpty())
+        m_notifications.emplace_back(
+            [this, ids = notifications.groupsAdded] { emit m_manager->signalAddTagGroups(ids); });
+    for (const auto& tag : notifications.tagsUpdated) {
+        m_notifications.emplace_back([tag] {
             if (const auto provider = tag->provider.toStrongRef())
                 emit provider->signalUpdated();
         });
     }
-    for (const GroupNews& group : news.groups)
-        queueGroupNews(group);
-    if (!news.groupsRemoved.isEmpty())
-        m_tellings.emplace_back([this, ids = news.groupsRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
-    if (news.filesChanged)
-        m_tellings.emplace_back([this] { emit filesChanged(); });
+    for (const GroupNotification& group : notifications.groups)
+        queueGroupNotification(group);
+    if (!notifications.groupsRemoved.isEmpty())
+        m_notifications.emplace_back(
+            [this, ids = notifications.groupsRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
+    if (notifications.filesChanged)
+        m_notifications.emplace_back([this] { emit filesChanged(); });
 }
 
-void LibraryEngine::queueGroupNews(const GroupNews& news)
+void LibraryEngine::queueGroupNotification(const GroupNotification& notification)
 {
     // Nobody can be connected to a provider that does not exist when its turn comes.
-    m_tellings.emplace_back([news] {
-        const auto provider = news.group->provider.toStrongRef();
-        if (provider && !news.tagsRemoved.isEmpty())
-            emit provider->signalRemoveTags(news.tagsRemoved);
-        if (provider && !news.tagsAdded.isEmpty())
-            emit provider->signalAddTags(news.tagsAdded);
-        if (provider && !news.group->gone)
+    m_notifications.emplace_back([notification] {
+        const auto provider = notification.group->provider.toStrongRef();
+        if (provider && !notification.tagsRemoved.isEmpty())
+            emit provider->signalRemoveTags(notification.tagsRemoved);
+        if (provider && !notification.tagsAdded.isEmpty())
+            emit provider->signalAddTags(notification.tagsAdded);
+        if (provider && !notification.group->gone)
             emit provider->signalUpdated();
     });
 }
 
-void LibraryEngine::tellNext()
+void LibraryEngine::emitNext()
 {
     m_goesOn = false;
     QElapsedTimer slice;
@@ -175,16 +242,16 @@ void LibraryEngine::tellNext()
     while (self && !isQueueEmpty() && !holdsQueue()) {
         if (slice.elapsed() >= Slice) {
             m_goesOn = true;
-            QMetaObject::invokeMethod(this, &LibraryEngine::tellNext, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(this, &LibraryEngine::emitNext, Qt::QueuedConnection);
             return;
         }
-        if (m_tellings.empty()) {
+        if (m_notifications.empty()) {
             bringNextIntoMemory();
             continue;
         }
-        const Telling telling = std::move(m_tellings.front());
-        m_tellings.pop_front();
-        telling();
+        const Notification notification = std::move(m_notifications.front());
+        m_notifications.pop_front();
+        notification();
     }
     if (self && isQueueEmpty())
         m_holdTimer.stop();

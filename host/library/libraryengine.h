@@ -1,52 +1,44 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/memory/librarynews.h"
-#include "host/library/records/librarychange.h"
+#include "host/library/memory/librarynotifications.h"
+#include "host/library/memory/requestsender.h"
+#include "host/library/requests/librarywriter.h"
 
-#include <QObject>
+#include <QDeadlineTimer>
 #include <QPointer>
 #include <QTimer>
 
 #include <atomic>
 #include <deque>
-#include <functional>
-#include <memory>
 
-class LibraryDatabase;
 class LibraryManager;
+class LibraryMemory;
 template <typename Connection>
 class LibraryThread;
-class LibraryView;
-class LibraryWriter;
 
 /// What carries requests to the writing thread and their results back: first into memory, then to the providers'
-/// signals, then to the answer. What other programs change in the same file goes the same way, looked for before every
-/// request and once a second.
+/// signals, then to the answer. What other programs change in the same library goes the same way, looked for before
+/// every request and once a second.
 ///
-/// Lives on the GUI thread. Results wait in one queue, brought into memory and told in order, also when a receiver runs
-/// an event loop of its own. That happens in slices of a few milliseconds, so that a large change does not hold up the
-/// window: a change of more than 200 rows is told in several signals.
-class LibraryEngine : public QObject
+/// Lives on the GUI thread. Results wait in one queue, brought into memory and emitted in order, also when a receiver
+/// runs an event loop of its own. That happens in slices of a few milliseconds, so that a large change does not hold up
+/// the window: a change of more than 200 rows is emitted in several signals.
+class LibraryEngine final : public RequestSender
 {
     Q_OBJECT
 
 public:
-    /// What a job leaves for the GUI thread. The answer is called after everything else was told.
-    struct Result
-    {
-        LibraryChange change;
-        std::function<void()> answer;
-    };
-    /// Runs on the writing thread, in one transaction of its own. Must not throw.
-    using Job = std::function<Result(LibraryDatabase& database)>;
-
-    LibraryEngine(const std::shared_ptr<LibraryView>& view, std::unique_ptr<LibraryThread<LibraryWriter>> writer);
-    /// Waits until the jobs sent so far are done; their results are dropped.
+    LibraryEngine(const std::shared_ptr<LibraryMemory>& memory, std::unique_ptr<LibraryThread<LibraryWriter>> writer);
+    /// Waits until the requests sent so far are carried out, for locks of other programs no longer than 5 seconds in
+    /// all; their results are dropped.
     ~LibraryEngine() override;
 
-    /// Callable on any thread.
-    void send(Job job);
+    void send(ChangeKind kind, LibraryRequestBody body, Answer answer) override;
+    /// Callable on any thread but the GUI thread's own, unless that needs no events meanwhile. Waits for locks of other
+    /// programs until \a cancelled is set or, without that, as any other request does.
+    [[nodiscard]] LibraryResult sendAndWait(ChangeKind kind, LibraryRequestBody body,
+                                            const std::atomic_bool* cancelled);
     /// The provider whose category signals follow the library.
     void setManager(const QSharedPointer<LibraryManager>& manager);
 
@@ -55,37 +47,51 @@ public:
     void holdNews(int longest);
     void releaseNews();
 
-    /// A number that no other request of the process has; above 0.
-    [[nodiscard]] static qint64 nextRequestId();
-
 signals:
     void filesChanged();
+    /// Other programs' changes cannot be read, for a reason that is not a lock; once for each reason.
+    void failed(const QString& reason);
 
 private slots:
     void lookOutside();
-    void tellNext();
+    void emitNext();
 
 private:
-    using Telling = std::function<void()>;
+    /// What came from the writing thread and is not in memory yet.
+    struct Delivery
+    {
+        LibraryChange change;
+        std::shared_ptr<const LibraryContents> contents;  ///< To be compared with memory first.
+        std::function<void()> answer;
+    };
+    using Notification = std::function<void()>;
 
-    void deliverOutsideChange(LibraryWriter& writer);
-    void deliver(const Result& result);
-    void receive(const QVector<Result>& results);
-    [[nodiscard]] bool isQueueEmpty() const { return m_tellings.empty() && m_results.empty(); }
+    [[nodiscard]] LibraryResult carryOut(LibraryWriter& writer, ChangeKind kind, const LibraryRequestBody& body,
+                                         const LibraryTransaction::MayWait& mayWait, const Answer& answer);
+    [[nodiscard]] LibraryTransaction::MayWait patience() const;
+    void deliver(const LibraryWriter::Others& others);
+    void deliver(const LibraryChange& change, const std::function<void()>& answer);
+    void post(const QVector<Delivery>& deliveries);
+    void reportOutside(const QString& error);
+    void receive(const QVector<Delivery>& deliveries);
+    [[nodiscard]] bool isQueueEmpty() const { return m_notifications.empty() && m_deliveries.empty(); }
     [[nodiscard]] bool holdsQueue() const { return m_holdsNews && m_answers == 0; }
     void bringNextIntoMemory();
-    void queueNews(const LibraryNews& news);
-    void queueGroupNews(const GroupNews& news);
+    void queueNotifications(const LibraryNotifications& notifications);
+    void queueGroupNotification(const GroupNotification& notification);
 
-    std::shared_ptr<LibraryView> m_view;
+    std::shared_ptr<LibraryMemory> m_memory;
     std::unique_ptr<LibraryThread<LibraryWriter>> m_writer;
     QSharedPointer<LibraryManager> m_manager;
-    std::deque<Result> m_results;    ///< Not in memory yet.
-    std::deque<Telling> m_tellings;  ///< Of what is in memory, told before the next change comes into it.
-    int m_answers = 0;               ///< In both queues.
+    std::deque<Delivery> m_deliveries;
+    std::deque<Notification> m_notifications;  ///< Of what is in memory, emitted before the next change comes into it.
+    int m_answers = 0;                         ///< In both queues.
     bool m_holdsNews = false;
     QTimer m_holdTimer;     ///< Runs while something is held back.
-    bool m_goesOn = false;  ///< The next slice of telling is on its way.
+    bool m_goesOn = false;  ///< The next slice of notifications is on its way.
     QTimer m_outsideTimer;
     std::atomic<bool> m_looksOutside = false;
+    std::atomic<qint64> m_closingUntil = 0;  ///< When to give up on locks, as QDeadlineTimer counts; 0 while open.
+    bool m_isIdle = true;                    ///< No request since the last look outside. Writing thread only.
+    QString m_lastFailure;                   ///< That was emitted.
 };

@@ -135,18 +135,20 @@ private slots:
     void filesOfTags()
     {
         const QString name = QStringLiteral("<b>%1 & co</b>");
-        QVERIFY(m_session->library().importAndWait({taggedFile("/a.png", {name})}).succeeded);
+        Library& library = m_session->library();
+        const qint64 root = library.addRootAndWait("/nowhere").rootId;
+        QVERIFY(library.importAndWait(root, {taggedFile("a.png", {name})}).succeeded());
         const FilePanel& panel = *m_window->filePanel();
         QVERIFY(panel.isHidden());
         emit m_plugin.window()->signalCheckoutTagFile({1});
         QTRY_COMPARE(panel.title(), QStringLiteral("1 file tagged ‘<b>%1 & co</b>’"));
         QVERIFY(panel.isVisible());
-        QVERIFY(m_session->library().importAndWait({taggedFile("/b.png", {name})}).succeeded);
+        QVERIFY(library.importAndWait(root, {taggedFile("b.png", {name})}).succeeded());
         QTRY_COMPARE(panel.title(), QStringLiteral("2 files tagged ‘<b>%1 & co</b>’"));
         QTRY_COMPARE(panel.view()->model()->index(1, 0).data().toString(), QStringLiteral("b.png"));
         emit m_plugin.window()->signalCheckoutGroupFile({0});
         QTRY_VERIFY(panel.title().startsWith(QLatin1String("2 files in category")));
-        QVERIFY(m_session->library().forgetAndWait({"/a.png", "/b.png"}).succeeded);
+        QVERIFY(library.forgetAndWait(root, {"a.png", "b.png"}).succeeded());
         QTRY_VERIFY(panel.message().startsWith(QLatin1String("No file")));
         QTest::keyClick(m_window.get(), Qt::Key_Escape);
         QVERIFY(panel.isHidden());
@@ -156,16 +158,15 @@ private slots:
     {
         Library& library = m_session->library();
         const auto tags = library.dataProvider()->tagManagerDataProvider()->tagGroup(-1);
-        const auto imported = [&library](const QByteArray& path) {
-            const bool done = library.importAndWait({taggedFile(path, {QString::fromUtf8(path)})}).succeeded;
-            // Each is on its way to this thread before the next one is carried out.
-            library.importAndWait({});
+        const qint64 root = library.addRootAndWait("/nowhere").rootId;
+        const auto imported = [&library, root](const QByteArray& path) {
+            const bool done = library.importAndWait(root, {taggedFile(path, {QString::fromUtf8(path)})}).succeeded();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
             return done;
         };
         VLTagModifyWidget dialog(m_plugin.window());
         dialog.open();
-        QVERIFY(imported("/a"));
+        QVERIFY(imported("a"));
         QCOMPARE(tags->tagCount(1), 0);
 
         const auto action = library.dataProvider()->tagAction();
@@ -179,12 +180,12 @@ private slots:
         QTRY_VERIFY2(!bar->isVisible(), "the refusal is shown beside a later success");
         QCOMPARE(tagsAtAnswers, QVector<int>({1, 2}));
 
-        QVERIFY(imported("/b"));
+        QVERIFY(imported("b"));
         QCOMPARE(tags->tagCount(1), 2);
         dialog.close();
         QTRY_COMPARE(tags->tagCount(1), 3);
         library.holdNews(0);
-        QVERIFY(imported("/c"));
+        QVERIFY(imported("c"));
         QTRY_VERIFY2(tags->tagCount(1) == 4, "held for longer than was asked for");
     }
 

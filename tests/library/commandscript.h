@@ -20,6 +20,7 @@ public:
         : m_library(library)
         , m_random(seed)
         , m_answered(answered)
+        , m_root(library->addRootAndWait("/nowhere").rootId)
     {
         connect(tags(), &ITagAction::signalTagResult, this, answered);
         connect(categories(), &ITagGroupAction::signalTagGroupResult, this, answered);
@@ -61,8 +62,9 @@ public:
             categories()->removeTagGroup(category);
             break;
         default:
-            m_library->requestImport({{"/" + name.toUtf8(), {}, {{name}}}}, this,
-                                     [this](const ImportOutcome&) { m_answered(); });
+            (void)m_library->importAndWait(m_root, {{name.toUtf8(), {}, 1, {}, {{name}}}});
+            QMetaObject::invokeMethod(
+                this, [this] { m_answered(); }, Qt::QueuedConnection);
         }
     }
 
@@ -73,5 +75,6 @@ private:
     Library* m_library;
     QRandomGenerator m_random;
     std::function<void()> m_answered;
+    qint64 m_root;
     int m_step = 0;
 };

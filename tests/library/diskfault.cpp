@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 
 // SQLite's file system layer for Unix lets its system calls be replaced by name:
@@ -34,6 +35,8 @@ ssize_t failWith(int error)
 
 ssize_t writeAt(int file, const void* data, size_t size, off_t offset)
 {
+    if (strikes(DiskFault::Kind::Kill))
+        std::raise(SIGKILL);
     if (strikes(DiskFault::Kind::Full))
         return failWith(ENOSPC);
     if (strikes(DiskFault::Kind::WriteError))

@@ -15,6 +15,7 @@ public:
         WriteError,     ///< Writing fails.
         ShortWrite,     ///< Half of it is written, then there is no space left.
         FillsUp,        ///< Files hold as many bytes as "after" says; writing beyond finds no space left.
+        Kill,           ///< Writing kills the process.
         LostWrite,      ///< Writing claims to succeed, and nothing reaches the disk.
         ReadError,      ///< Reading fails.
         ShortRead,      ///< Reading ends early.

@@ -13,6 +13,13 @@
 
 namespace {
 
+/// What a computer knows about libraries is kept away from the person who runs the tests.
+void useDataFolderOfTest()
+{
+    static const QTemporaryDir folder;
+    qputenv("XDG_DATA_HOME", folder.path().toUtf8());
+}
+
 QString listed(QVector<qint64> ids)
 {
     std::sort(ids.begin(), ids.end());
@@ -65,6 +72,7 @@ void LibraryFixture::close()
 
 bool LibraryFixture::reopen()
 {
+    useDataFolderOfTest();
     close();
     QString error;
     m_library = Library::open(path(), &error);
@@ -127,6 +135,11 @@ QSharedPointer<const IResponseInfo> LibraryFixture::answerTo(qint64 requestId, i
 int LibraryFixture::statusOf(const QSharedPointer<const IResponseInfo>& response)
 {
     return response ? response->status() : -1;
+}
+
+LibraryResult LibraryFixture::import(const QVector<ImportedFile>& files)
+{
+    return m_library->importAndWait(m_library->addRootAndWait("/p").rootId, files);
 }
 
 bool LibraryFixture::createTags(const QStringList& names)
@@ -207,6 +220,7 @@ QStringList LibraryFixture::shown() const
 
 bool LibraryFixture::openOnce(const QString& path)
 {
+    useDataFolderOfTest();
     QString error;
     const auto library = Library::open(path, &error);
     if (!library)
@@ -221,23 +235,24 @@ QStringList LibraryFixture::stored() const
 
 QStringList LibraryFixture::storedIn(const QString& path)
 {
+    useDataFolderOfTest();
     const auto reader = LibraryReader::open(path);
     if (!reader)
         return {};
     QStringList lines;
     QVector<qint64> uncategorized;
-    for (const TagRow& tag : reader->tags()) {
+    for (const TagRow& tag : reader->tags().value) {
         lines.append(tagLine(tag.id, tag.name, tag.colorIndex, tag.fileCount));
         uncategorized.append(tag.id);
     }
     QHash<qint64, QVector<qint64>> links;
-    for (const TagLink& link : reader->tagLinks()) {
+    for (const TagLink& link : reader->tagLinks().value) {
         links[link.categoryId].append(link.tagId);
         if (link.categoryId > 1)
             uncategorized.removeAll(link.tagId);
     }
-    lines.append(categoryLine(0, QStringLiteral("Uncategorized"), uncategorized));
-    for (const CategoryRow& category : reader->categories())
+    lines.append(categoryLine(0, QStringLiteral("Unsorted"), uncategorized));
+    for (const CategoryRow& category : reader->categories().value)
         lines.append(categoryLine(category.id, category.name, links.value(category.id)));
     return lines;
 }

@@ -43,6 +43,8 @@ public:
     /// The status of that answer, or -1 without one.
     int statusOf(qint64 requestId) { return statusOf(answerTo(requestId)); }
     static int statusOf(const QSharedPointer<const IResponseInfo>& response);
+    /// Writes a batch of files of the root "/p", which is nowhere on the disk.
+    LibraryResult import(const QVector<ImportedFile>& files);
 
     /// Creates tags with the colour 0; their ids go up from 1 in a new library. True on success.
     bool createTags(const QStringList& names);

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/database/librarydatabase.h"
-#include "host/library/records/librarystatus.h"
+#include "host/library/database/sqlite/sqlitedatabase.h"
 #include "tests/library/diskfault.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QFile>
 #include <QTest>
+
+#include <future>
 
 namespace {
 
@@ -13,7 +14,7 @@ QVector<ImportedFile> manyPictures()
 {
     QVector<ImportedFile> files;
     for (int i = 0; i < 300; ++i)
-        files.append({"/p/" + QByteArray::number(i), {1, i, {}, {}}, {{QStringLiteral("key %1").arg(i % 70)}}});
+        files.append({QByteArray::number(i), {1, i, {}}, 1, {}, {{QStringLiteral("key %1").arg(i % 70)}}});
     return files;
 }
 
@@ -93,7 +94,7 @@ private slots:
 
     void lockedByAnotherProgram()
     {
-        LibraryDatabase otherProgram(f->path(), LibraryDatabase::Access::ReadWrite);
+        SqliteDatabase otherProgram(f->path(), SqliteDatabase::Access::ReadWrite);
         otherProgram.execute("BEGIN IMMEDIATE");
         // The GUI thread stays free meanwhile.
         const qint64 request = f->tags()->renameTag(1, "x");
@@ -102,6 +103,29 @@ private slots:
         QVERIFY(answer->message().contains("locked"));
         QCOMPARE(f->takeLog(), QStringList{"answer 5"});
         QCOMPARE(f->tag(1)->name(), QStringLiteral("one"));
+    }
+
+    /// An import goes on when the lock is free again, and ends when it is cancelled; closing waits for a lock once, not
+    /// once for each request.
+    void importWaitsForALock()
+    {
+        const qint64 root = f->library()->addRootAndWait("/p").rootId;
+        SqliteDatabase otherProgram(f->path(), SqliteDatabase::Access::ReadWrite);
+        otherProgram.execute("BEGIN IMMEDIATE");
+        std::atomic_bool cancelled = false;
+        const auto import = [&] { return f->library()->importAndWait(root, manyPictures(), &cancelled); };
+        auto waiting = std::async(std::launch::async, import);
+        // Longer than one attempt to get the lock.
+        QCOMPARE(waiting.wait_for(std::chrono::milliseconds(1500)), std::future_status::timeout);
+        otherProgram.execute("ROLLBACK");
+        QCOMPARE(waiting.get().numbers.filesAdded, 300);
+        QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
+        otherProgram.execute("BEGIN IMMEDIATE");
+        cancelled = true;
+        QCOMPARE(import().status, LibraryStatus::Cancelled);
+        for (int i = 0; i < 20; ++i)
+            f->tags()->setTagColor(1, i % 8);
+        f->close();
     }
 
     /// The disk fails at the first call, at the second, and so on, until a request is carried out before it fails.
@@ -143,15 +167,16 @@ private slots:
     {
         const QVector<ImportedFile> files = manyPictures();
         const QStringList before = f->shown();
+        const qint64 root = f->library()->addRootAndWait("/p").rootId;
         for (int after : {0, 1, 5, 9}) {
             m_fault->set(DiskFault::Kind::Full, after);
-            const ImportOutcome outcome = f->library()->importAndWait(files);
+            const LibraryResult result = f->library()->importAndWait(root, files);
             m_fault->clear();
-            QVERIFY(!outcome.succeeded);
-            QVERIFY(outcome.message.contains("full"));
+            QVERIFY(!result.succeeded());
+            QVERIFY(result.message.contains("full"));
             QCOMPARE(f->stored(), before);
         }
-        QCOMPARE(f->library()->importAndWait(files).filesAdded, 300);
+        QCOMPARE(f->library()->importAndWait(root, files).numbers.filesAdded, 300);
         QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
     }
 
@@ -178,7 +203,7 @@ private slots:
     /// so on, says so or is right; the next time, it has everything.
     void failingReads()
     {
-        QVERIFY(f->library()->importAndWait(manyPictures()).succeeded);
+        QVERIFY(f->import(manyPictures()).succeeded());
         QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
         const QStringList whole = f->shown();
         for (const auto kind : {DiskFault::Kind::ReadError, DiskFault::Kind::ShortRead}) {
@@ -192,11 +217,10 @@ private slots:
                 QCOMPARE(error.isEmpty(), library != nullptr);
                 if (library) {
                     int files = -1;
-                    library->queryFileIds(FileQuery::allFiles(), this,
-                                          [&](const QVector<qint64>& ids, const QString& reason) {
-                                              files = ids.size();
-                                              error = reason;
-                                          });
+                    library->queryFileIds(FileQuery::allFiles(), this, [&](const LibraryAnswer<QVector<qint64>>& ids) {
+                        files = ids.value.size();
+                        error = ids.error;
+                    });
                     QTRY_VERIFY(files >= 0);
                     QVERIFY(files == 300 || !error.isEmpty());
                 }
@@ -215,6 +239,7 @@ private slots:
     /// library held at some earlier moment, whole.
     void lostWritesLeaveAnEarlierState()
     {
+        f->close();
         for (int after = 0; after < 12; ++after) {
             LibraryFixture library;
             QStringList states = {library.shown().join('\n')};
@@ -244,7 +269,7 @@ private slots:
         const auto answer = f->answerTo(f->tags()->renameTag(1, "x"));
         QCOMPARE(LibraryFixture::statusOf(answer), int(LibraryStatus::ReadOnly));
         QVERIFY(answer->message().contains("read-only"));
-        QVERIFY(!f->library()->importAndWait({{"/p/a", {}, {}}}).succeeded);
+        QVERIFY(!f->import({{"a", {}, 1, {}, {}}}).succeeded());
     }
 
     void readOnlyFolder()

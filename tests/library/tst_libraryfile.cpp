@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/database/librarydatabase.h"
 #include "host/library/database/libraryerror.h"
-#include "host/library/database/libraryschema.h"
+#include "host/library/database/sqlite/sqlitedatabase.h"
+#include "host/library/database/sqlite/sqliteschema.h"
 #include "host/library/libraryreader.h"
 #include "tests/library/libraryfixture.h"
 
@@ -51,13 +51,14 @@ private slots:
     void durableSettings()
     {
         LibraryFixture f;
-        LibraryDatabase database(f.path(), LibraryDatabase::Access::ReadWrite);
+        SqliteDatabase database(f.path(), SqliteDatabase::Access::ReadWrite);
         QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
         QCOMPARE(database.number("PRAGMA synchronous"), 2);
         QCOMPARE(database.number("PRAGMA busy_timeout"), 5000);
+        QCOMPARE(database.number("PRAGMA trusted_schema"), 0);
         QCOMPARE(database.number("SELECT journal_mode = 'wal' FROM pragma_journal_mode"), 1);
-        QCOMPARE(database.number("PRAGMA user_version"), libraryschema::currentVersion());
-        QCOMPARE(quint32(database.number("PRAGMA application_id")), libraryschema::ApplicationId);
+        QCOMPARE(database.number("PRAGMA user_version"), qint64(sqliteschema::CurrentVersion));
+        QCOMPARE(quint32(database.number("PRAGMA application_id")), sqliteschema::ApplicationId);
     }
 
     void refusedFilesStayAsTheyAre_data()
@@ -72,9 +73,14 @@ private slots:
             << QByteArray() << QStringList{"CREATE TABLE tags (id)"} << "another program";
         QTest::newRow("newer")
             << QByteArray()
-            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(libraryschema::ApplicationId),
+            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::ApplicationId),
                            "PRAGMA user_version = 99", "CREATE TABLE tags (other)"}
             << "newer";
+        QTest::newRow("negative version")
+            << QByteArray()
+            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::ApplicationId),
+                           "PRAGMA user_version = -1", "CREATE TABLE tags (other)"}
+            << "damaged";
     }
 
     void refusedFilesStayAsTheyAre()
@@ -100,7 +106,7 @@ private slots:
     {
         LibraryFixture f;
         QVERIFY(f.createTags({"one"}));
-        LibraryDatabase newer(f.path(), LibraryDatabase::Access::ReadWrite);
+        SqliteDatabase newer(f.path(), SqliteDatabase::Access::ReadWrite);
         newer.execute("PRAGMA user_version = 99");
         f.close();
         // As if that program had been killed: the new version is in the log only.
@@ -141,16 +147,72 @@ private slots:
         QCOMPARE(LibraryFixture::storedIn(path).size(), 2);
     }
 
-    void failedMigrationLeavesTheOldVersion()
+    /// A view that never ends, in the place of a table, and a trigger are refused before anything is read.
+    void otherTablesAreRefused()
+    {
+        for (const QStringList& statements :
+             {QStringList{"DROP TABLE decisions", "CREATE VIEW decisions AS WITH RECURSIVE n (i) AS (SELECT 1 UNION ALL"
+                                                  " SELECT i + 1 FROM n) SELECT i AS file_id FROM n"},
+              QStringList{"CREATE TRIGGER t AFTER INSERT ON tags BEGIN DELETE FROM tags; END"},
+              QStringList{"DROP INDEX tags_by_name"}}) {
+            LibraryFixture f;
+            f.close();
+            QCOMPARE(LibraryFixture::rowsOf(f.path(), statements), QStringList());
+            QString error;
+            QVERIFY(!Library::open(f.path(), &error));
+            QVERIFY2(error.contains("tables"), qPrintable(error));
+            QVERIFY(!LibraryReader::open(f.path(), &error));
+        }
+    }
+
+    /// The log is beside the file, not beside a link to it.
+    void openedThroughALink()
+    {
+        LibraryFixture f;
+        QVERIFY(f.createTags({"in the log"}));
+        const QTemporaryDir folder;
+        const QString link = folder.filePath("link");
+        QVERIFY(QFile::link(f.path(), link));
+        QCOMPARE(LibraryFixture::storedIn(link), f.stored());
+        LibraryFixture linked(link);
+        QVERIFY(linked.createTags({"through the link"}));
+        QCOMPARE(linked.library()->path(), f.library()->path());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    }
+
+    /// Nothing is said to be done that is not in the file of that name.
+    void fileThatWasMovedRefusesRequests()
+    {
+        for (const bool isReplaced : {false, true}) {
+            LibraryFixture f;
+            QVERIFY(f.createTags({"one"}));
+            QVERIFY(QFile::rename(f.path(), f.path() + ".moved"));
+            if (isReplaced)
+                QVERIFY(write(f.path(), "another file"));
+            QCOMPARE(f.statusOf(f.tags()->renameTag(1, "two")), int(LibraryStatus::Moved));
+            QCOMPARE(f.import({{"a", {}, 1, {}, {{"new"}}}}).status, LibraryStatus::Moved);
+            QCOMPARE(f.tag(1)->name(), QStringLiteral("one"));
+            f.close();
+            QCOMPARE(QFileInfo::exists(f.path()), isReplaced);
+        }
+    }
+
+    /// A log left beside the file would be added to a backup that is put in the file's place.
+    void logIsEmptiedWhenThereIsNothingToDo()
     {
         LibraryFixture f;
         QVERIFY(f.createTags({"one"}));
-        QVector<libraryschema::Step> steps = libraryschema::steps();
-        steps.append(libraryschema::Step{"DELETE FROM tags", "CREATE TABLE tags (again)"});
-        LibraryDatabase database(f.path(), LibraryDatabase::Access::ReadWrite);
-        QVERIFY_EXCEPTION_THROWN(libraryschema::migrate(database, steps), LibraryError);
-        QVERIFY(f.reopen());
-        QCOMPARE(f.group(-1)->tagCount(1), 1);
+        QVERIFY(QFileInfo(f.path() + "-wal").size() > 0);
+        QTRY_COMPARE_WITH_TIMEOUT(QFileInfo(f.path() + "-wal").size(), 0, 60000);
+    }
+
+    void creationThatWasInterrupted()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("empty");
+        QVERIFY(write(path, {}));
+        QVERIFY(LibraryReader::open(path));
+        QCOMPARE(LibraryFixture::storedIn(path).size(), 2);
     }
 
     void damagedLibraryIsReported()

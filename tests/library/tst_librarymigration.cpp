@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/database/librarydatabase.h"
+#include "host/library/database/libraryerror.h"
+#include "host/library/database/sqlite/sqlitedatabase.h"
+#include "host/library/database/sqlite/sqliteschema.h"
 #include "host/library/libraryreader.h"
+#include "host/library/requests/version1keywords.h"
 #include "tests/library/libraryfixture.h"
-#include "tests/library/testmigration.h"
 
-#include <QCryptographicHash>
-#include <QElapsedTimer>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QRandomGenerator>
 #include <QTest>
 
 namespace {
@@ -28,32 +28,33 @@ bool makeVersion1(const QString& path)
     return script.open(QIODevice::ReadOnly) && execute(path, script.readAll());
 }
 
-/// Enough rows that each step takes some time.
-bool multiply(const QString& path)
+/// What the settling tests are about: tags that version 1 made from keywords and a person changed afterwards, and the
+/// files that it filed, each with the hash of its keywords.
+struct Version1File
 {
-    const QByteArray upTo = "WITH RECURSIVE n (i) AS (SELECT 100 UNION ALL SELECT i + 1 FROM n WHERE i < ";
-    return execute(path, upTo + "6000) INSERT INTO tags SELECT i, 'tag ' || i, NULL, i % 8 FROM n;\n" + upTo +
-                             "3000) INSERT INTO files SELECT i, CAST('/p/' || i AS BLOB), i, i, NULL, NULL FROM n;\n" +
-                             upTo +
-                             "6000) INSERT OR IGNORE INTO file_tags SELECT i, 100 + (i * j) % 2900 FROM n,"
-                             " (SELECT 1 AS j UNION SELECT 3 UNION SELECT 7);\n");
-}
+    QByteArray name;
+    QVector<QString> keywords;
+    QVector<int> tags;
+};
 
-int versionOf(const QString& path)
+bool makeVersion1(const QString& path, const QStringList& tags, const QVector<Version1File>& files)
 {
-    return LibraryFixture::rowsOf(path, {"PRAGMA user_version"}).value(0).toInt();
-}
-
-/// The rows that every version keeps.
-QByteArray contentOf(const QString& path)
-{
-    const QStringList rows = LibraryFixture::rowsOf(
-        path, {"SELECT id || hex(name) || ifnull(hex(spelling), '-') || color FROM tags ORDER BY id",
-               "SELECT id || hex(name) || ifnull(hex(spelling), '-') FROM categories ORDER BY id",
-               "SELECT category_id || '.' || tag_id FROM tag_categories ORDER BY category_id, tag_id",
-               "SELECT id || hex(path) || size || modified || ifnull(hex(sidecars), '-') FROM files ORDER BY id",
-               "SELECT tag_id || '.' || file_id FROM file_tags ORDER BY tag_id, file_id"});
-    return QCryptographicHash::hash(rows.join('\n').toUtf8(), QCryptographicHash::Sha1);
+    if (!makeVersion1(path))
+        return false;
+    QByteArray script = "DELETE FROM file_tags;\nDELETE FROM files;\nDELETE FROM tag_categories;\nDELETE FROM tags;\n";
+    for (int i = 0; i < tags.size(); ++i) {
+        if (!tags.at(i).isEmpty())
+            script +=
+                QStringLiteral("INSERT INTO tags VALUES (%1, '%2', NULL, 0);\n").arg(i + 1).arg(tags.at(i)).toUtf8();
+    }
+    for (int i = 0; i < files.size(); ++i) {
+        const QByteArray id = QByteArray::number(i + 1);
+        script += "INSERT INTO files VALUES (" + id + ", CAST('/p/" + files.at(i).name + "' AS BLOB), 1, 1, NULL, x'" +
+                  version1keywords::hashOf(files.at(i).keywords).toHex() + "');\n";
+        for (int tag : files.at(i).tags)
+            script += "INSERT INTO file_tags VALUES (" + QByteArray::number(tag) + ", " + id + ");\n";
+    }
+    return execute(path, script);
 }
 
 }  // namespace
@@ -64,79 +65,225 @@ class TstLibraryMigration : public QObject
     Q_OBJECT
 
 private slots:
-    void version1IsOpened();
-    void killedAtAnyMoment();
-};
-
-void TstLibraryMigration::version1IsOpened()
-{
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("old");
-    QVERIFY(makeVersion1(path));
-    LibraryFixture f(path);
-    QVERIFY(f.isOpen());
-    const QStringList expected = {R"(tag 1 "sea" color 3 files 2)",
-                                  QStringLiteral("tag 2 \"cafe\u0301\" color 0 files 0"),
-                                  QStringLiteral("tag 4 \"\u6c34\u58a8\u753b\" color 7 files 0"),
-                                  QString(QStringLiteral("tag 5 \"a") + QChar(0xd800) + "\" color 1 files 1"),
-                                  R"(tag 6 "'); DROP TABLE tags; --"" color 2 files 0)",
-                                  "category 0 \"Uncategorized\": 4 5 6",
-                                  "category 1 \"Favorite Tags\": 4",
-                                  "category 2 \"Places\": 1 2",
-                                  "category 4 \"empty\": "};
-    QCOMPARE(f.shown(), expected);
-    const auto states = LibraryReader::open(path)->fileStates({"/p/a.jpg", "/p/caf\xe9.jpg"});
-    QCOMPARE(states.value("/p/a.jpg").content, QByteArray("\1\2"));
-    QCOMPARE(states.value("/p/caf\xe9.jpg").sidecars, QByteArray("x.xmp"));
-    // Ids of tags that are gone stay unused, and the tables are those of a new library.
-    QVERIFY(f.createTags({"new"}));
-    QVERIFY(f.tag(10));
-    const QString schema = "SELECT sql FROM sqlite_master WHERE sql IS NOT NULL ORDER BY name";
-    QCOMPARE(LibraryFixture::rowsOf(path, {schema}), LibraryFixture::rowsOf(LibraryFixture().path(), {schema}));
-}
-
-void TstLibraryMigration::killedAtAnyMoment()
-{
-    const QTemporaryDir folder;
-    const QString old = folder.filePath("old");
-    QVERIFY(makeVersion1(old) && multiply(old));
-    const QByteArray content = contentOf(old);
-    const int newest = testmigration::steps().size();
-    int duration = 0;  // Milliseconds that the whole way takes.
-    QRandomGenerator random(20240229);
-    QSet<int> found;
-    for (int round = 0; round <= 20; ++round) {
-        const QString path = folder.filePath(QString::number(round));
-        QVERIFY(QFile::copy(old, path));
-        QProcess runner;
-        runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        runner.start(QStringLiteral(COMMAND_RUNNER), {path, "migrate"});
-        QTRY_VERIFY(runner.bytesAvailable() > 0);
-        QElapsedTimer timer;
-        timer.start();
-        // The first one is let through.
-        runner.waitForFinished(round == 0 ? 60000 : random.bounded(duration));
-        duration = round == 0 ? int(timer.elapsed()) + 1 : duration;
-        runner.kill();
-        runner.waitForFinished();
-
-        const int version = versionOf(path);
-        found.insert(version);
-        QVERIFY(version >= 1 && version <= newest);
-        QVERIFY(round > 0 || version == newest);
+    void version1IsOpened()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("old");
+        QVERIFY(makeVersion1(path));
+        LibraryFixture f(path);
+        QVERIFY(f.isOpen());
+        const QStringList expected = {R"(tag 1 "sea" color 3 files 2)",
+                                      QStringLiteral("tag 2 \"cafe\u0301\" color 0 files 0"),
+                                      QStringLiteral("tag 4 \"\u6c34\u58a8\u753b\" color 7 files 0"),
+                                      QStringLiteral("tag 5 \"a\ufffd\" color 1 files 1"),
+                                      "tag 6 \"'); DROP TABLE tags; --\"\" color 2 files 0",
+                                      "category 0 \"Unsorted\": 4 5 6",
+                                      "category 1 \"Favorite Tags\": 4",
+                                      "category 2 \"Places\": 1 2",
+                                      "category 4 \"empty\": "};
+        QCOMPARE(f.shown(), expected);
+        QCOMPARE(f.stored(), expected);
+        QCOMPARE(f.library()->notes().size(), 1);
+        QVERIFY(f.library()->notes().first().contains(QStringLiteral("a\ufffd")));
+        const auto reader = LibraryReader::open(path);
+        const auto states = reader->fileStates(1, {"a.jpg", "caf\xe9.jpg"}).value;
+        QCOMPARE(states.value("a.jpg").state.size, 100);
+        QCOMPARE(states.value("a.jpg").readerVersion, 0);
+        QCOMPARE(states.value("caf\xe9.jpg").state.sidecars, QByteArray("x.xmp"));
+        QCOMPARE(reader->files({2}).value.first().path, QByteArray("/p/caf\xe9.jpg"));
+        // Ids of tags that are gone stay unused, and the tables are those of a new library.
+        QVERIFY(f.createTags({"new"}));
+        QVERIFY(f.tag(10));
+        const QString schema = "SELECT sql FROM sqlite_master WHERE sql IS NOT NULL ORDER BY name";
+        QCOMPARE(LibraryFixture::rowsOf(path, {schema}), LibraryFixture::rowsOf(LibraryFixture().path(), {schema}));
         QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
-        QCOMPARE(contentOf(path), content);
-        LibraryDatabase database(path, LibraryDatabase::Access::ReadWrite);
-        libraryschema::migrate(database, testmigration::steps());
-        QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
-        QCOMPARE(contentOf(path), content);
-        const QString tags = " " + QString::number(5906);
-        QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT version || ' ' || tags FROM history"}),
-                 (QStringList{"2" + tags, "3" + tags, "4" + tags}));
-        QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
+        QCOMPARE(LibraryFixture::rowsOf(path + ".v1.bak", {"PRAGMA user_version", "SELECT count(*) FROM files"}),
+                 (QStringList{"1", "2"}));
     }
-    QVERIFY2(found.size() > 1, "No migration was interrupted");
-}
+
+    void copyIsNeverWrittenOver()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("old");
+        QVERIFY(makeVersion1(path));
+        QVERIFY(QFile::copy(VERSION1_SCRIPT, path + ".v1.bak"));
+        // Without its references the library is damaged: it stays as it is, and no copy is left of the attempt.
+        const QString broken = folder.filePath("broken");
+        QVERIFY(QFile::copy(path, broken));
+        QVERIFY(execute(broken, "INSERT INTO file_tags VALUES (77, 1);\n"));
+        QString error;
+        QVERIFY(!Library::open(broken, &error));
+        QVERIFY2(error.contains("damaged"), qPrintable(error));
+        QCOMPARE(LibraryFixture::rowsOf(broken, {"PRAGMA user_version"}), QStringList{"1"});
+        QCOMPARE(QDir(folder.path()).entryList({"broken*.bak*"}), QStringList());
+        QVERIFY(LibraryFixture::openOnce(path));
+        QVERIFY(QFile(path + ".v1.bak").size() == QFile(VERSION1_SCRIPT).size());
+        QCOMPARE(LibraryFixture::rowsOf(path + ".v1.bak.2", {"PRAGMA user_version"}), QStringList{"1"});
+    }
+
+    /// Another program may have taken the step while this one waited for the lock.
+    void stepIsTakenOnce()
+    {
+        LibraryFixture f;
+        QVERIFY(f.createTags({"one"}));
+        SqliteDatabase database(f.path(), SqliteDatabase::Access::ReadWrite);
+        sqliteschema::takeStep(database, 1, [](LibraryDatabase& inside) { inside.execute("DELETE FROM tags"); });
+        QCOMPARE(database.number("SELECT count(*) FROM tags"), 1);
+        const auto breaking = [](LibraryDatabase& inside) {
+            inside.execute("INSERT INTO tag_categories VALUES (1, 77)");
+        };
+        QVERIFY_EXCEPTION_THROWN(sqliteschema::takeStep(database, 2, breaking), LibraryError);
+        QCOMPARE(database.number("PRAGMA user_version"), 2);
+        QCOMPARE(database.number("PRAGMA foreign_keys"), 1);
+    }
+
+    void killedAtAnyWrite()
+    {
+        const QTemporaryDir folder;
+        const QString old = folder.filePath("old");
+        QVERIFY(makeVersion1(old));
+        bool isKilled = true;
+        int ofVersion1 = 0;
+        QStringList expected;
+        {
+            const QString whole = folder.filePath("whole");
+            QVERIFY(QFile::copy(old, whole));
+            QVERIFY(LibraryFixture::openOnce(whole));
+            expected = LibraryFixture::storedIn(whole);
+        }
+        for (int write = 0; isKilled; ++write) {
+            const QString path = folder.filePath(QString::number(write));
+            QVERIFY(QFile::copy(old, path));
+            QProcess runner;
+            runner.setProcessChannelMode(QProcess::ForwardedChannels);
+            runner.start(QStringLiteral(COMMAND_RUNNER), {path, "0", QString::number(write)});
+            QVERIFY(runner.waitForFinished(60000));
+            isKilled = runner.exitStatus() == QProcess::CrashExit;
+            QVERIFY(isKilled || runner.exitCode() == 0);
+            const QString version = LibraryFixture::rowsOf(path, {"PRAGMA user_version"}).value(0);
+            QVERIFY(version == "1" || version == "2");
+            ofVersion1 += version == "1";
+            // A copy that has its name is whole.
+            if (version == "2" || QFile::exists(path + ".v1.bak"))
+                QCOMPARE(LibraryFixture::integrity(path + ".v1.bak"), QStringLiteral("ok"));
+            QVERIFY(LibraryFixture::openOnce(path));
+            QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
+            QCOMPARE(LibraryFixture::storedIn(path), expected);
+        }
+        QVERIFY(ofVersion1 > 5);
+    }
+
+    void keywordsAreExplained_data()
+    {
+        QTest::addColumn<QStringList>("tags");
+        QTest::addColumn<QVector<QString>>("keywords");
+        QTest::addColumn<QString>("ignored");
+        QTest::addColumn<QString>("undecided");
+        QTest::addColumn<QStringList>("namesOfNewFile");
+        // The files of version 1: "both" has the keywords A and B and the tags 1 and 2, "a" and "b" one of each.
+        const QVector<QString> both = {"A", "B"};
+        QTest::newRow("as they were") << QStringList{"A", "B"} << both << ""
+                                      << "" << QStringList{"A", "B"};
+        QTest::newRow("renamed") << QStringList{"A", "X"} << both << ""
+                                 << "" << QStringList{"A", "X"};
+        QTest::newRow("both renamed") << QStringList{"X", "Y"} << both << ""
+                                      << "" << QStringList{"X", "Y"};
+        QTest::newRow("swapped") << QStringList{"B", "A"} << both << ""
+                                 << "" << QStringList{"A", "B"};
+        QTest::newRow("deleted") << QStringList{"A", ""} << both << "B"
+                                 << "" << QStringList{"A"};
+    }
+
+    void keywordsAreExplained()
+    {
+        QFETCH(const QStringList, tags);
+        QFETCH(const QVector<QString>, keywords);
+        QFETCH(const QString, ignored);
+        QFETCH(const QString, undecided);
+        QFETCH(const QStringList, namesOfNewFile);
+        const auto present = [&](QVector<int> ids) {
+            ids.erase(std::remove_if(ids.begin(), ids.end(), [&](int id) { return tags.at(id - 1).isEmpty(); }),
+                      ids.end());
+            return ids;
+        };
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("old");
+        QVERIFY(makeVersion1(
+            path, tags,
+            {{"both", {"A", "B"}, present({1, 2})}, {"a", {"A"}, present({1})}, {"b", {"B"}, present({2})}}));
+        LibraryFixture f(path);
+        const QStringList before = f.shown();
+        const auto file = [](const QByteArray& name, const QVector<QString>& words) {
+            return ImportedFile{name, {1, 1, {}}, 1, {}, words};
+        };
+        QVERIFY(f.import({file("both", {"A", "B"}), file("a", {"A"}), file("b", {"B"})}).succeeded());
+        QVERIFY(f.library()->settleAndWait(1).succeeded());
+        f.statusOf(f.tags()->deleteTags({}));
+        QCOMPARE(f.shown(), before);
+        QStringList found;
+        QStringList foundUndecided;
+        for (const KeywordRow& row : LibraryReader::open(path)->keywordsIgnored().value)
+            (row.isUndecided ? foundUndecided : found).append(row.name);
+        QCOMPARE(found.join(' '), ignored);
+        QCOMPARE(foundUndecided.join(' '), undecided);
+        // From now on files are filed so.
+        QVERIFY(f.import({file("new", keywords), file("other", {"C"})}).succeeded());
+        f.statusOf(f.tags()->deleteTags({}));
+        QStringList names;
+        for (const QString& tag : tags) {
+            const auto provider = f.group(-1)->tagByName(tag);
+            const int had = before.filter('"' + tag + '"').value(0).section(' ', -1).toInt();
+            if (provider && provider->fileCount(1) > had)
+                names.append(tag);
+        }
+        names.sort();
+        QCOMPARE(names, namesOfNewFile);
+        QVERIFY(f.group(-1)->tagByName("C"));
+        QCOMPARE(f.shown(), f.stored());
+        QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT count(*) FROM decisions"}), QStringList{"0"});
+    }
+
+    /// As when a person does so today: the tag takes the ignored keyword of its new name.
+    void renamedToTheNameOfADeletedTag()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("old");
+        QVERIFY(makeVersion1(path, {"B"}, {{"a", {"A"}, {1}}, {"b", {"B"}, {}}}));
+        LibraryFixture f(path);
+        QVERIFY(f.import({{"a", {1, 1, {}}, 1, {}, {{"A"}}}, {"b", {1, 1, {}}, 1, {}, {{"B"}}}}).succeeded());
+        QVERIFY(f.library()->settleAndWait(1).succeeded());
+        f.statusOf(f.tags()->deleteTags({}));
+        QCOMPARE(f.tag(1)->fileCount(1), 2);
+        QCOMPARE(f.shown(), f.stored());
+        QCOMPARE(LibraryReader::open(path)->keywordsIgnored().value.size(), 0);
+    }
+
+    /// Two keywords of the same files, two tags that are called otherwise: nobody knows which is which.
+    void ambiguousKeywordsAreListed()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("old");
+        QVERIFY(makeVersion1(path, {"X", "Y"}, {{"one", {"A", "B"}, {1, 2}}, {"changed", {"old"}, {}}}));
+        LibraryFixture f(path);
+        const QStringList before = f.shown();
+        QVERIFY(f.import({{"one", {1, 1, {}}, 1, {}, {{"A", "B"}}}, {"changed", {2, 2, {}}, 1, {}, {{"fresh"}}}})
+                    .succeeded());
+        QVERIFY(f.library()->settleAndWait(1).succeeded());
+        f.statusOf(f.tags()->deleteTags({}));
+        const auto listed = LibraryReader::open(path)->keywordsIgnored().value;
+        QCOMPARE(listed.size(), 2);
+        QVERIFY(listed.first().isUndecided && listed.last().isUndecided);
+        QCOMPARE(f.shown().mid(0, 2), before.mid(0, 2));
+        QCOMPARE(f.group(-1)->tagByName("fresh")->fileCount(1), 1);
+        QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT count(*) FROM decisions WHERE sign = 1"}), QStringList{"2"});
+        // The tags stay on the file when it is read again, and a person may give one of the keywords a tag.
+        QVERIFY(f.import({{"one", {3, 3, {}}, 1, {}, {{"A", "B", "more"}}}}).succeeded());
+        QVERIFY(f.createTags({"A"}));
+        QCOMPARE(f.group(-1)->tagByName("A")->fileCount(1), 1);
+        QCOMPARE(f.tag(1)->fileCount(1), 1);
+        QCOMPARE(f.shown(), f.stored());
+    }
+};
 
 QTEST_GUILESS_MAIN(TstLibraryMigration)
 

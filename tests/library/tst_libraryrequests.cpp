@@ -34,7 +34,7 @@ private slots:
     void newLibraryHasTheReservedCategories()
     {
         QCOMPARE(f->group(-1)->tagCount(1), 3);
-        QCOMPARE(f->group(0)->groupName(), QStringLiteral("Uncategorized"));
+        QCOMPARE(f->group(0)->groupName(), QStringLiteral("Unsorted"));
         QCOMPARE(f->group(0)->tagCount(1), 3);
         QCOMPARE(f->group(1)->groupName(), QStringLiteral("Favorite Tags"));
         QCOMPARE(f->group(1)->groupInfo()->id(), 1);

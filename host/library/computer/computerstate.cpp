@@ -2,10 +2,10 @@
 #include "host/library/computer/computerstate.h"
 
 #include "host/library/computer/datafolder.h"
-#include "host/library/database/librarydatabase.h"
 #include "host/library/database/libraryerror.h"
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/librarytransaction.h"
+#include "host/library/database/sqlite/sqlitedatabase.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -32,12 +32,12 @@ QByteArray blob(const QByteArray& bytes)
     return bytes.isNull() ? QByteArray("") : bytes;
 }
 
-std::unique_ptr<LibraryDatabase> connectTo(const QByteArray& path)
+std::unique_ptr<SqliteDatabase> connectTo(const QByteArray& path)
 {
     const int file = open(path.constData(), O_CREAT | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file >= 0)
         close(file);
-    auto database = std::make_unique<LibraryDatabase>(QFile::decodeName(path), LibraryDatabase::Access::ReadWrite);
+    auto database = std::make_unique<SqliteDatabase>(QFile::decodeName(path), SqliteDatabase::Access::ReadWrite);
     database->execute(QStringLiteral("PRAGMA journal_mode = WAL"));
     database->execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
     for (const char* const statement : schema)
@@ -51,7 +51,7 @@ void removeDatabase(const QByteArray& path)
         unlink(QByteArray(path + ending).constData());
 }
 
-std::unique_ptr<LibraryDatabase> openIn(const QByteArray& folder)
+std::unique_ptr<SqliteDatabase> openIn(const QByteArray& folder)
 {
     if (folder.isEmpty())
         return nullptr;
@@ -70,7 +70,7 @@ std::unique_ptr<LibraryDatabase> openIn(const QByteArray& folder)
     }
 }
 
-std::unique_ptr<LibraryDatabase> openTemporary()
+std::unique_ptr<SqliteDatabase> openTemporary()
 {
     static const QTemporaryDir folder;
     return folder.isValid() ? openIn(QFile::encodeName(folder.path())) : nullptr;

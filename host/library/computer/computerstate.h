@@ -8,7 +8,7 @@
 
 #include <memory>
 
-class LibraryDatabase;
+class SqliteDatabase;
 
 /// A library that was opened on this computer. The same library may be there in several files.
 struct KnownLibrary
@@ -69,5 +69,5 @@ private:
     void attempt(Operation operation) const;
 
     QString m_libraryId;
-    std::unique_ptr<LibraryDatabase> m_database;  ///< Null when not even a temporary file can be made.
+    std::unique_ptr<SqliteDatabase> m_database;  ///< Null when not even a temporary file can be made.
 };

@@ -5,34 +5,154 @@
 
 namespace {
 
-std::optional<FileRow> readFile(LibraryStatement& statement)
+FileRow readRow(const LibraryStatement& statement)
 {
-    if (!statement.next())
-        return std::nullopt;
-    const FileState state{statement.integer(2), statement.integer(3), statement.bytes(4), statement.bytes(5)};
-    return FileRow{statement.integer(0), statement.bytes(1), state, {}};
+    FileRow row;
+    row.id = statement.integer(0);
+    row.rootId = statement.integer(1);
+    row.relativePath = statement.bytes(2);
+    row.known = {{statement.integer(3), statement.integer(4), statement.bytes(5)}, int(statement.integer(6))};
+    return row;
 }
 
 }  // namespace
 
-std::optional<FileRow> filetable::fileByPath(LibraryDatabase& database, const QByteArray& path)
+std::optional<filetable::StoredFile> filetable::fileByPath(LibraryDatabase& database, qint64 rootId,
+                                                           const QByteArray& path)
 {
-    LibraryStatement select(database, "SELECT id, path, size, modified, sidecars, content FROM files WHERE path = ?");
-    return readFile(select.run(path));
+    LibraryStatement select(database, "SELECT id, size, modified, sidecars, reader, identity, v1_content FROM files"
+                                      " WHERE root_id = ? AND path = ?");
+    if (!select.run(rootId, path).next())
+        return std::nullopt;
+    StoredFile file = {select.integer(0),
+                       {{select.integer(1), select.integer(2), select.bytes(3)}, int(select.integer(4))},
+                       select.bytes(5),
+                       std::nullopt};
+    if (!select.isNull(6))
+        file.version1Hash = select.bytes(6);
+    return file;
 }
 
 std::optional<FileRow> filetable::fileById(LibraryDatabase& database, qint64 id)
 {
-    LibraryStatement select(database, "SELECT id, path, size, modified, sidecars, content FROM files WHERE id = ?");
-    return readFile(select.run(id));
+    LibraryStatement select(database,
+                            "SELECT id, root_id, path, size, modified, sidecars, reader FROM files WHERE id = ?");
+    if (!select.run(id).next())
+        return std::nullopt;
+    return readRow(select);
 }
 
-QVector<qint64> filetable::tagsOfFile(LibraryDatabase& database, qint64 id)
+void filetable::forEach(LibraryDatabase& database, const std::function<bool(FileRow& file)>& visitor)
 {
-    LibraryStatement select(database, "SELECT tag_id FROM file_tags WHERE file_id = ? ORDER BY tag_id");
+    LibraryStatement select(
+        database, "SELECT id, root_id, path, size, modified, sidecars, reader FROM files ORDER BY root_id, path");
+    select.run();
+    while (select.next()) {
+        FileRow row = readRow(select);
+        if (!visitor(row))
+            return;
+    }
+}
+
+qint64 filetable::insert(LibraryDatabase& database, qint64 rootId, const ImportedFile& file)
+{
+    LibraryStatement insert(database, "INSERT INTO files (root_id, path, size, modified, sidecars, reader, identity)"
+                                      " VALUES (?, ?, ?, ?, ?, ?, ?)");
+    insert.run(rootId, file.path, file.state.size, file.state.modified, file.state.sidecars, file.readerVersion,
+               file.identity);
+    return insert.lastInsertId();
+}
+
+void filetable::update(LibraryDatabase& database, qint64 id, const ImportedFile& file, bool keepsVersion1)
+{
+    LibraryStatement(database, "UPDATE files SET size = ?, modified = ?, sidecars = ?, reader = ?, identity = ?,"
+                               " v1_content = iif(?, v1_content, NULL) WHERE id = ?")
+        .run(file.state.size, file.state.modified, file.state.sidecars, file.readerVersion, file.identity,
+             keepsVersion1, id);
+}
+
+/// Keywords and decisions go with the file's row; so would its tags, which the caller has counted.
+void filetable::remove(LibraryDatabase& database, qint64 id)
+{
+    LibraryStatement(database, "DELETE FROM files WHERE id = ?").run(id);
+}
+
+QVector<qint64> filetable::tagsOf(LibraryDatabase& database, qint64 id)
+{
+    return LibraryStatement(database, "SELECT tag_id FROM file_tags WHERE file_id = ? ORDER BY tag_id")
+        .run(id)
+        .integers();
+}
+
+void filetable::addTag(LibraryDatabase& database, qint64 id, qint64 tagId)
+{
+    LibraryStatement(database, "INSERT INTO file_tags (tag_id, file_id) VALUES (?, ?)").run(tagId, id);
+}
+
+void filetable::removeTag(LibraryDatabase& database, qint64 id, qint64 tagId)
+{
+    LibraryStatement(database, "DELETE FROM file_tags WHERE tag_id = ? AND file_id = ?").run(tagId, id);
+}
+
+QVector<qint64> filetable::keywordsOf(LibraryDatabase& database, qint64 id)
+{
+    return LibraryStatement(database, "SELECT keyword_id FROM file_keywords WHERE file_id = ? ORDER BY keyword_id")
+        .run(id)
+        .integers();
+}
+
+void filetable::addKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId)
+{
+    LibraryStatement(database, "INSERT INTO file_keywords (file_id, keyword_id) VALUES (?, ?)").run(id, keywordId);
+}
+
+void filetable::removeKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId)
+{
+    LibraryStatement(database, "DELETE FROM file_keywords WHERE file_id = ? AND keyword_id = ?").run(id, keywordId);
+}
+
+bool filetable::hasFilesOfVersion1(LibraryDatabase& database)
+{
+    return LibraryStatement(database, "SELECT 1 FROM files WHERE v1_content IS NOT NULL LIMIT 1").run().next();
+}
+
+bool filetable::hasDecisions(LibraryDatabase& database)
+{
+    return LibraryStatement(database, "SELECT 1 FROM decisions LIMIT 1").run().next();
+}
+
+QVector<filetable::Decision> filetable::decisionsOf(LibraryDatabase& database, qint64 id)
+{
+    LibraryStatement select(database, "SELECT tag_id, sign FROM decisions WHERE file_id = ?");
     select.run(id);
-    QVector<qint64> tags;
+    QVector<Decision> decisions;
     while (select.next())
-        tags.append(select.integer(0));
-    return tags;
+        decisions.append({select.integer(0), select.integer(1) > 0});
+    return decisions;
+}
+
+void filetable::removeDecision(LibraryDatabase& database, qint64 id, qint64 tagId)
+{
+    LibraryStatement(database, "DELETE FROM decisions WHERE file_id = ? AND tag_id = ?").run(id, tagId);
+}
+
+int filetable::followKeyword(LibraryDatabase& database, qint64 keywordId, qint64 tagId)
+{
+    LibraryStatement insert(database,
+                            "INSERT INTO file_tags (tag_id, file_id) SELECT ?, file_id FROM file_keywords AS own"
+                            " WHERE keyword_id = ? AND NOT EXISTS (SELECT 1 FROM decisions WHERE file_id = own.file_id"
+                            " AND tag_id = ? AND sign < 0) ON CONFLICT DO NOTHING");
+    return insert.run(tagId, keywordId, tagId).rowsChanged();
+}
+
+int filetable::leaveKeyword(LibraryDatabase& database, qint64 keywordId, qint64 tagId)
+{
+    LibraryStatement remove(
+        database, "DELETE FROM file_tags WHERE tag_id = ? AND file_id IN"
+                  " (SELECT file_id FROM file_keywords WHERE keyword_id = ?)"
+                  " AND NOT EXISTS (SELECT 1 FROM file_keywords AS other JOIN keywords ON keywords.id ="
+                  " other.keyword_id WHERE other.file_id = file_tags.file_id AND keywords.tag_id = file_tags.tag_id)"
+                  " AND NOT EXISTS (SELECT 1 FROM decisions WHERE decisions.file_id = file_tags.file_id"
+                  " AND decisions.tag_id = file_tags.tag_id AND sign > 0)");
+    return remove.run(tagId, keywordId).rowsChanged();
 }

@@ -6,16 +6,12 @@
 
 #include <exception>
 
-class QSqlError;
-
 /// Thrown inside the library's database code, so that whatever fails leaves a transaction by the way that rolls it
 /// back. Never leaves the public face of the library.
 class LibraryError : public std::exception
 {
 public:
     LibraryError(LibraryStatus status, const QString& message);
-    /// What SQLite reported, put into words for a person.
-    explicit LibraryError(const QSqlError& error);
 
     LibraryError& rejectTags(const QVector<TagRow>& tags);
     LibraryError& rejectCategories(const QVector<CategoryRow>& categories);

@@ -8,7 +8,8 @@
 #include <QSqlError>
 
 LibraryStatement::LibraryStatement(LibraryDatabase& database, const char* sql)
-    : m_query(database.prepared(sql))
+    : m_database(database)
+    , m_query(database.prepared(sql))
 {
 }
 
@@ -25,7 +26,7 @@ void LibraryStatement::bind(int place, const QVariant& value)
 void LibraryStatement::execute()
 {
     if (!m_query.exec())
-        throw LibraryError(m_query.lastError());
+        throw m_database.errorOf(m_query.lastError());
 }
 
 bool LibraryStatement::next()
@@ -33,7 +34,7 @@ bool LibraryStatement::next()
     if (m_query.next())
         return true;
     if (m_query.lastError().isValid())
-        throw LibraryError(m_query.lastError());
+        throw m_database.errorOf(m_query.lastError());
     return false;
 }
 
@@ -45,6 +46,19 @@ qint64 LibraryStatement::integer(int column) const
 QByteArray LibraryStatement::bytes(int column) const
 {
     return m_query.value(column).toByteArray();
+}
+
+bool LibraryStatement::isNull(int column) const
+{
+    return m_query.isNull(column);
+}
+
+QVector<qint64> LibraryStatement::integers()
+{
+    QVector<qint64> values;
+    while (next())
+        values.append(integer(0));
+    return values;
 }
 
 QString LibraryStatement::name(int keyColumn, int spellingColumn) const

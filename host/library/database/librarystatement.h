@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QVariant>
+#include <QVector>
 
 class LibraryDatabase;
 class QSqlQuery;
@@ -13,7 +14,7 @@ class QSqlQuery;
 class LibraryStatement
 {
 public:
-    /// \a sql is a string literal: its address is what finds the prepared statement again.
+    /// \a sql finds the prepared statement again, so it is one of few texts, never made of values.
     LibraryStatement(LibraryDatabase& database, const char* sql);
     ~LibraryStatement();
 
@@ -31,6 +32,9 @@ public:
     [[nodiscard]] bool next();
     [[nodiscard]] qint64 integer(int column) const;
     [[nodiscard]] QByteArray bytes(int column) const;
+    [[nodiscard]] bool isNull(int column) const;
+    /// The first column of all rows that follow.
+    [[nodiscard]] QVector<qint64> integers();
     /// A name from a column with the name's key and one with its spelling, which is null when it is the same.
     [[nodiscard]] QString name(int keyColumn, int spellingColumn) const;
 
@@ -44,5 +48,6 @@ private:
     void bind(int place, const QVariant& value);
     void execute();
 
+    LibraryDatabase& m_database;
     QSqlQuery& m_query;
 };

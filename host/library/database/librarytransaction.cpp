@@ -4,16 +4,26 @@
 #include "host/library/database/librarydatabase.h"
 #include "host/library/database/libraryerror.h"
 
-LibraryTransaction::LibraryTransaction(LibraryDatabase& database, Kind kind)
+LibraryTransaction::LibraryTransaction(LibraryDatabase& database, Kind kind, const MayWait& mayWait)
     : m_database(database)
 {
-    m_database.execute(kind == Kind::Writing ? QStringLiteral("BEGIN IMMEDIATE") : QStringLiteral("BEGIN"));
+    if (m_database.m_inTransaction) {
+        Q_ASSERT(kind == Kind::Reading);
+        m_open = false;
+        return;
+    }
+    if (kind == Kind::Writing)
+        m_database.beginWriting(mayWait);
+    else
+        m_database.execute(QStringLiteral("BEGIN"));
+    m_database.m_inTransaction = true;
 }
 
 LibraryTransaction::~LibraryTransaction()
 {
     if (!m_open)
         return;
+    m_database.m_inTransaction = false;
     try {
         m_database.execute(QStringLiteral("ROLLBACK"));
     } catch (const LibraryError&) {
@@ -24,5 +34,6 @@ LibraryTransaction::~LibraryTransaction()
 void LibraryTransaction::commit()
 {
     m_database.execute(QStringLiteral("COMMIT"));
+    m_database.m_inTransaction = false;
     m_open = false;
 }

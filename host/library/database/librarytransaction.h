@@ -3,6 +3,8 @@
 
 #include <QtGlobal>
 
+#include <functional>
+
 class LibraryDatabase;
 
 /// A transaction that is rolled back unless it was committed.
@@ -11,12 +13,15 @@ class LibraryTransaction
 public:
     enum class Kind
     {
-        Reading,  ///< Sees one state of the library throughout.
-        Writing   ///< Takes the write lock at once, so that it cannot fail half way because somebody else has it.
+        Reading,  ///< Sees one state of the library throughout. Inside another transaction it is a part of that one.
+        Writing   ///< Takes the write lock at once.
     };
+    /// Whether to go on waiting for a lock.
+    using MayWait = std::function<bool()>;
 
-    /// Throws a LibraryError when the lock is not to be had in time.
-    LibraryTransaction(LibraryDatabase& database, Kind kind);
+    /// Throws a LibraryError if the lock cannot be acquired as long as \a mayWait answers true.
+    LibraryTransaction(
+        LibraryDatabase& database, Kind kind, const MayWait& mayWait = [] { return false; });
     ~LibraryTransaction();
 
     /// On the disk when it returns; throws a LibraryError when that failed.

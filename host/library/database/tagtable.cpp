@@ -2,119 +2,91 @@
 #include "host/library/database/tagtable.h"
 
 #include "host/library/database/librarystatement.h"
-#include "host/library/records/tagname.h"
+#include "host/library/database/namecolumns.h"
 
 namespace {
 
-QVariant keyColumn(const QString& name)
+TagRow readTag(const LibraryStatement& statement)
 {
-    return tagname::toColumn(tagname::key(name));
+    return {statement.integer(0), statement.name(1, 2), int(statement.integer(3)), int(statement.integer(4))};
 }
 
-/// Null where the name is its own key, as nearly every name is.
-QVariant spellingColumn(const QString& name)
-{
-    const QString kept = tagname::kept(name);
-    return kept == tagname::key(name) ? QVariant() : tagname::toColumn(kept);
-}
-
-std::optional<TagRow> readTag(LibraryStatement& statement)
+std::optional<TagRow> readOne(LibraryStatement& statement)
 {
     if (!statement.next())
         return std::nullopt;
-    return TagRow{statement.integer(0), statement.name(1, 2), static_cast<int>(statement.integer(3)), 0};
-}
-
-std::optional<CategoryRow> readCategory(LibraryStatement& statement)
-{
-    if (!statement.next())
-        return std::nullopt;
-    return CategoryRow{statement.integer(0), statement.name(1, 2), 0};
+    return readTag(statement);
 }
 
 }  // namespace
 
 QVector<TagRow> tagtable::tags(LibraryDatabase& database)
 {
-    LibraryStatement select(database, "SELECT id, name, spelling, color, ifnull(file_count, 0) FROM tags LEFT JOIN"
-                                      " (SELECT tag_id, count(*) AS file_count FROM file_tags GROUP BY tag_id)"
-                                      " ON tag_id = id ORDER BY id");
+    LibraryStatement select(database,
+                            "SELECT id, name, spelling, color, file_count FROM tags WHERE deleted IS NULL ORDER BY id");
     select.run();
     QVector<TagRow> rows;
     while (select.next())
-        rows.append({select.integer(0), select.name(1, 2), int(select.integer(3)), int(select.integer(4))});
+        rows.append(readTag(select));
     return rows;
-}
-
-QVector<CategoryRow> tagtable::categories(LibraryDatabase& database)
-{
-    LibraryStatement select(database,
-                            "SELECT id, name, spelling, ifnull(tag_count, 0) FROM categories LEFT JOIN"
-                            " (SELECT category_id, count(*) AS tag_count FROM tag_categories GROUP BY category_id)"
-                            " ON category_id = id ORDER BY id");
-    select.run();
-    QVector<CategoryRow> rows;
-    while (select.next())
-        rows.append({select.integer(0), select.name(1, 2), int(select.integer(3))});
-    return rows;
-}
-
-QVector<TagLink> tagtable::tagLinks(LibraryDatabase& database)
-{
-    LibraryStatement select(database, "SELECT category_id, tag_id FROM tag_categories");
-    select.run();
-    QVector<TagLink> links;
-    while (select.next())
-        links.append({select.integer(0), select.integer(1)});
-    return links;
 }
 
 std::optional<TagRow> tagtable::tagByName(LibraryDatabase& database, const QString& name)
 {
-    LibraryStatement select(database, "SELECT id, name, spelling, color FROM tags WHERE name = ?");
-    return readTag(select.run(keyColumn(name)));
+    LibraryStatement select(
+        database, "SELECT id, name, spelling, color, file_count FROM tags WHERE name = ? AND deleted IS NULL");
+    return readOne(select.run(namecolumns::key(name)));
 }
 
 std::optional<TagRow> tagtable::tagById(LibraryDatabase& database, qint64 id)
 {
-    LibraryStatement select(database, "SELECT id, name, spelling, color FROM tags WHERE id = ?");
-    return readTag(select.run(id));
+    LibraryStatement select(database,
+                            "SELECT id, name, spelling, color, file_count FROM tags WHERE id = ? AND deleted IS NULL");
+    return readOne(select.run(id));
 }
 
 TagRow tagtable::insertTag(LibraryDatabase& database, const QString& name, int colorIndex)
 {
     LibraryStatement insert(database, "INSERT INTO tags (name, spelling, color) VALUES (?, ?, ?)");
-    insert.run(keyColumn(name), spellingColumn(name), colorIndex);
+    insert.run(namecolumns::key(name), namecolumns::spelling(name), colorIndex);
     return {insert.lastInsertId(), tagname::kept(name), colorIndex, 0};
 }
 
-void tagtable::updateTagName(LibraryDatabase& database, qint64 id, const QString& name)
+void tagtable::updateName(LibraryDatabase& database, qint64 id, const QString& name)
 {
     LibraryStatement update(database, "UPDATE tags SET name = ?, spelling = ? WHERE id = ?");
-    update.run(keyColumn(name), spellingColumn(name), id);
+    update.run(namecolumns::key(name), namecolumns::spelling(name), id);
 }
 
-std::optional<CategoryRow> tagtable::categoryByName(LibraryDatabase& database, const QString& name)
+void tagtable::updateColor(LibraryDatabase& database, qint64 id, int colorIndex)
 {
-    LibraryStatement select(database, "SELECT id, name, spelling FROM categories WHERE name = ?");
-    return readCategory(select.run(keyColumn(name)));
+    LibraryStatement(database, "UPDATE tags SET color = ? WHERE id = ?").run(colorIndex, id);
 }
 
-std::optional<CategoryRow> tagtable::categoryById(LibraryDatabase& database, qint64 id)
+void tagtable::markDeleted(LibraryDatabase& database, qint64 id, qint64 changeId)
 {
-    LibraryStatement select(database, "SELECT id, name, spelling FROM categories WHERE id = ?");
-    return readCategory(select.run(id));
+    LibraryStatement(database, "UPDATE tags SET deleted = ? WHERE id = ?").run(changeId, id);
 }
 
-CategoryRow tagtable::insertCategory(LibraryDatabase& database, const QString& name)
+void tagtable::addToFileCount(LibraryDatabase& database, qint64 id, int more)
 {
-    LibraryStatement insert(database, "INSERT INTO categories (name, spelling) VALUES (?, ?)");
-    insert.run(keyColumn(name), spellingColumn(name));
-    return {insert.lastInsertId(), tagname::kept(name), 0};
+    LibraryStatement(database, "UPDATE tags SET file_count = file_count + ? WHERE id = ?").run(more, id);
 }
 
-void tagtable::updateCategoryName(LibraryDatabase& database, qint64 id, const QString& name)
+QVector<qint64> tagtable::deletedIds(LibraryDatabase& database)
 {
-    LibraryStatement update(database, "UPDATE categories SET name = ?, spelling = ? WHERE id = ?");
-    update.run(keyColumn(name), spellingColumn(name), id);
+    LibraryStatement select(database, "SELECT id FROM tags WHERE deleted IS NOT NULL");
+    return select.run().integers();
+}
+
+qint64 tagtable::count(LibraryDatabase& database)
+{
+    LibraryStatement select(database, "SELECT count(*) FROM tags WHERE deleted IS NULL");
+    return select.run().next() ? select.integer(0) : 0;
+}
+
+qint64 tagtable::linkCount(LibraryDatabase& database)
+{
+    LibraryStatement select(database, "SELECT ifnull(sum(file_count), 0) FROM tags WHERE deleted IS NULL");
+    return select.run().next() ? select.integer(0) : 0;
 }

@@ -7,28 +7,29 @@
 
 class LibraryDatabase;
 
-/// The rows of tags and categories. All of it throws LibraryErrors; what writes belongs into a
+/// The rows of tags; those marked as deleted are left out. All of it throws LibraryErrors; what writes belongs into a
 /// transaction of the caller.
 namespace tagtable {
 
-/// Every tag with its number of files, by id. Counts all links once.
+/// Every tag, by id.
 [[nodiscard]] QVector<TagRow> tags(LibraryDatabase& database);
-/// The favourites and the user categories, by id.
-[[nodiscard]] QVector<CategoryRow> categories(LibraryDatabase& database);
-/// Every link between a tag and a category, favourites included.
-[[nodiscard]] QVector<TagLink> tagLinks(LibraryDatabase& database);
-
-/// The tag with that name, compared by key; without its file count.
+/// The tag with that name, compared by key.
 [[nodiscard]] std::optional<TagRow> tagByName(LibraryDatabase& database, const QString& name);
 [[nodiscard]] std::optional<TagRow> tagById(LibraryDatabase& database, qint64 id);
+
 /// Adds a tag whose name is not taken.
 TagRow insertTag(LibraryDatabase& database, const QString& name, int colorIndex);
-void updateTagName(LibraryDatabase& database, qint64 id, const QString& name);
+void updateName(LibraryDatabase& database, qint64 id, const QString& name);
+void updateColor(LibraryDatabase& database, qint64 id, int colorIndex);
+/// Marks the tag as deleted by the change \a changeId; its files, categories and keywords stay.
+void markDeleted(LibraryDatabase& database, qint64 id, qint64 changeId);
+/// Also for tags that are marked as deleted.
+void addToFileCount(LibraryDatabase& database, qint64 id, int more);
 
-[[nodiscard]] std::optional<CategoryRow> categoryByName(LibraryDatabase& database, const QString& name);
-[[nodiscard]] std::optional<CategoryRow> categoryById(LibraryDatabase& database, qint64 id);
-/// Adds a category whose name is not taken.
-CategoryRow insertCategory(LibraryDatabase& database, const QString& name);
-void updateCategoryName(LibraryDatabase& database, qint64 id, const QString& name);
+/// Those that are marked as deleted.
+[[nodiscard]] QVector<qint64> deletedIds(LibraryDatabase& database);
+[[nodiscard]] qint64 count(LibraryDatabase& database);
+/// Between files and tags.
+[[nodiscard]] qint64 linkCount(LibraryDatabase& database);
 
 }  // namespace tagtable

@@ -2,11 +2,11 @@
 #include "host/library/memory/librarygroup.h"
 
 #include "host/library/memory/libraryinfos.h"
+#include "host/library/memory/librarymemory.h"
 #include "host/library/memory/librarytag.h"
-#include "host/library/memory/libraryview.h"
 
 QSharedPointer<ITagGroupDataProvider> LibraryGroup::of(const std::shared_ptr<GroupEntry>& entry,
-                                                       const std::shared_ptr<const LibraryView>& view)
+                                                       const std::shared_ptr<const LibraryMemory>& view)
 {
     if (!entry)
         return {};
@@ -18,7 +18,7 @@ QSharedPointer<ITagGroupDataProvider> LibraryGroup::of(const std::shared_ptr<Gro
     return provider;
 }
 
-LibraryGroup::LibraryGroup(const std::shared_ptr<GroupEntry>& entry, const std::shared_ptr<const LibraryView>& view)
+LibraryGroup::LibraryGroup(const std::shared_ptr<GroupEntry>& entry, const std::shared_ptr<const LibraryMemory>& view)
     : m_entry(entry)
     , m_view(view)
 {

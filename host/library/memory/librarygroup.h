@@ -5,7 +5,7 @@
 
 #include <memory>
 
-class LibraryView;
+class LibraryMemory;
 struct GroupEntry;
 
 /// One category as the tag manager sees it. Asking for all tags makes a provider for each that has none: linear in
@@ -18,9 +18,9 @@ class LibraryGroup final : public ITagGroupDataProvider
 public:
     /// The provider of \a entry: the one that somebody holds, else a new one. Null for a null entry.
     [[nodiscard]] static QSharedPointer<ITagGroupDataProvider> of(const std::shared_ptr<GroupEntry>& entry,
-                                                                  const std::shared_ptr<const LibraryView>& view);
+                                                                  const std::shared_ptr<const LibraryMemory>& view);
 
-    LibraryGroup(const std::shared_ptr<GroupEntry>& entry, const std::shared_ptr<const LibraryView>& view);
+    LibraryGroup(const std::shared_ptr<GroupEntry>& entry, const std::shared_ptr<const LibraryMemory>& view);
     ~LibraryGroup() override;
 
     [[nodiscard]] int tagCount(int flag) const override;
@@ -34,5 +34,5 @@ public:
 
 private:
     std::shared_ptr<GroupEntry> m_entry;
-    std::shared_ptr<const LibraryView> m_view;
+    std::shared_ptr<const LibraryMemory> m_view;
 };

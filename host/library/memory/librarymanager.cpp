@@ -2,9 +2,9 @@
 #include "host/library/memory/librarymanager.h"
 
 #include "host/library/memory/librarygroup.h"
-#include "host/library/memory/libraryview.h"
+#include "host/library/memory/librarymemory.h"
 
-LibraryManager::LibraryManager(const std::shared_ptr<const LibraryView>& view)
+LibraryManager::LibraryManager(const std::shared_ptr<const LibraryMemory>& view)
     : m_view(view)
 {
 }

@@ -5,7 +5,7 @@
 
 #include <memory>
 
-class LibraryView;
+class LibraryMemory;
 
 /// The tags and categories of a library as the tag manager sees them. Every look-up is one in memory.
 class LibraryManager final : public ITagManagerDataProvider
@@ -13,7 +13,7 @@ class LibraryManager final : public ITagManagerDataProvider
     Q_OBJECT
 
 public:
-    explicit LibraryManager(const std::shared_ptr<const LibraryView>& view);
+    explicit LibraryManager(const std::shared_ptr<const LibraryMemory>& view);
     ~LibraryManager() override;
 
     [[nodiscard]] QSharedPointer<ITagGroupDataProvider> tagGroup(qint64 g_id) const override;
@@ -23,5 +23,5 @@ public:
     int tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out) const override;
 
 private:
-    std::shared_ptr<const LibraryView> m_view;
+    std::shared_ptr<const LibraryMemory> m_view;
 };

@@ -3,11 +3,11 @@
 
 #include "host/library/memory/libraryinfos.h"
 
-LibraryResponse::LibraryResponse(const LibraryOutcome& outcome)
-    : m_status(outcome.status)
-    , m_message(outcome.message)
-    , m_tags(outcome.rejectedTags)
-    , m_categories(outcome.rejectedCategories)
+LibraryResponse::LibraryResponse(const LibraryResult& result)
+    : m_status(result.status)
+    , m_message(result.message)
+    , m_tags(result.rejectedTags)
+    , m_categories(result.rejectedCategories)
 {
 }
 

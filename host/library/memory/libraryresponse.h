@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/records/libraryoutcome.h"
+#include "host/library/records/libraryresult.h"
 
 #include <iresponseinfo.h>
 
-/// The answer to one request, made from its outcome. Unchanging.
+/// The answer to one request, made from its result. Unchanging.
 class LibraryResponse final : public IResponseInfo
 {
 public:
-    explicit LibraryResponse(const LibraryOutcome& outcome);
+    explicit LibraryResponse(const LibraryResult& result);
     virtual ~LibraryResponse() = default;
 
     /// A LibraryStatus.

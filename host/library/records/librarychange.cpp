@@ -1,9 +1,73 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/records/librarychange.h"
 
+#include <QDataStream>
+#include <QIODevice>
+
 #include <algorithm>
 
+// Beside the records, where their streaming is looked for.
+static QDataStream& operator<<(QDataStream& stream, const TagRow& row)
+{
+    return stream << row.id << row.name << row.colorIndex << row.fileCount;
+}
+
+static QDataStream& operator>>(QDataStream& stream, TagRow& row)
+{
+    return stream >> row.id >> row.name >> row.colorIndex >> row.fileCount;
+}
+
+static QDataStream& operator<<(QDataStream& stream, const CategoryRow& row)
+{
+    return stream << row.id << row.name << row.tagCount;
+}
+
+static QDataStream& operator>>(QDataStream& stream, CategoryRow& row)
+{
+    return stream >> row.id >> row.name >> row.tagCount;
+}
+
+static QDataStream& operator<<(QDataStream& stream, const TagLink& link)
+{
+    return stream << link.categoryId << link.tagId;
+}
+
+static QDataStream& operator>>(QDataStream& stream, TagLink& link)
+{
+    return stream >> link.categoryId >> link.tagId;
+}
+
 namespace {
+
+/// Stands before every stored change; goes up whenever the fields below change.
+constexpr quint8 Format = 1;
+
+/// Every field, in the order stored.
+template <typename Change, typename Visitor>
+void forEachField(Change& change, Visitor visit)
+{
+    visit(change.tagsCreated);
+    visit(change.tagsChanged);
+    visit(change.tagsDeleted);
+    visit(change.categoriesCreated);
+    visit(change.categoriesRenamed);
+    visit(change.categoriesRemoved);
+    visit(change.linksAdded);
+    visit(change.linksRemoved);
+    visit(change.fileCountChanges);
+    visit(change.filesChanged);
+}
+
+bool isNothing(bool value)
+{
+    return !value;
+}
+
+template <typename List>
+bool isNothing(const List& list)
+{
+    return list.isEmpty();
+}
 
 using Pieces = QVector<LibraryChange>;
 
@@ -69,4 +133,36 @@ QVector<LibraryChange> LibraryChange::inPieces(int most) const
     if (filesChanged)
         pieces.last().filesChanged = true;
     return pieces;
+}
+
+bool LibraryChange::isEmpty() const
+{
+    bool empty = true;
+    forEachField(*this, [&empty](const auto& field) { empty = empty && isNothing(field); });
+    return empty;
+}
+
+QByteArray LibraryChange::toBytes() const
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_5_15);
+    stream << Format;
+    forEachField(*this, [&stream](const auto& field) { stream << field; });
+    return bytes;
+}
+
+std::optional<LibraryChange> LibraryChange::fromBytes(const QByteArray& bytes)
+{
+    QDataStream stream(bytes);
+    stream.setVersion(QDataStream::Qt_5_15);
+    quint8 format = 0;
+    stream >> format;
+    if (format != Format)
+        return std::nullopt;
+    LibraryChange change;
+    forEachField(change, [&stream](auto& field) { stream >> field; });
+    if (stream.status() != QDataStream::Ok || !stream.atEnd())
+        return std::nullopt;
+    return change;
 }

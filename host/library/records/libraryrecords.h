@@ -36,36 +36,55 @@ inline bool operator==(const TagLink& a, const TagLink& b)
 {
     return a.categoryId == b.categoryId && a.tagId == b.tagId;
 }
-inline uint qHash(const TagLink& link, uint seed = 0)
-{
-    return qHash(qMakePair(link.categoryId, link.tagId), seed);
-}
 
-/// What tells whether a file changed since it was imported.
+/// A folder of pictures. Where it is mounted is known to each computer, not to the library.
+struct RootRow
+{
+    qint64 id = 0;  ///< From 1, never used twice.
+    QString name;   ///< The folder's own name, for people.
+    qint64 fileCount = 0;
+};
+
+/// A keyword that leads to no tag that people see.
+struct KeywordRow
+{
+    QString name;
+    bool isUndecided = false;  ///< It may be one of several renamed tags; else it is ignored.
+    qint64 fileCount = 0;
+};
+
+/// What tells whether a file changed since it was read.
 struct FileState
 {
     qint64 size = 0;      ///< Bytes.
     qint64 modified = 0;  ///< Nanoseconds since 1970-01-01 UTC.
     QByteArray sidecars;  ///< State of the sidecars in a form of the importer's choice; empty without one.
-    QByteArray content;   ///< Hash of the content in a form of the importer's choice; empty when it was not taken.
 };
 
 inline bool operator==(const FileState& a, const FileState& b)
 {
-    return a.size == b.size && a.modified == b.modified && a.sidecars == b.sidecars && a.content == b.content;
+    return a.size == b.size && a.modified == b.modified && a.sidecars == b.sidecars;
 }
 inline bool operator!=(const FileState& a, const FileState& b)
 {
     return !(a == b);
 }
 
+/// What the library knows of a file that is met again.
+struct KnownFile
+{
+    FileState state;
+    int readerVersion = 0;  ///< Of the reader whose facts are stored; 0: a library of version 1 stored them.
+};
+
 /// One file of an import. Paths are the bytes that the file system knows, whatever their encoding.
 struct ImportedFile
 {
-    QByteArray path;  ///< Absolute.
+    QByteArray path;  ///< Relative to its root, without a slash at its ends.
     FileState state;
-    /// The keywords found, in any order, duplicates allowed. Without a value the file keeps the tags that it has, for a
-    /// file that was touched but says the same.
+    int readerVersion = 1;  ///< From 1.
+    QByteArray identity;    ///< What the file is recognised by after a move, in a form of the importer's choice.
+    /// The keywords in the order read, duplicates allowed. Without a value only the state is new.
     std::optional<QVector<QString>> keywords;
 };
 
@@ -73,9 +92,12 @@ struct ImportedFile
 struct FileRow
 {
     qint64 id = 0;
-    QByteArray path;  ///< Absolute, as the bytes that the file system knows.
-    FileState state;
+    qint64 rootId = 0;
+    QByteArray relativePath;  ///< Within the root, as the bytes that the file system knows.
+    KnownFile known;
     QVector<qint64> tagIds;  ///< Ascending; filled only where it is said.
+    QByteArray path;         ///< Absolute on this computer; relative to its root where that is not mounted.
+    bool isAway = false;     ///< The root has no mount on this computer, or the folder is not there.
 };
 
 /// Numbers of the whole library.
@@ -84,4 +106,5 @@ struct LibraryTotals
     qint64 files = 0;
     qint64 tags = 0;
     qint64 links = 0;  ///< Between files and tags.
+    qint64 keywordsIgnored = 0;
 };

@@ -15,5 +15,8 @@ enum class LibraryStatus
     DiskError = 8,
     Failed = 9,  ///< Anything else that the database reports.
     Closed = 10,
-    NotOpened = 11  ///< The file, or its log beside it, cannot be opened.
+    NotOpened = 11,    ///< The file, or its log beside it, cannot be opened.
+    NameInvalid = 12,  ///< A name with NUL or half a surrogate pair.
+    Moved = 13,        ///< The file was moved, deleted or replaced while it was open.
+    Cancelled = 14
 };

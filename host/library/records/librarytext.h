@@ -3,12 +3,9 @@
 
 #include <QCoreApplication>
 
-/// The library's texts for people, under one translation context. Callable on any thread.
-namespace librarytext {
-
-[[nodiscard]] inline QString tr(const char* source)
+/// The library's texts for people: LibraryText::tr(), callable on any thread, under the one context "LibraryText",
+/// which lupdate finds by the same name.
+class LibraryText
 {
-    return QCoreApplication::translate("Library", source);
-}
-
-}  // namespace librarytext
+    Q_DECLARE_TR_FUNCTIONS(LibraryText)
+};

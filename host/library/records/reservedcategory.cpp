@@ -1,18 +1,28 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/records/reservedcategory.h"
 
-#include "host/library/records/librarytext.h"
 #include "host/library/records/tagname.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+constexpr const char* AllTagsName = QT_TRANSLATE_NOOP("Library", "All Tags");
+constexpr const char* UnsortedName = QT_TRANSLATE_NOOP("Library", "Unsorted");
+constexpr const char* FavoritesName = QT_TRANSLATE_NOOP("Library", "Favorite Tags");
+constexpr const char* EarlierUnsortedName = "Uncategorized";
+
+}  // namespace
 
 QString reservedcategory::name(qint64 id)
 {
     switch (id) {
     case AllTags:
-        return librarytext::tr("All Tags");
+        return QCoreApplication::translate("Library", AllTagsName);
     case Uncategorized:
-        return librarytext::tr("Uncategorized");
+        return QCoreApplication::translate("Library", UnsortedName);
     case Favorites:
-        return librarytext::tr("Favorite Tags");
+        return QCoreApplication::translate("Library", FavoritesName);
     default:
         return {};
     }
@@ -25,5 +35,6 @@ bool reservedcategory::isReservedName(const QString& name)
         if (key == tagname::key(reservedcategory::name(id)))
             return true;
     }
-    return false;
+    return key == QLatin1String(AllTagsName) || key == QLatin1String(UnsortedName) ||
+           key == QLatin1String(FavoritesName) || key == QLatin1String(EarlierUnsortedName);
 }

@@ -14,7 +14,8 @@ constexpr qint64 FirstUserId = 2;
 
 /// Display name; empty for an id that is not reserved.
 [[nodiscard]] QString name(qint64 id);
-/// Whether a user category may not be called so.
+/// Whether a user category may not be called so: the reserved names in the language of the moment, in English, and in
+/// what earlier versions called them, so that a library means the same in every language.
 [[nodiscard]] bool isReservedName(const QString& name);
 
 }  // namespace reservedcategory

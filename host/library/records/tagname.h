@@ -13,9 +13,15 @@ namespace tagname {
 /// What two names must share to be the same: the kept name in Unicode normalisation form C. Case counts.
 [[nodiscard]] QString key(const QString& typed);
 
+/// Whether no NUL and no half of a surrogate pair is in it. Other names are refused at every entrance: no other program
+/// could be given them.
+[[nodiscard]] bool isValid(const QString& name);
+/// The name with each such character replaced by U+FFFD.
+[[nodiscard]] QString repaired(const QString& name);
+
 /// The value that a database column without a type keeps unchanged: text, or, for the few names that SQLite's text
-/// would spoil (lone surrogates, NUL, U+FEFF, U+FFFE and U+FFFF), their UTF-16 code units in little-endian order as a
-/// blob.
+/// would spoil (U+FEFF, U+FFFE and U+FFFF; in version 1 invalid names, too), their UTF-16 code units in little-endian
+/// order as a blob.
 [[nodiscard]] QVariant toColumn(const QString& name);
 [[nodiscard]] QString fromColumn(const QVariant& value);
 

@@ -4,23 +4,30 @@
 #include "host/library/records/tagname.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QtEndian>
 
 namespace {
 
-QString colorName(const char* source)
+struct Color
 {
-    return QCoreApplication::translate("TagPalette", source);
-}
+    const char* name;
+    const char* value;
+};
+
+constexpr Color Colors[TagPalette::Size] = {
+    {QT_TRANSLATE_NOOP("TagPalette", "Blue"), "#2f6fd0"},   {QT_TRANSLATE_NOOP("TagPalette", "Red"), "#8f2436"},
+    {QT_TRANSLATE_NOOP("TagPalette", "Teal"), "#14807b"},   {QT_TRANSLATE_NOOP("TagPalette", "Purple"), "#7a3a8c"},
+    {QT_TRANSLATE_NOOP("TagPalette", "Orange"), "#b35a00"}, {QT_TRANSLATE_NOOP("TagPalette", "Indigo"), "#3f4a9e"},
+    {QT_TRANSLATE_NOOP("TagPalette", "Grey"), "#6f7275"},   {QT_TRANSLATE_NOOP("TagPalette", "Green"), "#2c6b3a"}};
 
 }  // namespace
 
 TagPalette::TagPalette()
-    : m_entries{
-          {0, colorName("Blue"), QStringLiteral("#2f6fd0")},   {1, colorName("Red"), QStringLiteral("#8f2436")},
-          {2, colorName("Teal"), QStringLiteral("#14807b")},   {3, colorName("Purple"), QStringLiteral("#7a3a8c")},
-          {4, colorName("Orange"), QStringLiteral("#b35a00")}, {5, colorName("Indigo"), QStringLiteral("#3f4a9e")},
-          {6, colorName("Grey"), QStringLiteral("#6f7275")},   {7, colorName("Green"), QStringLiteral("#2c6b3a")}}
 {
+    for (int i = 0; i < Size; ++i)
+        m_entries.append(
+            {i, QCoreApplication::translate("TagPalette", Colors[i].name), QLatin1String(Colors[i].value)});
 }
 
 ITagColorProvider* TagPalette::instance()
@@ -29,15 +36,28 @@ ITagColorProvider* TagPalette::instance()
     return &palette;
 }
 
+/// Rendezvous hashing: each colour draws a number for the name, and the highest wins. A further colour takes its share
+/// of the names from all others and leaves the rest where they are. One digest serves eight colours: four bytes each.
 int TagPalette::indexForName(const QString& name)
 {
-    // FNV-1a (http://www.isthe.com/chongo/tech/comp/fnv), 32 bits: unlike qHash() it never changes with a seed.
-    quint32 hash = 2166136261u;
-    for (const QChar& unit : tagname::key(name)) {
-        hash = (hash ^ unit.cell()) * 16777619u;
-        hash = (hash ^ unit.row()) * 16777619u;
+    const QByteArray key = tagname::key(name).toUtf8();
+    constexpr int BytesOfDraw = 4;
+    constexpr int BytesOfDigest = 32;
+    QByteArray digests;
+    while (digests.size() < Size * BytesOfDraw) {
+        const QByteArray number = QByteArray::number(digests.size() / BytesOfDigest);
+        digests += QCryptographicHash::hash(key + '/' + number, QCryptographicHash::Sha256);
     }
-    return static_cast<int>((hash ^ (hash >> 16)) % Size);
+    int best = 0;
+    quint32 highest = 0;
+    for (int i = 0; i < Size; ++i) {
+        const auto draw = qFromBigEndian<quint32>(digests.constData() + i * BytesOfDraw);
+        if (draw > highest) {
+            best = i;
+            highest = draw;
+        }
+    }
+    return best;
 }
 
 const QVector<TagColorEntry>& TagPalette::colorEntries() const

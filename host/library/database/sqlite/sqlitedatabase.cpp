@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/database/sqlite/sqlitedatabase.h"
+
+#include "host/library/database/librarystatement.h"
+#include "host/library/database/sqlite/sqliteerror.h"
+#include "host/library/records/librarytext.h"
+
+#include <QFileInfo>
+#include <QSqlError>
+#include <QUrl>
+
+namespace {
+
+constexpr int ReadingTimeout = 5000;  // Milliseconds.
+/// Milliseconds of one attempt to get the write lock.
+constexpr int WritingTimeout = 1000;
+/// Pages of the log, 4 KB each, after which a commit brings them into the file. An import writes the same pages again
+/// and again; with SQLite's 1000 each goes into the file several times.
+constexpr int PagesOfLog = 8000;
+
+/// https://www.sqlite.org/uri.html
+QString frozenUri(const QString& path)
+{
+    return QStringLiteral("file://%1?immutable=1").arg(QString::fromLatin1(QUrl::toPercentEncoding(path, "/")));
+}
+
+}  // namespace
+
+SqliteDatabase::SqliteDatabase(const QString& path, Access access)
+    : LibraryDatabase(QStringLiteral("QSQLITE"))
+    , m_path(path)
+    , m_access(access)
+    , m_file(path)
+{
+    QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(ReadingTimeout);
+    if (access != Access::ReadWrite)
+        options += QStringLiteral(";QSQLITE_OPEN_READONLY");
+    if (access == Access::Frozen)
+        options += QStringLiteral(";QSQLITE_OPEN_URI");
+    connection().setConnectOptions(options);
+    connection().setDatabaseName(access == Access::Frozen ? frozenUri(path) : path);
+    try {
+        configure();
+    } catch (const LibraryError&) {
+        close();
+        throw;
+    }
+}
+
+SqliteDatabase::~SqliteDatabase()
+{
+    close();
+}
+
+void SqliteDatabase::configure()
+{
+    if (!connection().open())
+        throw sqliteError(connection().lastError());
+    execute(QStringLiteral("PRAGMA trusted_schema = OFF"));
+    execute(QStringLiteral("PRAGMA temp_store = MEMORY"));
+    if (m_access != Access::ReadWrite)
+        return;
+    execute(QStringLiteral("PRAGMA foreign_keys = ON"));
+    execute(QStringLiteral("PRAGMA synchronous = FULL"));
+    execute(QStringLiteral("PRAGMA wal_autocheckpoint = %1").arg(PagesOfLog));
+}
+
+bool SqliteDatabase::checkpoint()
+{
+    execute(QStringLiteral("PRAGMA busy_timeout = 0"));
+    // The first column says whether somebody was in the way.
+    const bool isDone = number(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")) == 0;
+    execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(WritingTimeout));
+    return isDone;
+}
+
+void SqliteDatabase::beginWriting(const std::function<bool()>& mayWait)
+{
+    if (!m_hasWritten)
+        execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(WritingTimeout));
+    m_hasWritten = true;
+    for (;;) {
+        try {
+            LibraryStatement(*this, "BEGIN IMMEDIATE").run();
+            return;
+        } catch (const LibraryError& error) {
+            if (error.status() != LibraryStatus::Locked || !mayWait())
+                throw;
+        }
+    }
+}
+
+qint64 SqliteDatabase::versionOfOthers()
+{
+    LibraryStatement select(*this, "PRAGMA data_version");
+    return select.run().next() ? select.integer(0) : 0;
+}
+
+void SqliteDatabase::requireInPlace()
+{
+    if (!m_file.isAt(m_path))
+        throw LibraryError(
+            LibraryStatus::Moved,
+            LibraryText::tr("The library's file was moved, deleted or replaced. Nothing is written until "
+                            "it is opened again."));
+}
+
+/// A log that is left beside the file would be taken for a part of a backup that is put in the file's place.
+void SqliteDatabase::tidy()
+{
+    if (m_hasWritten && m_file.isAt(m_path) && checkpoint())
+        m_hasWritten = false;
+}
+
+bool SqliteDatabase::isTidy() const
+{
+    return QFileInfo(m_path + QStringLiteral("-wal")).size() == 0;
+}
+
+LibraryError SqliteDatabase::errorOf(const QSqlError& error) const
+{
+    return sqliteError(error);
+}

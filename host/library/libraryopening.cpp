@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/libraryopening.h"
+
+#include "host/library/computer/computerstate.h"
+#include "host/library/database/librarydatabase.h"
+#include "host/library/database/librarytable.h"
+#include "host/library/database/sqlite/sqlitelibrary.h"
+#include "host/library/records/librarytext.h"
+
+using Access = SqliteDatabase::Access;
+
+libraryopening::Opened libraryopening::openOrCreate(const QString& path)
+{
+    Opened opened;
+    opened.path = sqlitelibrary::resolved(path);
+    opened.database =
+        sqlitelibrary::openOrCreate(opened.path, [&opened](const QString& id, const version1::Migrated& migrated) {
+            if (migrated.rootId != 0)
+                ComputerState(id).setMount(migrated.rootId, migrated.folder);
+            for (const QString& name : migrated.namesReplaced)
+                opened.notes.append(
+                    LibraryText::tr("A name had characters that no name may have. It is called \"%1\" now.").arg(name));
+        });
+    opened.id = librarytable::id(*opened.database);
+    return opened;
+}
+
+std::unique_ptr<LibraryDatabase> libraryopening::connectForWriting(const QString& path)
+{
+    return sqlitelibrary::connectTo(path, Access::ReadWrite);
+}
+
+std::unique_ptr<LibraryDatabase> libraryopening::openForReading(const QString& path)
+{
+    const QString file = sqlitelibrary::resolved(path);
+    if (sqlitelibrary::needsOpening(file))
+        (void)openOrCreate(file);
+    return sqlitelibrary::connectTo(file, Access::ReadOnly);
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "host/library/memory/librarygroupaction.h"
+
+#include "host/library/memory/actionrequest.h"
+#include "host/library/requests/categoryrequests.h"
+
+LibraryGroupAction::LibraryGroupAction(RequestSender* sender)
+    : m_sender(sender)
+{
+}
+
+LibraryGroupAction::~LibraryGroupAction() = default;
+
+qint64 LibraryGroupAction::send(ChangeKind kind, LibraryRequestBody body)
+{
+    return actionrequest::send(m_sender.data(), this, &ITagGroupAction::signalTagGroupResult, kind, std::move(body));
+}
+
+qint64 LibraryGroupAction::addTagGroup(const QString& name)
+{
+    return send(ChangeKind::CreateCategory, [=](LibraryRequest& request) { categoryrequests::create(request, name); });
+}
+
+qint64 LibraryGroupAction::removeTagGroup(qint64 groupId)
+{
+    return send(ChangeKind::DeleteCategory,
+                [=](LibraryRequest& request) { categoryrequests::remove(request, groupId); });
+}
+
+qint64 LibraryGroupAction::renameTagGroup(qint64 groupId, const QString& newName)
+{
+    return send(ChangeKind::RenameCategory,
+                [=](LibraryRequest& request) { categoryrequests::rename(request, groupId, newName); });
+}

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/records/librarychange.h"
+#include "host/library/records/librarystatus.h"
+
+/// What one batch of an import did.
+struct ImportNumbers
+{
+    int filesAdded = 0;
+    int filesChanged = 0;    ///< Files whose state, keywords or tags were written.
+    int filesUnchanged = 0;  ///< Files for which nothing was written.
+    int filesRemoved = 0;
+    int tagsCreated = 0;
+    int linksAdded = 0;
+    int linksRemoved = 0;
+    int keywordsRefused = 0;  ///< Keywords with characters that no name may have.
+};
+
+/// How a request ended: with a change (an empty one when there was nothing to do) or with the reason why not. A request
+/// is carried out whole or not at all, so everything but the reason is empty when it failed.
+struct LibraryResult
+{
+    LibraryStatus status = LibraryStatus::Done;
+    QString message;
+    QVector<TagRow> rejectedTags;
+    QVector<CategoryRow> rejectedCategories;
+    LibraryChange change;
+    ImportNumbers numbers;
+    qint64 rootId = 0;        ///< Of a request for a root.
+    QByteArray folderInRoot;  ///< Where in that root the folder asked for is; empty for the root itself.
+
+    [[nodiscard]] bool succeeded() const { return status == LibraryStatus::Done; }
+};
+
+/// What was read, or why it could not be.
+template <typename T>
+struct LibraryAnswer
+{
+    T value = T();
+    QString error;  ///< Empty when it was read.
+
+    explicit operator bool() const { return error.isEmpty(); }
+};

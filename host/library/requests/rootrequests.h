@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/library/requests/libraryrequest.h"
+
+class ComputerState;
+
+/// The requests that change roots, each the body of one transaction.
+namespace rootrequests {
+
+/// Finds or makes the root for \a folder, an absolute path without links: the one that is mounted there on this
+/// computer or, with the folder's place in it, above; else a new one, which takes over the files of roots that are
+/// mounted below. The mounts are brought up to date before the commit.
+void add(LibraryRequest& request, ComputerState& computer, const QByteArray& folder);
+
+}  // namespace rootrequests
