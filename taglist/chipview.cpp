@@ -355,13 +355,16 @@ void ChipView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     updateChip(current);
 }
 
-/// Keys alone move the page to the current chip.
+/// Keys alone move the page to the current chip, also when it is current already and out of sight.
 void ChipView::keyPressEvent(QKeyEvent* event)
 {
     const BusyScope busy(this);
     const QPersistentModelIndex before = currentIndex();
     QListView::keyPressEvent(event);
-    if (!busy.viewIsGone() && currentIndex().isValid() && currentIndex() != before)
+    if (busy.viewIsGone() || !currentIndex().isValid())
+        return;
+    const bool movesCursor = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_PageDown;
+    if (movesCursor || currentIndex() != before)
         scrollTo(currentIndex());
 }
 

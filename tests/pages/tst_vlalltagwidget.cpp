@@ -222,9 +222,8 @@ private slots:
         settle();
         QScrollBar* scroll = open.area()->verticalScrollBar();
         scroll->setValue(300);
-        auto* section = gestures::findChip(open.page, QStringLiteral("h tag 7")).view;
-        const QPoint place = section->visualRect(section->model()->index(0, 0)).center();
-        QTest::mouseClick(section->viewport(), Qt::LeftButton, {}, place);
+        const auto [section, index] = gestures::findChip(open.page, QStringLiteral("h tag 7"));
+        QTest::mouseClick(section->viewport(), Qt::LeftButton, {}, section->visualRect(index).center());
         scroll->setValue(0);
         open.host.removeTags({open.host.tagId("h tag 7")});
         settle();

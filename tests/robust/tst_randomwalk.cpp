@@ -80,15 +80,6 @@ private slots:
         }
         std::fprintf(stderr, "%d walks of %d steps\n", walks, stepsOfWalk);
     }
-
-    void failuresShrink()
-    {
-        QVector<int> steps(400);
-        steps[100] = 1;
-        steps[300] = 2;
-        const auto holdsBoth = [](const QVector<int>& fewer) { return fewer.contains(1) && fewer.contains(2); };
-        QCOMPARE(shrunk(steps, holdsBoth), QVector<int>({1, 2}));
-    }
 };
 
 DRAG_TEST_MAIN(TestRandomWalk)

@@ -6,6 +6,7 @@
 #include <QGraphicsOpacityEffect>
 #include <QScrollArea>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <memory>
 
@@ -69,6 +70,23 @@ private slots:
         late.slot_rangeChanged(7, 51);
         QCOMPARE(late.minimum(), 0);
         QCOMPARE(late.maximum(), 51);
+    }
+
+    void wheelOverTheBarMovesAsFarAsBesideIt()
+    {
+        OverlaidArea overlaid(1000);
+        QTRY_COMPARE(overlaid.bar->maximum(), 800);
+        overlaid.bar->show();
+        const auto moved = [&overlaid](QWidget* under) {
+            overlaid.bar->setValue(0);
+            QWheelEvent wheel({1, 1}, under->mapToGlobal(QPoint(1, 1)), {}, {0, -120}, Qt::NoButton, {},
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(under, &wheel);
+            return overlaid.area.verticalScrollBar()->value();
+        };
+        const int beside = moved(overlaid.area.viewport());
+        QVERIFY(beside > 0);
+        QCOMPARE(moved(overlaid.bar), beside);
     }
 
     void fadesInAndOut()
