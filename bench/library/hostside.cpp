@@ -86,7 +86,7 @@ void bench::HostSide::openLibrary()
 {
     LibraryChoice choice;
     choice.file = QFile::encodeName(m_file);
-    choice.folder = QFile::encodeName(m_pictures);
+    choice.folders = {QFile::encodeName(m_pictures)};
     QString error;
     m_session = LibrarySession::open(choice, &error);
     if (!m_session)

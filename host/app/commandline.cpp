@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/commandline.h"
 
-#include "host/importer/defaultlibrary.h"
+#include "host/importer/folderlibrary.h"
 #include "host/importer/metadata/metadatareader.h"
 #include "host/importer/metadata/thumbnailreader.h"
 
@@ -49,6 +49,7 @@ private:
     void readFolder();
     void readFiles();
     void readList();
+    void readRelocate();
     void readPage();
     void readSize();
     void readScale();
@@ -67,7 +68,7 @@ Reader::Reader(const QStringList& arguments)
     for (const char* const flag : {"json", "reread", "forget-missing", "help", "h", "version", "v"})
         m_parser.addOption(QCommandLineOption(QString::fromLatin1(flag)));
     for (const char* const name :
-         {"library", "import", "list", "screenshot", "page", "search", "size", "scale", "plugin"})
+         {"library", "import", "list", "screenshot", "page", "search", "size", "scale", "plugin", "relocate"})
         m_parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, QStringLiteral("value")));
 }
 
@@ -83,6 +84,7 @@ CommandLine Reader::read()
     readFolder();
     readFiles();
     readList();
+    readRelocate();
     readPage();
     readSize();
     readScale();
@@ -147,9 +149,23 @@ void Reader::readList()
         m_result.list = CommandLine::List::Categories;
     else if (list == "files")
         m_result.list = CommandLine::List::Files;
+    else if (list == "ignored")
+        m_result.list = CommandLine::List::Ignored;
     else if (has("list") && list != "tags")
-        complain(tr("--list takes tags, categories or files, not \"%1\".").arg(textFrom(list)));
+        complain(tr("--list takes tags, categories, files or ignored, not \"%1\".").arg(textFrom(list)));
     m_result.json = has("json");
+}
+
+void Reader::readRelocate()
+{
+    if (!has("relocate"))
+        return;
+    const QByteArray answer = value("relocate");
+    if (answer != "yes" && answer != "no")
+        complain(tr("--relocate takes yes or no, not \"%1\".").arg(textFrom(answer)));
+    if (m_result.folder.isEmpty() || has("list"))
+        complain(tr("--relocate goes with a folder that is opened or imported."));
+    m_result.relocate = answer == "yes";
 }
 
 void Reader::readPage()
@@ -232,7 +248,7 @@ QString CommandLine::helpText()
 {
     return QCoreApplication::translate("CommandLine", R"(Usage: vellum [FOLDER] [OPTIONS]
        vellum --import FOLDER [--library FILE]
-       vellum --list tags|categories|files --library FILE [--json]
+       vellum --list tags|categories|files|ignored --library FILE [--json]
 
 Shows the tags of the pictures in a folder, from the keywords that other
 programs have written into the pictures or into XMP files beside them. FOLDER is
@@ -256,13 +272,19 @@ changed.
                      second Ctrl-C ends the program at once.
   --forget-missing   with --import: take the missing files out of the library,
                      with their tags. Files that are away stay.
+  --relocate ANSWER  yes: FOLDER holds the pictures of a folder that is gone, so
+                     go on with that folder's library; no: it is another folder
   --reread           read every picture again, also those whose size and time
                      of modification are the same as at the last import
   --list WHAT        print what a library holds, one line each, fields separated
                      by tabs:
                        tags        id, name, number of files, colour index
                        categories  id, name, number of tags
-                       files       path, size in bytes, tag, tag, ...
+                       files       path, size in bytes, tag, tag, ...; the word
+                                   away in place of the size when the file's
+                                   folder is not there
+                       ignored     keyword, ignored or undecided, number of files:
+                                   keywords that lead to no tag
                      A tab, a line feed, a carriage return and a backslash in
                      a field are written as \t, \n, \r and \\, other control
                      characters and bytes that are no UTF-8 as \xHH, characters
@@ -271,7 +293,8 @@ changed.
   --json             with --list: a JSON array of objects with the members
                        tags        id, name, fileCount, colorIndex
                        categories  id, name, tagCount
-                       files       path, size, tags (an array of names)
+                       files       path, size, tags (an array of names), away
+                       ignored     name, undecided, fileCount
                      A path that is not valid UTF-8 has its exact bytes in
                      the further member pathBase64.
 
@@ -298,7 +321,7 @@ QString CommandLine::versionText()
 
 QByteArray CommandLine::libraryPath() const
 {
-    return libraryFile.isEmpty() ? defaultLibraryPath(folder) : libraryFile;
+    return libraryFile.isEmpty() ? folderlibrary::defaultFile(folder) : libraryFile;
 }
 
 bool CommandLine::needsNoDisplay() const

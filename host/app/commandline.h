@@ -26,7 +26,8 @@ struct CommandLine
     {
         Tags,
         Categories,
-        Files
+        Files,
+        Ignored
     };
     enum class Page
     {
@@ -36,18 +37,19 @@ struct CommandLine
     };
 
     Action action = Action::OpenWindow;
-    QByteArray folder;            ///< The folder to open or to import; empty when none was named.
-    QByteArray libraryFile;       ///< The library's file; empty when none was named.
-    bool reread = false;          ///< Read every picture again, also those that seem unchanged.
-    bool forgetMissing = false;   ///< For Import: take missing files out of the library.
-    List list = List::Tags;       ///< For List.
-    bool json = false;            ///< For List: JSON in place of tab-separated lines.
-    QByteArray screenshotFile;    ///< For Screenshot.
-    Page page = Page::All;        ///< The page shown first.
-    QString search;               ///< The text typed into that page's search field.
-    std::optional<QSize> size;    ///< The window's size in logical pixels.
-    std::optional<double> scale;  ///< Screen scale, to be applied before a QApplication exists.
-    QByteArray pluginFile;        ///< The plug-in's file; empty for the one beside the program.
+    QByteArray folder;             ///< The folder to open or to import; empty when none was named.
+    QByteArray libraryFile;        ///< The library's file; empty when none was named.
+    bool reread = false;           ///< Read every picture again, also those that seem unchanged.
+    std::optional<bool> relocate;  ///< The answer to whether folder is where one that is gone was moved to.
+    bool forgetMissing = false;    ///< For Import: take missing files out of the library.
+    List list = List::Tags;        ///< For List.
+    bool json = false;             ///< For List: JSON in place of tab-separated lines.
+    QByteArray screenshotFile;     ///< For Screenshot.
+    Page page = Page::All;         ///< The page shown first.
+    QString search;                ///< The text typed into that page's search field.
+    std::optional<QSize> size;     ///< The window's size in logical pixels.
+    std::optional<double> scale;   ///< Screen scale, to be applied before a QApplication exists.
+    QByteArray pluginFile;         ///< The plug-in's file; empty for the one beside the program.
     /// Not empty for wrong usage: what is wrong, in one line that may hold characters of the arguments. To be printed
     /// to stderr, and the program to end with exitUsage.
     QString error;
@@ -61,7 +63,7 @@ struct CommandLine
     [[nodiscard]] static QString helpText();
     [[nodiscard]] static QString versionText();
 
-    /// libraryFile, or the default library of folder when none was named; empty when that folder does not exist.
+    /// libraryFile, or the default library of folder when none was named; empty when the person has no data directory.
     [[nodiscard]] QByteArray libraryPath() const;
     /// True when neither a window nor a display is needed: main makes a QCoreApplication, or none at all.
     [[nodiscard]] bool needsNoDisplay() const;

@@ -168,17 +168,28 @@ int HostApplication::run()
 std::optional<LibraryChoice> HostApplication::chooseLibrary() const
 {
     const QSettings settings;
-    LibraryChoice choice = LibraryChoice::make(m_commandLine, settings);
-    if (choice.error.isEmpty() || !choice.isUndecided || m_commandLine.action != CommandLine::Action::OpenWindow)
-        return choice;
-    const std::optional<QByteArray> folder = askForPictureFolder();
-    if (!folder)
-        return choice;
-    if (folder->isEmpty())
-        return std::nullopt;
     CommandLine answered = m_commandLine;
-    answered.folder = *folder;
-    return LibraryChoice::make(answered, settings);
+    LibraryChoice choice = LibraryChoice::make(answered, settings);
+    if (m_commandLine.action != CommandLine::Action::OpenWindow)
+        return choice;
+    if (!choice.error.isEmpty() && choice.isUndecided) {
+        const std::optional<QByteArray> folder = askForPictureFolder();
+        if (!folder)
+            return choice;
+        if (folder->isEmpty())
+            return std::nullopt;
+        answered.folder = *folder;
+        choice = LibraryChoice::make(answered, settings);
+    }
+    if (!choice.error.isEmpty() && choice.moved && m_hasDisplay) {
+        answered.relocate =
+            askWhetherMoved(choice.moved->from.isEmpty() ? choice.moved->name.toUtf8() : choice.moved->from,
+                            choice.folders.constFirst());
+        if (!answered.relocate)
+            return std::nullopt;
+        choice = LibraryChoice::make(answered, settings);
+    }
+    return choice;
 }
 
 bool HostApplication::openLibrary()

@@ -84,8 +84,8 @@ void HostWindow::restoreGeometryKept()
 void HostWindow::startImport()
 {
     m_importTime.start();
-    if (!m_session.choice().absentFolder.isEmpty())
-        m_importBar->showAbsence(PictureFile::displayName(m_session.choice().absentFolder));
+    if (!m_session.choice().absentFolders.isEmpty())
+        m_importBar->showAbsence(PictureFile::displayName(m_session.choice().absentFolders.constFirst()));
     ImportOptions options;
     options.rereads = m_session.choice().rereads;
     if (!m_session.startImport(options))

@@ -3,6 +3,7 @@
 
 #include "host/app/commandline.h"
 #include "host/app/interruptsignal.h"
+#include "host/app/librarychoice.h"
 #include "host/importer/escapedtext.h"
 #include "host/importer/folderwalk.h"
 #include "host/importer/importer.h"
@@ -10,6 +11,8 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFile>
+#include <QSettings>
 
 #include <cerrno>
 #include <cstdio>
@@ -105,20 +108,23 @@ int runImportCommand(const CommandLine& commandLine)
         printError("There is no folder " + commandLine.folder);
         return CommandLine::exitUsage;
     }
-    const QByteArray path = commandLine.libraryPath();
-    if (path.isEmpty()) {
-        printError("There is no home folder to keep the library in; name its file with --library FILE");
-        return 1;
+    const LibraryChoice choice = LibraryChoice::make(commandLine, QSettings());
+    if (!choice.error.isEmpty()) {
+        printError(escapedText(choice.error.toUtf8()));
+        return CommandLine::exitUsage;
     }
     QString error;
-    const std::unique_ptr<Library> library = Library::open(QString::fromUtf8(path), &error);
+    const std::unique_ptr<Library> library = Library::open(QFile::decodeName(choice.file), &error);
     if (!library) {
         printError(error.toUtf8());
         return 1;
     }
+    for (const QString& note : library->notes())
+        printError(escapedText(note.toUtf8()));
+    choice.mountMoved(library->id());
     const ImportSummary summary = importFolder(*library, commandLine);
     if (!summary.error.isEmpty()) {
-        printError(summary.error.toUtf8());
+        printError(escapedText(summary.error.toUtf8()));
     } else if (!printTotals(summary)) {
         printError(strerror(errno));
         return 1;

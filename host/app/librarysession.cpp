@@ -11,6 +11,7 @@ std::unique_ptr<LibrarySession> LibrarySession::open(const LibraryChoice& choice
     auto library = Library::open(QFile::decodeName(choice.file), error);
     if (!library)
         return nullptr;
+    choice.mountMoved(library->id());
     return std::unique_ptr<LibrarySession>(new LibrarySession(choice, std::move(library)));
 }
 
@@ -20,7 +21,7 @@ LibrarySession::LibrarySession(const LibraryChoice& choice, std::unique_ptr<Libr
     , m_importer(std::make_unique<Importer>(m_library.get()))
 {
     connect(m_importer.get(), &Importer::progress, this, &LibrarySession::importProgress);
-    connect(m_importer.get(), &Importer::finished, this, &LibrarySession::importFinished);
+    connect(m_importer.get(), &Importer::finished, this, &LibrarySession::importNext);
     connect(m_importer.get(), &Importer::skipped, this, [this](const QByteArray& path, const QString& reason) {
         if (m_skipped.size() < maxSkipped)
             m_skipped.append({path, reason});
@@ -31,10 +32,22 @@ LibrarySession::~LibrarySession() = default;
 
 bool LibrarySession::startImport(const ImportOptions& options)
 {
-    if (m_choice.folder.isEmpty() || m_importer->isRunning())
+    if (m_choice.folders.isEmpty() || m_importer->isRunning())
         return false;
     m_skipped.clear();
-    return m_importer->start(m_choice.folder, options);
+    m_summary = {};
+    m_options = options;
+    m_folders = m_choice.folders;
+    return m_importer->start(m_folders.takeFirst(), m_options);
+}
+
+void LibrarySession::importNext(const ImportSummary& summary)
+{
+    m_summary.add(summary);
+    if (!m_folders.isEmpty() && m_summary.error.isEmpty() && !m_summary.cancelled)
+        m_importer->start(m_folders.takeFirst(), m_options);
+    else
+        emit importFinished(m_summary);
 }
 
 void LibrarySession::forgetMissing()

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] const QVector<SkippedFile>& skippedFiles() const { return m_skipped; }
     static constexpr int maxSkipped = 10'000;
 
-    /// Starts to import the folder, if there is one. True when importFinished() will follow.
+    /// Starts to import the folders, if there are any. True when importFinished() will follow.
     bool startImport(const ImportOptions& options = {});
 
 public slots:
@@ -48,6 +48,9 @@ signals:
     void importProgress(int done, int found);
     void importFinished(const ImportSummary& summary);
 
+private slots:
+    void importNext(const ImportSummary& summary);
+
 private:
     LibrarySession(const LibraryChoice& choice, std::unique_ptr<Library> library);
 
@@ -55,4 +58,7 @@ private:
     std::unique_ptr<Library> m_library;
     std::unique_ptr<Importer> m_importer;  ///< Uses the library, so it goes first.
     QVector<SkippedFile> m_skipped;
+    ImportOptions m_options;
+    QVector<QByteArray> m_folders;  ///< Still to be imported, one after the other.
+    ImportSummary m_summary;        ///< Of those imported.
 };

@@ -93,10 +93,11 @@ void printFile(const FileRow& file, const QStringList& tags, RecordPrinter& prin
     const QString path = QString::fromUtf8(file.path);
     QJsonObject object = {{QStringLiteral("path"), path},
                           {QStringLiteral("size"), file.known.state.size},
-                          {QStringLiteral("tags"), QJsonArray::fromStringList(tags)}};
+                          {QStringLiteral("tags"), QJsonArray::fromStringList(tags)},
+                          {QStringLiteral("away"), file.isAway}};
     if (path.toUtf8() != file.path)
         object.insert(QStringLiteral("pathBase64"), QString::fromLatin1(file.path.toBase64()));
-    QVector<QByteArray> fields = {file.path, QByteArray::number(file.known.state.size)};
+    QVector<QByteArray> fields = {file.path, file.isAway ? "away" : QByteArray::number(file.known.state.size)};
     for (const QString& tag : tags)
         fields.append(tag.toUtf8());
     printer.print(object, fields);
@@ -122,6 +123,19 @@ QString printFiles(LibraryReader& reader, RecordPrinter& printer)
     return reader.forEachFile(visit).error;
 }
 
+QString printIgnored(LibraryReader& reader, RecordPrinter& printer)
+{
+    const auto keywords = reader.keywordsIgnored();
+    for (const KeywordRow& keyword : keywords.value) {
+        printer.print({{QStringLiteral("name"), keyword.name},
+                       {QStringLiteral("undecided"), keyword.isUndecided},
+                       {QStringLiteral("fileCount"), keyword.fileCount}},
+                      {keyword.name.toUtf8(), keyword.isUndecided ? "undecided" : "ignored",
+                       QByteArray::number(keyword.fileCount)});
+    }
+    return keywords.error;
+}
+
 QString printList(CommandLine::List list, LibraryReader& reader, RecordPrinter& printer)
 {
     switch (list) {
@@ -131,6 +145,8 @@ QString printList(CommandLine::List list, LibraryReader& reader, RecordPrinter& 
         return printCategories(reader, printer);
     case CommandLine::List::Files:
         return printFiles(reader, printer);
+    case CommandLine::List::Ignored:
+        return printIgnored(reader, printer);
     }
     return {};
 }

@@ -3,9 +3,11 @@
 
 #include "host/importer/metadata/keywordlist.h"
 #include "host/importer/metadata/metadataanswer.h"
+#include "host/importer/metadata/metadatareader.h"
 #include "host/importer/unreadablefiles.h"
 #include "host/importer/vanishedfiles.h"
 #include "host/library/computer/computerstate.h"
+#include "host/library/records/tagname.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,8 +20,6 @@ constexpr int batchSize = 500;
 constexpr int lookUpSize = 2000;
 // UTF-16 units. What is longer is no keyword but damage: a window takes 46 seconds to lay out 15 million of them.
 constexpr int longestKeyword = 1000;
-// Of the facts that readers find in a file: with another number, all files are read again.
-constexpr int readerVersion = 1;
 // Milliseconds between two reports of progress.
 constexpr qint64 progressInterval = 50;
 
@@ -120,7 +120,7 @@ bool ImportJob::isToBeRead(const FoundPicture& picture, const KnownFile* known)
         if (!m_unreadable->isKnown(sidecar.path, sidecar.trialStamp()))
             state.sidecars += sidecar.stamp;
     }
-    return known->state != state || known->readerVersion != readerVersion;
+    return known->state != state || known->readerVersion != metadataReaderVersion;
 }
 
 void ImportJob::addReading(const FoundPicture& picture)
@@ -181,7 +181,7 @@ void ImportJob::completeReading(Reading& reading)
     file.path = reading.picture->path;
     file.state = reading.picture->state();
     file.state.sidecars = reading.sidecarStamps;
-    file.readerVersion = readerVersion;
+    file.readerVersion = metadataReaderVersion;
     file.keywords = keywordsOf(reading);
     m_batch.append(file);
     reading.keywords.clear();
@@ -190,18 +190,19 @@ void ImportJob::completeReading(Reading& reading)
 QVector<QString> ImportJob::keywordsOf(const Reading& reading)
 {
     KeywordList keywords;
-    int tooLong = 0;
+    int refused = 0;
     for (const QStringList& part : reading.keywords) {
         for (const QString& keyword : part) {
-            if (keyword.size() > longestKeyword)
-                ++tooLong;
+            if (keyword.size() > longestKeyword || !tagname::isValid(keyword))
+                ++refused;
             else
                 keywords.add(keyword);
         }
     }
-    if (tooLong > 0)
-        reportSkipped(reading.picture->path, tr("Keywords of more than %1 characters were left out: %2")
-                                                 .arg(QString::number(longestKeyword), QString::number(tooLong)));
+    if (refused > 0)
+        reportSkipped(reading.picture->path,
+                      tr("Keywords of more than %1 characters, or with some that no name may have, were left out: %2")
+                          .arg(QString::number(longestKeyword), QString::number(refused)));
     return keywords.keywords().toVector();
 }
 

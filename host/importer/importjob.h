@@ -8,7 +8,6 @@
 #include "host/importer/metadata/readerpool.h"
 
 #include <QElapsedTimer>
-#include <QHash>
 #include <QObject>
 
 #include <atomic>

@@ -21,6 +21,9 @@ struct ImportSummary
     int unreadable = 0;         ///< Files and folders that could not be read before either and have not changed since.
     int missing = 0;  ///< Files of the library that are gone from folders that are there. They stay in the library.
     int away = 0;     ///< Files of the library whose folder is empty or cannot be seen: a disk not connected, say.
+
+    /// Makes this the summary of this import and \a later, one of another folder.
+    void add(const ImportSummary& later);
 };
 
 Q_DECLARE_METATYPE(ImportSummary)

@@ -14,10 +14,20 @@ ImportTarget::ImportTarget(Library* library, const std::atomic_bool& cancelled)
 
 ImportTarget::~ImportTarget() = default;
 
+template <typename Request>
+LibraryResult ImportTarget::untilUnlocked(Request request) const
+{
+    for (;;) {
+        const LibraryResult result = request();
+        if (result.status != LibraryStatus::Locked || m_cancelled)
+            return result;
+    }
+}
+
 bool ImportTarget::open(const QByteArray& folder)
 {
     m_folder = folder;
-    const LibraryResult root = m_library->addRootAndWait(folder);
+    const LibraryResult root = untilUnlocked([&] { return m_library->addRootAndWait(folder); });
     m_rootId = root.rootId;
     m_folderInRoot = root.folderInRoot;
     m_error = root.message;
@@ -77,7 +87,7 @@ LibraryResult ImportTarget::settle()
 
 LibraryResult ImportTarget::forget(const QVector<QByteArray>& paths)
 {
-    return m_library->forgetAndWait(m_rootId, pathsInRoot(paths));
+    return untilUnlocked([&] { return m_library->forgetAndWait(m_rootId, pathsInRoot(paths)); });
 }
 
 /// Of a path below the folder.

@@ -42,6 +42,8 @@ public:
     [[nodiscard]] const QString& error() const { return m_error; }
 
 private:
+    template <typename Request>
+    [[nodiscard]] LibraryResult untilUnlocked(Request request) const;
     [[nodiscard]] QByteArray pathInRoot(const QByteArray& path) const;
     [[nodiscard]] QVector<QByteArray> pathsInRoot(const QVector<QByteArray>& paths) const;
     [[nodiscard]] QByteArray pathOf(const QByteArray& pathInRoot) const;

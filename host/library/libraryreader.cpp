@@ -17,7 +17,7 @@
 
 #include <QFileInfo>
 
-#include <sys/stat.h>
+#include <filesystem>
 
 /// Where the roots are on this computer at the moment.
 class LibraryReader::Places
@@ -40,8 +40,10 @@ private:
         const auto known = m_isThere.constFind(rootId);
         if (known != m_isThere.constEnd())
             return *known;
-        struct stat status = {};
-        const bool found = !mount.isEmpty() && ::stat(mount.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+        const std::filesystem::path folder(mount.toStdString());
+        std::error_code error;
+        // An empty folder may be a mount point without its disk.
+        const bool found = std::filesystem::is_directory(folder, error) && !std::filesystem::is_empty(folder, error);
         return *m_isThere.insert(rootId, found);
     }
 

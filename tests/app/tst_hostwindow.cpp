@@ -194,7 +194,7 @@ private slots:
         m_folder->writePng("plain.png");
         m_folder->write("broken.jpg", "no picture");
         LibraryChoice choice = m_session->choice();
-        choice.folder = m_folder->path();
+        choice.folders = {m_folder->path()};
         choice.isNew = true;
         openSession(choice);
         const auto part = [this](const char* name) {

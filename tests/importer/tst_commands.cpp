@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/defaultlibrary.h"
+#include "host/importer/folderlibrary.h"
 #include "host/library/library.h"
 #include "tests/importer/readermain.h"
 #include "tests/importer/taggedpicture.h"
@@ -160,16 +160,65 @@ private slots:
 
     void defaultLibraryIsThePersonsOwn()
     {
-        const QByteArray library = defaultLibraryPath(path("pictures"));
+        using folderlibrary::defaultFile;
+        const QByteArray library = defaultFile(path("pictures"));
         QVERIFY(library.startsWith(path("data") + '/'));
-        QCOMPARE(defaultLibraryPath(path("pictures/../pictures/")), library);
-        QVERIFY(defaultLibraryPath(path("bad")) != library);
-        QVERIFY(defaultLibraryPath(path("nowhere")).isEmpty());
+        QCOMPARE(defaultFile(path("pictures/../pictures/")), library);
+        QVERIFY(defaultFile(path("bad")) != library);
         struct stat status = {};
         QCOMPARE(stat(library.left(library.lastIndexOf('/')).constData(), &status), 0);
         QCOMPARE(status.st_mode & 0777, mode_t(0700));
         QCOMPARE(run({QStringLiteral("--import"), file("pictures")}).status, 0);
         QVERIFY(QFile::exists(QFile::decodeName(library)));
+    }
+
+    void aMovedFolderKeepsItsLibrary()
+    {
+        QVERIFY(QDir().mkpath(file("old/sub")));
+        for (const char* const picture : {"old/a.jpg", "old/sub/b.jpg"})
+            writePicture(path(picture), {QStringLiteral("sea")});
+        const auto imported = [this](const char* folder, const QStringList& more = {}) {
+            return run(QStringList{QStringLiteral("--import"), file(folder)} + more);
+        };
+        const QByteArray whole = totals("files: 2, tags: 1, links: 2", 0);
+        QCOMPARE(imported("old").output, whole);
+        QVERIFY(QDir().rename(file("old"), file("new")));
+        const Result asked = imported("new");
+        QCOMPARE(asked.status, 2);
+        QVERIFY2(asked.errors.contains("--relocate yes"), asked.errors);
+        const QStringList yes = {QStringLiteral("--relocate"), QStringLiteral("yes")};
+        QCOMPARE(imported("new", yes).output, whole);
+        QCOMPARE(imported("new").output, whole);
+        const QByteArray files = run({QStringLiteral("--list"), QStringLiteral("files"), file("new")}).output;
+        QCOMPARE(files.count(path("new/")), 2);
+
+        // A copy is no move, and what a person calls another folder is another one.
+        QVERIFY(QDir().mkpath(file("old")) && QFile::copy(file("new/a.jpg"), file("old/a.jpg")));
+        const QByteArray copy = totals("files: 1, tags: 1, links: 1", 0);
+        QCOMPARE(imported("old").output, copy);
+        QVERIFY(QDir().rename(file("new"), file("newer")));
+        QCOMPARE(imported("newer", {QStringLiteral("--relocate"), QStringLiteral("no")}).output, whole);
+        QCOMPARE(imported("old").output, copy);
+        QCOMPARE(QDir(file("data/vellum/libraries")).entryList({QStringLiteral("*.vellum")}).size(), 4);
+    }
+
+    void manyImportsAtOnce()
+    {
+        constexpr int Imports = 10;
+        std::vector<std::unique_ptr<QProcess>> processes;
+        for (int i = 0; i < Imports; ++i) {
+            const QByteArray folder = "at once " + QByteArray::number(i);
+            QVERIFY(QDir().mkpath(file(folder)));
+            writePicture(path(folder + "/a.jpg"), {QStringLiteral("shared"), QString::number(i)});
+            processes.push_back(std::make_unique<QProcess>());
+            start(*processes.back(),
+                  {QStringLiteral("--import"), file(folder), QStringLiteral("--library"), file("at once.db")});
+        }
+        for (const auto& process : processes) {
+            QVERIFY(process->waitForFinished(120000));
+            QVERIFY2(process->exitCode() == 0, process->readAllStandardError());
+        }
+        QVERIFY(import("at once 0", "at once.db").output.startsWith("files: 10, tags: 11, links: 20,"));
     }
 
 private:

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/importer.h"
+#include "host/importer/metadata/metadatareader.h"
 #include "host/library/library.h"
 #include "host/library/libraryreader.h"
 #include "tests/importer/readermain.h"
@@ -125,10 +126,10 @@ private slots:
         writeSidecar(path("b.xmp"), {QStringLiteral("two")});
         import();
         writePicture(path("a.jpg"), {QStringLiteral("three, four")});
-        writeSidecar(path("b.xmp"), {QStringLiteral("five!")});
+        writeSidecar(path("b.xmp"), {QStringLiteral("six")});  // As many bytes as before.
         QCOMPARE(import().summary.changed, 2);
         QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("three, four")});
-        QCOMPARE(tags().value("b.jpg"), (QStringList{QStringLiteral("five!"), QStringLiteral("one")}));
+        QCOMPARE(tags().value("b.jpg"), (QStringList{QStringLiteral("one"), QStringLiteral("six")}));
         QCOMPARE(unlink(path("b.xmp").constData()), 0);
         QCOMPARE(import().summary.changed, 1);
         QCOMPARE(tags().value("b.jpg"), QStringList{QStringLiteral("one")});
@@ -146,6 +147,27 @@ private slots:
         QCOMPARE(utimensat(AT_FDCWD, path("a.jpg").constData(), times, 0), 0);
         QCOMPARE(import().summary.changed, 1);
         QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
+        QCOMPARE(import().summary.changed, 0);
+
+        writePicture(path("a.jpg"), {QStringLiteral("one"), QStringLiteral("two")});
+        QCOMPARE(import().summary.changed, 1);
+        QCOMPARE(tags().value("a.jpg"), (QStringList{QStringLiteral("renamed"), QStringLiteral("two")}));
+    }
+
+    void filesThatAnotherReaderReadAreReadAgain()
+    {
+        writePicture(path("a.jpg"), {QStringLiteral("one")});
+        import();
+        const qint64 root = m_library->addRootAndWait(m_root).rootId;
+        ImportedFile file;
+        file.path = "a.jpg";
+        file.state = LibraryReader::open(m_library->path())->fileStates(root, {file.path}).value.value(file.path).state;
+        file.readerVersion = metadataReaderVersion - 1;
+        file.keywords = QVector<QString>{};
+        QVERIFY(m_library->importAndWait(root, {file}).succeeded());
+        QCOMPARE(tags().value("a.jpg"), QStringList());
+        QCOMPARE(import().summary.changed, 1);
+        QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("one")});
         QCOMPARE(import().summary.changed, 0);
     }
 

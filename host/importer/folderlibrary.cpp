@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "host/importer/folderlibrary.h"
+
+#include "host/library/computer/computerstate.h"
+#include "host/library/computer/datafolder.h"
+#include "host/library/libraryreader.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <filesystem>
+#include <sys/stat.h>
+
+namespace {
+
+// Bytes of the hash in a file name; enough that no two folders of a person share one.
+constexpr int hashLength = 12;
+constexpr int sampleSize = 200;
+
+bool exists(const QByteArray& path)
+{
+    struct stat status = {};
+    return stat(path.constData(), &status) == 0;
+}
+
+// Without links as far as it exists, and without a slash at its end.
+QByteArray plainPath(const QByteArray& path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path.toStdString(), error);
+    const std::filesystem::path plain = std::filesystem::weakly_canonical(absolute, error);
+    QByteArray bytes = QByteArray::fromStdString(error ? absolute.string() : plain.string());
+    while (bytes.size() > 1 && bytes.endsWith('/'))
+        bytes.chop(1);
+    return bytes;
+}
+
+bool isAtOrBelow(const QByteArray& path, const QByteArray& folder)
+{
+    return path == folder || path.startsWith(folder.endsWith('/') ? folder : QByteArray(folder + '/'));
+}
+
+QByteArray defaultDirectory()
+{
+    const QByteArray data = personalDataFolder();
+    if (data.isEmpty())
+        return {};
+    const QByteArray directory = data + "/libraries";
+    mkdir(directory.constData(), S_IRWXU);
+    return plainPath(directory);
+}
+
+QVector<KnownLibrary> knownDefaultLibraries(const QByteArray& directory)
+{
+    QVector<KnownLibrary> libraries;
+    for (const KnownLibrary& library : ComputerState::knownLibraries()) {
+        if (isAtOrBelow(library.file, directory) && exists(library.file))
+            libraries.append(library);
+    }
+    return libraries;
+}
+
+QHash<qint64, QByteArray> mountsOf(const QByteArray& libraryFile)
+{
+    const QByteArray file = plainPath(libraryFile);
+    for (const KnownLibrary& library : ComputerState::knownLibraries()) {
+        if (library.file == file)
+            return library.mounts;
+    }
+    return {};
+}
+
+// Some of the pictures of a root.
+using Sample = QHash<QByteArray, KnownFile>;
+
+// Names alone are the same in many folders: cameras count from 1.
+bool isMostlyIn(const QByteArray& folder, const Sample& sample)
+{
+    int same = 0;
+    for (auto file = sample.begin(); file != sample.end(); ++file) {
+        struct stat status = {};
+        if (stat(QByteArray(folder + '/' + file.key()).constData(), &status) == 0 && status.st_size == file->state.size)
+            ++same;
+    }
+    return same > 0 && same * 2 >= sample.size();
+}
+
+bool isGoneFrom(const QByteArray& folder, const Sample& sample)
+{
+    const QList<QByteArray> paths = sample.keys();
+    return std::none_of(paths.begin(), paths.end(),
+                        [&folder](const QByteArray& path) { return exists(folder + '/' + path); });
+}
+
+Sample sampleOf(LibraryReader& reader, qint64 rootId)
+{
+    return reader.fileStates(rootId, reader.pathsBelow(rootId, {}, {}, sampleSize).value).value;
+}
+
+}  // namespace
+
+QByteArray folderlibrary::defaultFile(const QByteArray& folder)
+{
+    const QByteArray directory = defaultDirectory();
+    if (directory.isEmpty())
+        return {};
+    const QByteArray path = plainPath(folder);
+    const QVector<KnownLibrary> libraries = knownDefaultLibraries(directory);
+    for (const KnownLibrary& library : libraries) {
+        if (std::find(library.mounts.begin(), library.mounts.end(), path) != library.mounts.end())
+            return library.file;
+    }
+    // A library whose roots have moved elsewhere keeps its file.
+    const auto isTaken = [&](const QByteArray& file) {
+        return std::any_of(libraries.begin(), libraries.end(), [&](const KnownLibrary& library) {
+            return library.file == file && !library.mounts.isEmpty() &&
+                   std::none_of(library.mounts.begin(), library.mounts.end(),
+                                [&path](const QByteArray& mount) { return isAtOrBelow(mount, path); });
+        });
+    };
+    const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).left(hashLength).toHex();
+    QByteArray file = directory + '/' + hash + ".vellum";
+    for (int number = 2; isTaken(file); ++number)
+        file = directory + '/' + hash + '-' + QByteArray::number(number) + ".vellum";
+    return file;
+}
+
+std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& libraryFile, const QByteArray& folder)
+{
+    const std::unique_ptr<LibraryReader> reader = LibraryReader::open(QFile::decodeName(libraryFile));
+    if (!reader)
+        return {};
+    const QByteArray path = plainPath(folder);
+    const QHash<qint64, QByteArray> mounts = mountsOf(libraryFile);
+    for (const QByteArray& mount : mounts) {
+        if (isAtOrBelow(path, mount))
+            return {};
+    }
+    for (const RootRow& root : reader->roots().value) {
+        const QByteArray from = mounts.value(root.id);
+        const Sample sample = sampleOf(*reader, root.id);
+        if (isMostlyIn(path, sample) && (from.isEmpty() || isGoneFrom(from, sample)))
+            return MovedRoot{libraryFile, root.id, from, root.name};
+    }
+    return {};
+}
+
+std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& folder)
+{
+    const QDir directory(QFile::decodeName(defaultDirectory()));
+    // Not only those that this computer knows of: what it knows may be lost.
+    for (const QString& file : directory.entryList({QStringLiteral("*.vellum")}, QDir::Files)) {
+        if (const std::optional<MovedRoot> moved = movedRoot(QFile::encodeName(directory.filePath(file)), folder))
+            return moved;
+    }
+    return {};
+}
+
+QVector<QByteArray> folderlibrary::foldersOf(const QByteArray& libraryFile)
+{
+    const QHash<qint64, QByteArray> mounts = mountsOf(libraryFile);
+    QList<qint64> roots = mounts.keys();
+    std::sort(roots.begin(), roots.end());
+    QVector<QByteArray> folders;
+    for (const qint64 root : qAsConst(roots))
+        folders.append(mounts.value(root));
+    return folders;
+}
