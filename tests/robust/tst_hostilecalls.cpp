@@ -156,6 +156,24 @@ private slots:
         QVERIFY(m_calls.size() > 50);
     }
 
+    void tagsChangeInTheMiddleOfAReading()
+    {
+        // Each reading of a tag while a window opens finds the others changed, those that were read before as well.
+        for (int number = 0, seen = 1; seen > number; ++number) {
+            HostileSession s;
+            seen = 0;
+            s.host.setInsideCall([&](const char* operation) {
+                if (qstrcmp(operation, "fileCount") == 0 && seen++ == number) {
+                    for (const qint64 id : {1, 2, 3, 4, 5})
+                        s.host.setFileCount(id, 77);
+                }
+            });
+            s.user = std::make_unique<WindowUser>();
+            s.host.setInsideCall({});
+            QCOMPARE(s.user->chips(), expectedChips(s.host));
+        }
+    }
+
     void deedsInsideCalls_data()
     {
         QTest::addColumn<int>("number");
