@@ -33,7 +33,7 @@ QByteArray importSql(const bench::LibraryContent& content, int from, int to)
     }
     return "BEGIN IMMEDIATE;\nINSERT INTO files (root_id, path, size, modified, reader) VALUES " + files.join(", ") +
            ";\nINSERT INTO tags (name, color) SELECT DISTINCT column1, column2 FROM (VALUES " + tags.join(", ") +
-           ") WHERE column1 NOT IN (SELECT name FROM tags WHERE name = column1 AND deleted IS NULL);\n"
+           ") WHERE column1 NOT IN (SELECT name FROM keywords WHERE name = column1);\n"
            "INSERT INTO keywords (name, tag_id, state) SELECT name, id, 0 FROM tags WHERE id > (SELECT max(tag_id)"
            " FROM keywords);\n"
            "CREATE TEMP TABLE links AS SELECT tag_id, keywords.id AS keyword_id, files.id AS file_id FROM (VALUES " +

@@ -3,6 +3,7 @@
 
 #include "host/library/database/librarydatabase.h"
 #include "host/library/database/libraryerror.h"
+#include "host/library/database/librarystatement.h"
 
 LibraryTransaction::LibraryTransaction(LibraryDatabase& database, Kind kind, const MayWait& mayWait)
     : m_database(database)
@@ -15,7 +16,7 @@ LibraryTransaction::LibraryTransaction(LibraryDatabase& database, Kind kind, con
     if (kind == Kind::Writing)
         m_database.beginWriting(mayWait);
     else
-        m_database.execute(QStringLiteral("BEGIN"));
+        LibraryStatement(m_database, "BEGIN").run();
     m_database.m_inTransaction = true;
 }
 
@@ -33,7 +34,7 @@ LibraryTransaction::~LibraryTransaction()
 
 void LibraryTransaction::commit()
 {
-    m_database.execute(QStringLiteral("COMMIT"));
+    LibraryStatement(m_database, "COMMIT").run();
     m_database.m_inTransaction = false;
     m_open = false;
 }
