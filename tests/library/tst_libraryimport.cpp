@@ -172,6 +172,7 @@ private slots:
                     .succeeded());
         QVERIFY(f->createCategories({"left", "empty"}));
         QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({2}, {1, 2})), 0);
+        QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({1}, {3})), 0);
         QCOMPARE(pathsOf(FileQuery::allFiles()).size(), 5);
         QCOMPARE(pathsOf(FileQuery::ofTags({1, 2, 99})), (QByteArrayList{"/p/b.jpg", "/p/q/z.jpg"}));
         QCOMPARE(pathsOf(FileQuery::ofTags({})), QByteArrayList());

@@ -90,6 +90,10 @@ private slots:
                  (QStringList{"add 1: 3", "updated category 1", "answer 0"}));
         QCOMPARE(f->told(f->tags()->removeTagsFromGroups({1}, {3})),
                  (QStringList{"remove 1: 3", "updated category 1", "answer 0"}));
+        QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({1, 2}, {3})), 0);
+        f->takeLog();
+        QCOMPARE(f->told(f->tags()->removeTagsFromGroups({2}, {3})),
+                 (QStringList{"remove 2: 3", "updated category 2", "add 0: 3", "updated category 0", "answer 0"}));
     }
 
     void whatIsSoAlreadyChangesNothing()
