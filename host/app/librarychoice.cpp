@@ -11,9 +11,6 @@
 
 #include <sys/stat.h>
 
-#include <cstdlib>
-#include <memory>
-
 namespace {
 
 const QString folderKey = QStringLiteral("library/folder");
@@ -29,13 +26,6 @@ bool exists(const QByteArray& path)
 {
     struct stat status = {};
     return ::stat(path.constData(), &status) == 0;
-}
-
-// Absolute and without links, so that it means the same at the next start; unchanged when there is no such path.
-QByteArray canonical(const QByteArray& path)
-{
-    const std::unique_ptr<char, decltype(&std::free)> resolved(::realpath(path.constData(), nullptr), &std::free);
-    return resolved ? QByteArray(resolved.get()) : path;
 }
 
 QString shown(const QByteArray& path)
@@ -72,7 +62,7 @@ void LibraryChoice::choose(const CommandLine& commandLine)
         chooseRootsOf(folderlibrary::foldersOf(file));
         return;
     }
-    const QByteArray folder = canonical(commandLine.folder);
+    const QByteArray folder = folderlibrary::plainPath(commandLine.folder);
     if (isFolder(folder)) {
         folders = {folder};
         if (exists(file))
@@ -130,9 +120,9 @@ void LibraryChoice::save(QSettings& settings) const
 {
     if (!folders.isEmpty())
         settings.setValue(folderKey, folders.constFirst());
-    else if (settings.value(fileKey).toByteArray() != canonical(file))
+    else if (settings.value(fileKey).toByteArray() != folderlibrary::plainPath(file))
         settings.remove(folderKey);
-    settings.setValue(fileKey, canonical(file));
+    settings.setValue(fileKey, folderlibrary::plainPath(file));
 }
 
 void LibraryChoice::mountMoved(const QString& libraryId) const

@@ -13,6 +13,8 @@
 #include <filesystem>
 #include <sys/stat.h>
 
+using folderlibrary::plainPath;
+
 namespace {
 
 // Bytes of the hash in a file name; enough that no two folders of a person share one.
@@ -23,18 +25,6 @@ bool exists(const QByteArray& path)
 {
     struct stat status = {};
     return stat(path.constData(), &status) == 0;
-}
-
-// Without links as far as it exists, and without a slash at its end.
-QByteArray plainPath(const QByteArray& path)
-{
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path.toStdString(), error);
-    const std::filesystem::path plain = std::filesystem::weakly_canonical(absolute, error);
-    QByteArray bytes = QByteArray::fromStdString(error ? absolute.string() : plain.string());
-    while (bytes.size() > 1 && bytes.endsWith('/'))
-        bytes.chop(1);
-    return bytes;
 }
 
 bool isAtOrBelow(const QByteArray& path, const QByteArray& folder)
@@ -100,6 +90,17 @@ Sample sampleOf(LibraryReader& reader, qint64 rootId)
 }
 
 }  // namespace
+
+QByteArray folderlibrary::plainPath(const QByteArray& path)
+{
+    std::error_code error;
+    const std::filesystem::path absolute = std::filesystem::absolute(path.toStdString(), error);
+    const std::filesystem::path plain = std::filesystem::weakly_canonical(absolute, error);
+    QByteArray bytes = QByteArray::fromStdString(error ? absolute.string() : plain.string());
+    while (bytes.size() > 1 && bytes.endsWith('/'))
+        bytes.chop(1);
+    return bytes;
+}
 
 QByteArray folderlibrary::defaultFile(const QByteArray& folder)
 {

@@ -19,6 +19,8 @@ struct MovedRoot
 /// Which library belongs to which folder on this computer. Paths are the file system's bytes.
 namespace folderlibrary {
 
+/// \a path as an absolute one, without links as far as it exists, and without a slash at its end.
+[[nodiscard]] QByteArray plainPath(const QByteArray& path);
 /// The library file of a folder for which none was named: the one in the person's data directory (XDG_DATA_HOME) that
 /// has the folder for a root, else a name for a new one there. Makes that directory, for the person's eyes only; not
 /// the file. Empty when the person has no data directory. \a folder need not exist.
