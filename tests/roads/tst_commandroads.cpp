@@ -146,7 +146,7 @@ private slots:
         QTRY_VERIFY(chips().isEmpty());
         m_user->clickTile(m_user->tile("fruit"));
         QTRY_COMPARE(chips(), QStringList("A: apple"));
-        QTRY_COMPARE(m_user->tiles(), QStringList({"Uncategorized 0", "[fruit 1]"}));
+        QTRY_COMPARE(m_user->tiles(), QStringList({"Unsorted 0", "[fruit 1]"}));
 
         QVERIFY(chooseByMouse(m_user->openTagMenu("apple"), "Remove the Tag from the Category"));
         QTRY_VERIFY(chips().isEmpty());
