@@ -1,9 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "host/importer/foundpicture.h"
 
+#include "host/importer/metadata/metadatareader.h"
+
+namespace {
+
+/// A newer reader may read what an older one could not.
+QByteArray trial(const QByteArray& stamp, qint64 statusChanged)
+{
+    return stamp + ',' + QByteArray::number(statusChanged) + ',' + QByteArray::number(metadataReaderVersion);
+}
+
+}  // namespace
+
 QByteArray FoundSidecar::trialStamp() const
 {
-    return stamp + QByteArray::number(statusChanged);
+    return trial(stamp, statusChanged);
 }
 
 FileState FoundPicture::state() const
@@ -18,5 +30,5 @@ FileState FoundPicture::state() const
 
 QByteArray FoundPicture::trialStamp() const
 {
-    return QByteArray::number(size) + ',' + QByteArray::number(modified) + ',' + QByteArray::number(statusChanged);
+    return trial(QByteArray::number(size) + ',' + QByteArray::number(modified), statusChanged);
 }
