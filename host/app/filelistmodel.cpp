@@ -53,6 +53,8 @@ void FileListModel::setPaths(const QVector<qint64>& ids, const QVector<FileRow>&
         if (known == m_paths.end())
             continue;
         known->path = file.path;
+        if (file.isAway)
+            setThumbnail(file.id, {Thumbnail::Missing, {}});
         changed(known->row);
     }
     for (const qint64 id : ids) {
@@ -84,7 +86,8 @@ void FileListModel::forgetThumbnails()
 bool FileListModel::needsThumbnail(int row) const
 {
     const qint64 file = m_ids.at(row);
-    return !path(row).isEmpty() && (!m_thumbnails.contains(file) || m_outdated.contains(file));
+    // Without a place on this computer it is relative, and would lead into the working directory.
+    return path(row).startsWith('/') && (!m_thumbnails.contains(file) || m_outdated.contains(file));
 }
 
 int FileListModel::rowCount(const QModelIndex& parent) const

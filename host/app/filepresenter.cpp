@@ -129,9 +129,11 @@ void FilePresenter::fillPaths(const QVector<qint64>& ids)
 
 void FilePresenter::openFile(const QByteArray& path)
 {
-    const QString type = PictureFile::pictureType(path);
+    // A file whose root has no place on this computer has a relative path.
+    const bool isThere = path.startsWith('/') && ::access(path.constData(), F_OK) == 0;
     // Only what is a picture by its content goes to the desktop, whatever the file's name says.
-    if (::access(path.constData(), F_OK) != 0)
+    const QString type = isThere ? PictureFile::pictureType(path) : QString();
+    if (!isThere)
         m_panel.setNotice(tr("%1 is not there, or its disk is not connected.").arg(PictureFile::displayName(path)));
     else if (type.isEmpty())
         m_panel.setNotice(tr("%1 is not a picture file that can be opened.").arg(PictureFile::displayName(path)));

@@ -10,11 +10,13 @@
 #include "host/app/namedialogwatch.h"
 #include "host/app/noticebar.h"
 #include "host/app/picturefile.h"
+#include "host/app/refusaltext.h"
 #include "host/app/searchresults.h"
 #include "host/app/skippedfilesdialog.h"
 #include "host/app/tagwindow.h"
 #include "host/app/windowgeometry.h"
 #include "host/library/library.h"
+#include "host/library/memory/libraryresponse.h"
 #include "host/library/records/librarystatus.h"
 
 #include <ilibrarydataprovider.h>
@@ -84,8 +86,7 @@ void HostWindow::restoreGeometryKept()
 void HostWindow::startImport()
 {
     m_importTime.start();
-    if (!m_session.choice().absentFolders.isEmpty())
-        m_importBar->showAbsence(PictureFile::displayName(m_session.choice().absentFolders.constFirst()));
+    showAbsentFolders();
     ImportOptions options;
     options.rereads = m_session.choice().rereads;
     if (!m_session.startImport(options))
@@ -207,6 +208,15 @@ void HostWindow::connectSession()
     connect(m_importBar, &ImportBar::removalRequested, this, &HostWindow::askToRemoveMissing);
 }
 
+void HostWindow::showAbsentFolders()
+{
+    QStringList names;
+    for (const QByteArray& folder : m_session.choice().absentFolders)
+        names.append(PictureFile::displayName(folder));
+    if (!names.isEmpty())
+        m_importBar->showAbsence(names);
+}
+
 void HostWindow::connectAnswers()
 {
     const auto show = [this](qint64, const QSharedPointer<const IResponseInfo>& answer) {
@@ -220,6 +230,7 @@ void HostWindow::connectAnswers()
     const auto library = m_session.library().dataProvider();
     connect(library->tagAction().data(), &ITagAction::signalTagResult, this, show);
     connect(library->tagGroupAction().data(), &ITagGroupAction::signalTagGroupResult, this, show);
+    connect(&m_session.library(), &Library::failed, m_noticeBar, &NoticeBar::showNotice);
 }
 
 void HostWindow::showImportProgress(int done, int found)
@@ -248,7 +259,8 @@ void HostWindow::showSkippedFiles()
 
 void HostWindow::showRefusal(const IResponseInfo& answer)
 {
-    m_noticeBar->showNotice(tr("Nothing was changed. %1").arg(answer.message()));
+    const auto* own = dynamic_cast<const LibraryResponse*>(&answer);
+    m_noticeBar->showNotice(own ? refusalText(own->kind(), answer.message()) : answer.message());
     if (m_nameDialog)
         m_nameDialog->allowAnotherTry();
 }

@@ -59,6 +59,7 @@ private:
     void connectTagWindow();
     void connectSession();
     void connectAnswers();
+    void showAbsentFolders();
     void showImportProgress(int done, int found);
     void showImportOutcome(const ImportSummary& summary);
     void showSkippedFiles();

@@ -65,16 +65,19 @@ void ImportBar::showProgress(int done, int found)
 
 void ImportBar::showOutcome(const ImportSummary& summary)
 {
-    const QStringList sentences = sentencesOf(summary);
+    const QStringList sentences = m_absence + sentencesOf(summary);
     if (sentences.isEmpty())
         return hide();
     m_text->setText(sentences.join(QLatin1Char(' ')));
     showButtons(false, summary.skipped > 0, summary.missing > 0);
 }
 
-void ImportBar::showAbsence(const QString& folder)
+void ImportBar::showAbsence(const QStringList& folders)
 {
-    m_text->setText(tr("The folder “%1” is not there. What is known of its pictures is shown.").arg(folder));
+    m_absence.clear();
+    for (const QString& folder : folders)
+        m_absence += tr("The folder “%1” is not there. What is known of its pictures is shown.").arg(folder);
+    m_text->setText(m_absence.join(QLatin1Char(' ')));
     showButtons(false, false, false);
 }
 

@@ -22,8 +22,8 @@ public:
     /// Shows errors, files left out, and pictures that are missing or away; hides the bar when there is nothing of it.
     /// Files that could not be read at earlier imports either are no news.
     void showOutcome(const ImportSummary& summary);
-    /// Shows that \a folder, a path, is not there, so that nothing is imported.
-    void showAbsence(const QString& folder);
+    /// Shows that the folders, each a path, are not there, now and with every outcome.
+    void showAbsence(const QStringList& folders);
 
 signals:
     void cancelRequested();
@@ -38,6 +38,7 @@ private:
     void applySkin();
     void showButtons(bool running, bool skipped, bool missing);
 
+    QStringList m_absence;  ///< A sentence for each absent folder.
     WrappedLabel* m_text = nullptr;
     QProgressBar* m_progress = nullptr;
     QPushButton* m_skippedButton = nullptr;

@@ -58,6 +58,9 @@ ReaderProcess* ThumbnailWorker::freeProcess()
 
 void ThumbnailWorker::handleAnswer(ReaderProcess* process, int index, const QByteArray& answer)
 {
+    // Given up when another process could not be started.
+    if (!m_jobs.contains(index))
+        return;
     const std::optional<QImage> image = ThumbnailPixels::fromBytes(answer, m_jobs.value(index).pixels);
     if (!image)
         process->replace();

@@ -39,6 +39,9 @@ private slots:
         QVERIFY(!shows("import_bar_remove") && shows("import_bar_cancel"));
         summary.error = QStringLiteral("<b>%1</b>");
         QVERIFY(outcome(summary).endsWith(QLatin1String("<b>%1</b>")));
+        bar.showAbsence({"/a", "/b"});
+        const QString absence = outcome({});
+        QVERIFY2(absence.contains("“/a”") && absence.contains("“/b”"), qPrintable(absence));
     }
 
     void missingPicturesAreKeptUnlessRemoved()

@@ -16,9 +16,9 @@ template <typename Action, typename Signal>
 qint64 send(RequestSender* sender, Action* action, Signal signal, ChangeKind kind, LibraryRequestBody body)
 {
     const qint64 id = RequestSender::nextRequestId();
-    const auto answer = [id, signal, action = QPointer<Action>(action)](const LibraryResult& result) {
+    const auto answer = [id, signal, kind, action = QPointer<Action>(action)](const LibraryResult& result) {
         if (action)
-            emit(action.data()->*signal)(id, QSharedPointer<LibraryResponse>::create(result));
+            emit(action.data()->*signal)(id, QSharedPointer<LibraryResponse>::create(kind, result));
     };
     if (sender)
         sender->send(kind, std::move(body), answer);

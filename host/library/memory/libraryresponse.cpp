@@ -3,8 +3,9 @@
 
 #include "host/library/memory/libraryinfos.h"
 
-LibraryResponse::LibraryResponse(const LibraryResult& result)
-    : m_status(result.status)
+LibraryResponse::LibraryResponse(ChangeKind kind, const LibraryResult& result)
+    : m_kind(kind)
+    , m_status(result.status)
     , m_message(result.message)
     , m_tags(result.rejectedTags)
     , m_categories(result.rejectedCategories)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/library/records/changekind.h"
 #include "host/library/records/libraryresult.h"
 
 #include <iresponseinfo.h>
@@ -9,9 +10,11 @@
 class LibraryResponse final : public IResponseInfo
 {
 public:
-    explicit LibraryResponse(const LibraryResult& result);
+    LibraryResponse(ChangeKind kind, const LibraryResult& result);
     virtual ~LibraryResponse() = default;
 
+    /// What was asked for.
+    [[nodiscard]] ChangeKind kind() const { return m_kind; }
     /// A LibraryStatus.
     [[nodiscard]] int status() const override;
     [[nodiscard]] QString message() const override;
@@ -20,6 +23,7 @@ public:
     void rejectedFiles(QVector<QSharedPointer<const QString>>& out) const override;
 
 private:
+    ChangeKind m_kind;
     LibraryStatus m_status;
     QString m_message;
     QVector<TagRow> m_tags;
