@@ -147,11 +147,19 @@ QStringList Library::notes() const
 
 LibraryResult Library::addRootAndWait(const QByteArray& folder)
 {
-    const auto body = [id = d->id, folder = canonicalFolder(folder)](LibraryRequest& request) {
-        ComputerState computer(id);
-        rootrequests::add(request, computer, folder);
+    const QByteArray canonical = canonicalFolder(folder);
+    const auto body = [&](LibraryRequest& request) {
+        rootrequests::add(request, ComputerState(d->id).mounts(), canonical);
     };
-    return d->engine->sendAndWait(ChangeKind::AddRoot, body, nullptr);
+    const LibraryResult result = d->engine->sendAndWait(ChangeKind::AddRoot, body, nullptr);
+    if (result.change.isEmpty())
+        return result;
+    // Not before the commit: a mount must not be lost to a request that is rolled back.
+    ComputerState computer(d->id);
+    computer.setMount(result.rootId, canonical);
+    for (qint64 adopted : result.rootsAdopted)
+        computer.removeRoot(adopted);
+    return result;
 }
 
 LibraryResult Library::importAndWait(qint64 rootId, const QVector<ImportedFile>& files,

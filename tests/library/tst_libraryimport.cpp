@@ -140,6 +140,13 @@ private slots:
         QCOMPARE(below.folderInRoot, QByteArray("c/d"));
         const LibraryResult beside = library->addRootAndWait("/nowhere/a/bc");
         QVERIFY(library->importAndWait(beside.rootId, {picture("y.jpg", {"sea"})}).succeeded());
+        // What is rolled back leaves the mounts alone.
+        QCOMPARE(LibraryFixture::rowsOf(f->path(), {"CREATE TRIGGER refusal BEFORE INSERT ON changes"
+                                                    " BEGIN SELECT RAISE(ABORT, 'refused'); END"}),
+                 QStringList());
+        QVERIFY(!library->addRootAndWait("/nowhere/a").succeeded());
+        QCOMPARE(LibraryFixture::rowsOf(f->path(), {"DROP TRIGGER refusal"}), QStringList());
+        QCOMPARE(library->addRootAndWait("/nowhere/a/b").rootId, inner.rootId);
         const LibraryResult outer = library->addRootAndWait("/nowhere/a");
         QCOMPARE(pathsOf(FileQuery::allFiles()), (QByteArrayList{"/nowhere/a/b/x.jpg", "/nowhere/a/bc/y.jpg"}));
         const auto reader = LibraryReader::open(f->path());

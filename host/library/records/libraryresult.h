@@ -27,8 +27,9 @@ struct LibraryResult
     QVector<CategoryRow> rejectedCategories;
     LibraryChange change;
     ImportNumbers numbers;
-    qint64 rootId = 0;        ///< Of a request for a root.
-    QByteArray folderInRoot;  ///< Where in that root the folder asked for is; empty for the root itself.
+    qint64 rootId = 0;             ///< Of a request for a root.
+    QByteArray folderInRoot;       ///< Where in that root the folder asked for is; empty for the root itself.
+    QVector<qint64> rootsAdopted;  ///< Roots that are gone: a new one took over their files.
 
     [[nodiscard]] bool succeeded() const { return status == LibraryStatus::Done; }
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/requests/rootrequests.h"
 
-#include "host/library/computer/computerstate.h"
 #include "host/library/database/roottable.h"
 #include "host/library/records/tagname.h"
 
@@ -26,9 +25,8 @@ QString nameOf(const QByteArray& folder)
 
 }  // namespace
 
-void rootrequests::add(LibraryRequest& request, ComputerState& computer, const QByteArray& folder)
+void rootrequests::add(LibraryRequest& request, const QHash<qint64, QByteArray>& mounts, const QByteArray& folder)
 {
-    const QHash<qint64, QByteArray> mounts = computer.mounts();
     QVector<QPair<qint64, QByteArray>> below;
     for (const RootRow& root : roottable::roots(request.database)) {
         const QByteArray mount = mounts.value(root.id);
@@ -45,9 +43,8 @@ void rootrequests::add(LibraryRequest& request, ComputerState& computer, const Q
     const qint64 id = roottable::insert(request.database, nameOf(folder));
     for (const auto& [adopted, place] : qAsConst(below)) {
         roottable::adopt(request.database, adopted, id, place);
-        computer.removeRoot(adopted);
+        request.result.rootsAdopted.append(adopted);
     }
-    computer.setMount(id, folder);
     request.result.rootId = id;
     request.change().filesChanged = true;
 }
