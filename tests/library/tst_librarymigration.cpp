@@ -190,6 +190,8 @@ private slots:
                                       << "" << QStringList{"X", "Y"};
         QTest::newRow("swapped") << QStringList{"B", "A"} << both << ""
                                  << "" << QStringList{"A", "B"};
+        QTest::newRow("swapped, one of them on no other file") << QStringList{"B", "A"} << both << ""
+                                                               << "" << QStringList{"A", "B"};
         QTest::newRow("deleted") << QStringList{"A", ""} << both << "B"
                                  << "" << QStringList{"A"};
     }
@@ -208,15 +210,20 @@ private slots:
         };
         const QTemporaryDir folder;
         const QString path = folder.filePath("old");
-        QVERIFY(makeVersion1(
-            path, tags,
-            {{"both", {"A", "B"}, present({1, 2})}, {"a", {"A"}, present({1})}, {"b", {"B"}, present({2})}}));
+        QVector<Version1File> files = {
+            {"both", {"A", "B"}, present({1, 2})}, {"b", {"B"}, present({2})}, {"a", {"A"}, present({1})}};
+        if (QByteArray(QTest::currentDataTag()).contains("no other file"))
+            files.removeLast();
+        QVERIFY(makeVersion1(path, tags, files));
         LibraryFixture f(path);
         const QStringList before = f.shown();
         const auto file = [](const QByteArray& name, const QVector<QString>& words) {
             return ImportedFile{name, {1, 1, {}}, 1, {}, words};
         };
-        QVERIFY(f.import({file("both", {"A", "B"}), file("a", {"A"}), file("b", {"B"})}).succeeded());
+        QVector<ImportedFile> readAgain;
+        for (const Version1File& old : files)
+            readAgain.append(file(old.name, old.keywords));
+        QVERIFY(f.import(readAgain).succeeded());
         QVERIFY(f.library()->settleAndWait(1).succeeded());
         f.statusOf(f.tags()->deleteTags({}));
         QCOMPARE(f.shown(), before);

@@ -83,9 +83,9 @@ void Settlement::explainByName()
     for (const Unsettled& keyword : qAsConst(m_keywords)) {
         const qint64 tagId = tagOfName(keyword);
         const QVector<Pair> pairs = m_pairs.value(keyword.id);
-        const bool allHaveIt =
-            std::any_of(pairs.cbegin(), pairs.cend(), [&](const Pair& pair) { return pair.tagId == tagId; });
-        if (!allHaveIt)
+        const bool isTheirs = std::any_of(pairs.cbegin(), pairs.cend(),
+                                          [&](const Pair& pair) { return pair.isExact && pair.tagId == tagId; });
+        if (!isTheirs)
             continue;
         m_explained.insert(tagId);
         decide(keyword, State::Mapped, tagId);

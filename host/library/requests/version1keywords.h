@@ -11,10 +11,10 @@ namespace version1keywords {
 [[nodiscard]] QByteArray hashOf(const QVector<QString>& keywords);
 
 /// Decides about the keywords that were met since the files began to be read again, from those files whose keywords are
-/// still what version 1 saw: a keyword leads to the tag of its name if all of them have it, else to the one tag that
-/// all of them, and no others, have and that no keyword's name explains. If there is none it leads to the tag of its
-/// name, is ignored if no tag has it, or makes one if only files have it that version 1 did not know so. If there are
-/// several it is undecided. Tags that no keyword explains then stay as a person's decisions. The body of one
+/// still what version 1 saw: a keyword leads to the tag of its name if all of them, and no others, have it, else to the
+/// one tag that all of them, and no others, have and that no keyword's name explains. If there is none it leads to the
+/// tag of its name, is ignored if no tag has it, or makes one if only files have it that version 1 did not know so. If
+/// there are several it is undecided. Tags that no keyword explains then stay as a person's decisions. The body of one
 /// transaction; a library without such files is left as it is.
 void settle(LibraryRequest& request);
 
