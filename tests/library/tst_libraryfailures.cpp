@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "host/library/database/libraryerror.h"
 #include "host/library/database/sqlite/sqlitedatabase.h"
 #include "tests/library/diskfault.h"
 #include "tests/library/libraryfixture.h"
@@ -161,6 +162,19 @@ private slots:
             }
             QVERIFY(failedEver);
         }
+    }
+
+    void failedCheckpointLeavesTheTimeout()
+    {
+        SqliteDatabase database(f->path(), SqliteDatabase::Access::ReadWrite);
+        database.beginWriting({});
+        database.execute("COMMIT");
+        const qint64 before = database.number("PRAGMA busy_timeout");
+        m_fault->set(DiskFault::Kind::WriteError);
+        QVERIFY_EXCEPTION_THROWN(database.checkpoint(), LibraryError);
+        m_fault->clear();
+        QVERIFY(before > 0);
+        QCOMPARE(database.number("PRAGMA busy_timeout"), before);
     }
 
     void failingDiskDuringAnImport()

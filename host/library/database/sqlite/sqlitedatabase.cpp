@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/database/sqlite/sqlitedatabase.h"
 
+#include "host/library/database/libraryerror.h"
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/sqlite/sqliteerror.h"
 #include "host/library/records/librarytext.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QSqlError>
 #include <QUrl>
 
@@ -68,10 +70,16 @@ void SqliteDatabase::configure()
 bool SqliteDatabase::checkpoint()
 {
     execute(QStringLiteral("PRAGMA busy_timeout = 0"));
+    // Without it, who waits for a lock would ask for it all the time.
+    const auto restored = qScopeGuard([this] {
+        try {
+            execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(WritingTimeout));
+        } catch (const LibraryError&) {
+            // Only without memory.
+        }
+    });
     // The first column says whether somebody was in the way.
-    const bool isDone = number(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")) == 0;
-    execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(WritingTimeout));
-    return isDone;
+    return number(QStringLiteral("PRAGMA wal_checkpoint(TRUNCATE)")) == 0;
 }
 
 void SqliteDatabase::beginWriting(const std::function<bool()>& mayWait)
