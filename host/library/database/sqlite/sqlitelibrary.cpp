@@ -100,10 +100,13 @@ void migrateVersion1(SqliteDatabase& database, const QString& path, const sqlite
 {
     const LibraryCopy copy(database, path, QStringLiteral(".v1.bak"));
     try {
-        sqliteschema::takeStep(database, 1, [&observer](LibraryDatabase& inside) {
+        const bool isTaken = sqliteschema::takeStep(database, 1, [&observer](LibraryDatabase& inside) {
             const version1::Migrated migrated = version1::migrate(inside);
             observer(librarytable::id(inside), migrated);
         });
+        // Another program took it meanwhile and has a copy of its own.
+        if (!isTaken)
+            copy.remove();
     } catch (const LibraryError&) {
         copy.remove();
         throw;

@@ -121,18 +121,19 @@ void sqliteschema::create(LibraryDatabase& database)
     transaction.commit();
 }
 
-void sqliteschema::takeStep(LibraryDatabase& database, int from, const Step& step)
+bool sqliteschema::takeStep(LibraryDatabase& database, int from, const Step& step)
 {
     const FreeHand free(database);
     LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing, untilLongestWait());
     if (versionOf(database) != from)
-        return;
+        return false;
     step(database);
     if (database.number(QStringLiteral("SELECT count(*) FROM pragma_foreign_key_check")) > 0)
         throw LibraryError(LibraryStatus::Failed,
                            LibraryText::tr("The library is damaged and cannot be brought to the current version."));
     setVersion(database, from + 1);
     transaction.commit();
+    return true;
 }
 
 int sqliteschema::versionOf(LibraryDatabase& database)

@@ -26,8 +26,9 @@ using Step = std::function<void(LibraryDatabase& database)>;
 void create(LibraryDatabase& database);
 /// Takes the step from the version \a from to the next, in a transaction, so that it may be interrupted at any moment
 /// and is taken the next time; not when another program took it meanwhile. Foreign keys are off while it runs and
-/// checked before the commit, so that a step may build a table anew. Throws a LibraryError.
-void takeStep(LibraryDatabase& database, int from, const Step& step);
+/// checked before the commit, so that a step may build a table anew. Whether the step was taken here. Throws a
+/// LibraryError.
+bool takeStep(LibraryDatabase& database, int from, const Step& step);
 
 [[nodiscard]] int versionOf(LibraryDatabase& database);
 /// Throws unless the tables, indexes and whatever else is in the database are exactly those that this program makes: a
