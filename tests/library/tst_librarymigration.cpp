@@ -127,7 +127,8 @@ private slots:
         LibraryFixture f;
         QVERIFY(f.createTags({"one"}));
         SqliteDatabase database(f.path(), SqliteDatabase::Access::ReadWrite);
-        sqliteschema::takeStep(database, 1, [](LibraryDatabase& inside) { inside.execute("DELETE FROM tags"); });
+        QVERIFY(
+            !sqliteschema::takeStep(database, 1, [](LibraryDatabase& inside) { inside.execute("DELETE FROM tags"); }));
         QCOMPARE(database.number("SELECT count(*) FROM tags"), 1);
         const auto breaking = [](LibraryDatabase& inside) {
             inside.execute("INSERT INTO tag_categories VALUES (1, 77)");
@@ -248,6 +249,47 @@ private slots:
         QVERIFY(f.group(-1)->tagByName("C"));
         QCOMPARE(f.shown(), f.stored());
         QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT count(*) FROM decisions"}), QStringList{"0"});
+    }
+
+    /// Folder by folder: what a new picture's keyword was taken for is put right by the older ones, as far as no person
+    /// said otherwise, and files have the tags of their keywords and decisions all the time.
+    void filesAreReadInParts()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("old");
+        QVERIFY(makeVersion1(
+            path, {"Tiergarten", "Mond", "Gone"},
+            {{"b/z", {"Zoo"}, {1}}, {"b/m", {"Moon"}, {2}}, {"b/s", {"Sea"}, {}}, {"c/gone", {"Gone"}, {3}}}));
+        LibraryFixture f(path);
+        const auto import = [&](const QVector<QPair<QByteArray, QString>>& files) {
+            QVector<ImportedFile> read;
+            for (const auto& [name, keyword] : files)
+                read.append({name, {1, 1, {}}, 1, {}, {{keyword}}});
+            QVERIFY(f.import(read).succeeded());
+            QVERIFY(f.library()->settleAndWait(1).succeeded());
+            f.statusOf(f.tags()->deleteTags({}));
+            const QString wanted = "SELECT keywords.tag_id, file_id FROM file_keywords JOIN keywords ON keywords.id ="
+                                   " keyword_id WHERE tag_id IS NOT NULL UNION SELECT tag_id, file_id FROM decisions";
+            const QString present = "SELECT tag_id, file_id FROM file_tags JOIN files ON id = file_id WHERE reader > 0";
+            QCOMPARE(
+                LibraryFixture::rowsOf(path, {"SELECT * FROM (" + wanted + ") EXCEPT " + present,
+                                              "SELECT * FROM (" + present + ") EXCEPT SELECT * FROM (" + wanted + ")"}),
+                QStringList());
+            QCOMPARE(f.shown(), f.stored());
+        };
+        import({{"a/z", "Zoo"}, {"a/m", "Moon"}, { "a/s", "Sea" }});
+        QCOMPARE(f.group(-1)->tagByName("Zoo")->fileCount(1), 1);
+        QCOMPARE(f.statusOf(f.tags()->renameTag(f.group(-1)->tagByName("Moon")->tagInfo()->id(), "Luna")), 0);
+        import({{"b/z", "Zoo"}, {"b/m", "Moon"}, { "b/s", "Sea" }});
+        QVERIFY(!f.group(-1)->tagByName("Zoo"));
+        QCOMPARE(f.tag(1)->fileCount(1), 2);
+        QCOMPARE(f.tag(2)->fileCount(1), 1);
+        QCOMPARE(f.group(-1)->tagByName("Luna")->fileCount(1), 2);
+        QCOMPARE(f.group(-1)->tagByName("Sea")->fileCount(1), 2);
+        QCOMPARE(LibraryFixture::rowsOf(path, {"SELECT count(*) FROM decisions"}), QStringList{"1"});
+        // A file that is never read again holds nothing up.
+        import({{ "a/new", "fresh" }});
+        QCOMPARE(f.group(-1)->tagByName("fresh")->fileCount(1), 1);
     }
 
     /// As when a person does so today: the tag takes the ignored keyword of its new name.

@@ -6,6 +6,7 @@
 
 namespace {
 
+constexpr int Mapped = int(keywordtable::State::Mapped);
 constexpr int Unsettled = int(keywordtable::State::Unsettled);
 
 }  // namespace
@@ -51,7 +52,7 @@ QVector<version1queries::Pair> version1queries::pairs(LibraryDatabase& database)
 QVector<qint64> version1queries::explainedTags(LibraryDatabase& database)
 {
     LibraryStatement select(database, "SELECT DISTINCT tag_id FROM keywords WHERE state = ? AND tag_id IS NOT NULL");
-    return select.run(int(keywordtable::State::Mapped)).integers();
+    return select.run(::Mapped).integers();
 }
 
 bool version1queries::hasFilesReadAgain(LibraryDatabase& database)
@@ -61,23 +62,39 @@ bool version1queries::hasFilesReadAgain(LibraryDatabase& database)
         .next();
 }
 
-QHash<qint64, int> version1queries::followSettledKeywords(LibraryDatabase& database)
+QVector<version1queries::Guess> version1queries::contradictedGuesses(LibraryDatabase& database)
 {
     LibraryStatement select(
-        database, "SELECT tag_id, count(*) FROM (SELECT DISTINCT keywords.tag_id AS tag_id, file_id FROM file_keywords"
-                  " JOIN keywords ON keywords.id = keyword_id WHERE state = ? AND tag_id IS NOT NULL) AS wanted"
-                  " WHERE NOT EXISTS (SELECT 1 FROM file_tags WHERE tag_id = wanted.tag_id AND file_id ="
-                  " wanted.file_id) GROUP BY tag_id");
-    select.run(::Unsettled);
-    QHash<qint64, int> counts;
+        database,
+        "SELECT keywords.id, keywords.tag_id FROM files CROSS JOIN file_keywords ON file_keywords.file_id = files.id"
+        " JOIN keywords ON keywords.id = keyword_id JOIN tags ON tags.id = keywords.tag_id"
+        " LEFT JOIN file_tags ON file_tags.tag_id = keywords.tag_id AND file_tags.file_id = files.id"
+        " WHERE v1_content IS NOT NULL AND reader > 0 AND state = ? AND tags.deleted IS NULL"
+        " AND tags.name = keywords.name GROUP BY keywords.id HAVING count(file_tags.tag_id) = 0 ORDER BY keywords.id");
+    select.run(::Mapped);
+    QVector<Guess> guesses;
     while (select.next())
-        counts.insert(select.integer(0), int(select.integer(1)));
-    LibraryStatement(database, "INSERT INTO file_tags (tag_id, file_id) SELECT keywords.tag_id, file_id FROM"
-                               " file_keywords JOIN keywords ON keywords.id = keyword_id WHERE state = ?"
-                               " AND keywords.tag_id IS NOT NULL ON CONFLICT DO NOTHING")
-        .run(::Unsettled);
+        guesses.append({select.integer(0), select.integer(1)});
+    return guesses;
+}
+
+QHash<qint64, int> version1queries::followSettledKeywords(LibraryDatabase& database)
+{
+    LibraryStatement insert(
+        database,
+        "WITH wanted AS (SELECT keywords.tag_id AS tag_id, file_id FROM file_keywords"
+        " JOIN keywords ON keywords.id = keyword_id WHERE state = ? AND tag_id IS NOT NULL"
+        " UNION SELECT keywords.tag_id, files.id FROM files CROSS JOIN file_keywords ON file_id = files.id"
+        " JOIN keywords ON keywords.id = keyword_id WHERE v1_content IS NOT NULL AND reader > 0 AND state = ?"
+        " AND tag_id IS NOT NULL)"
+        " INSERT INTO file_tags (tag_id, file_id) SELECT tag_id, file_id FROM wanted WHERE NOT EXISTS"
+        " (SELECT 1 FROM decisions WHERE decisions.file_id = wanted.file_id AND decisions.tag_id = wanted.tag_id"
+        " AND sign < 0) ON CONFLICT DO NOTHING RETURNING tag_id");
+    QHash<qint64, int> counts;
+    for (qint64 tagId : insert.run(::Unsettled, ::Mapped).integers())
+        ++counts[tagId];
     LibraryStatement(database, "UPDATE keywords SET state = ? WHERE state = ? AND tag_id IS NOT NULL")
-        .run(int(keywordtable::State::Mapped), ::Unsettled);
+        .run(::Mapped, ::Unsettled);
     return counts;
 }
 

@@ -28,13 +28,22 @@ struct Unsettled
     qint64 fileCount = 0;  ///< Among these files.
 };
 
+/// A keyword that leads to the tag of its name though none of these files with the keyword has the tag.
+struct Guess
+{
+    qint64 keywordId = 0;
+    qint64 tagId = 0;
+};
+
+[[nodiscard]] QVector<Guess> contradictedGuesses(LibraryDatabase& database);
 [[nodiscard]] QVector<Unsettled> unsettledKeywords(LibraryDatabase& database);
 [[nodiscard]] QVector<Pair> pairs(LibraryDatabase& database);
 /// Those that a keyword is known to lead to.
 [[nodiscard]] QVector<qint64> explainedTags(LibraryDatabase& database);
 [[nodiscard]] bool hasFilesReadAgain(LibraryDatabase& database);
-/// Gives the tags of the unsettled keywords that lead to one by now to all files that have those, and settles them.
-/// Returns how many files each tag has more.
+/// Gives the tags of the unsettled keywords that lead to one by now to all files that have those, and settles them;
+/// these files get the tags of their other keywords, too. Decisions against a tag hold. Returns how many files each tag
+/// has more.
 [[nodiscard]] QHash<qint64, int> followSettledKeywords(LibraryDatabase& database);
 /// Makes what no keyword explains of the tags of these files a decision for them.
 void keepUnexplainedTags(LibraryDatabase& database);

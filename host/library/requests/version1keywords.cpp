@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/requests/version1keywords.h"
 
+#include "host/library/database/categorytable.h"
+#include "host/library/database/filetable.h"
 #include "host/library/database/keywordtable.h"
 #include "host/library/database/tagtable.h"
 #include "host/library/database/version1queries.h"
 #include "host/library/records/tagname.h"
 #include "host/library/records/tagpalette.h"
+#include "host/library/requests/tagrequests.h"
 
 #include <QCryptographicHash>
 #include <QDataStream>
@@ -30,6 +33,7 @@ public:
     void run();
 
 private:
+    void reopenGuesses();
     [[nodiscard]] qint64 tagOfName(const Unsettled& keyword) const;
     [[nodiscard]] QVector<qint64> candidates(const Unsettled& keyword) const;
     void explainByName();
@@ -38,8 +42,10 @@ private:
     void decide(const Unsettled& keyword, State state, qint64 tagId);
     [[nodiscard]] qint64 newTag(const Unsettled& keyword);
     void giveTags();
+    void removeWrongGuesses();
 
     LibraryRequest& m_request;
+    QHash<qint64, qint64> m_guesses;  ///< Tags that were made too early, by keyword.
     QVector<Unsettled> m_keywords;
     QHash<qint64, QVector<Pair>> m_pairs;  ///< By keyword.
     QSet<qint64> m_decided;                ///< Keywords.
@@ -48,8 +54,9 @@ private:
 
 Settlement::Settlement(LibraryRequest& request)
     : m_request(request)
-    , m_keywords(version1queries::unsettledKeywords(request.database))
 {
+    reopenGuesses();
+    m_keywords = version1queries::unsettledKeywords(request.database);
     for (const Pair& pair : version1queries::pairs(request.database))
         m_pairs[pair.keywordId].append(pair);
     const QVector<qint64> explained = version1queries::explainedTags(request.database);
@@ -66,9 +73,24 @@ void Settlement::run()
     explainByName();
     explainByFiles();
     giveTags();
+    removeWrongGuesses();
     version1queries::keepUnexplainedTags(m_request.database);
     version1queries::forgetVersion1(m_request.database);
     m_request.change().filesChanged = true;
+}
+
+/// A part of the files may have been settled before the others were read: a new file's keyword became a tag of its own
+/// then, though these files know it as what a renamed tag was called.
+void Settlement::reopenGuesses()
+{
+    for (const version1queries::Guess& guess : version1queries::contradictedGuesses(m_request.database)) {
+        m_guesses.insert(guess.keywordId, guess.tagId);
+        keywordtable::update(m_request.database, guess.keywordId, State::Unsettled, 0);
+        const int fewer = filetable::leaveKeyword(m_request.database, guess.keywordId, guess.tagId);
+        tagtable::addToFileCount(m_request.database, guess.tagId, -fewer);
+        m_request.change().fileCountChanges[guess.tagId] -= fewer;
+        m_request.result.numbers.linksRemoved += fewer;
+    }
 }
 
 /// 0 without one.
@@ -120,7 +142,7 @@ void Settlement::explainByFiles()
         const QVector<qint64> tagIds = candidates(keyword);
         if (tagIds.size() == 1 && claims.value(tagIds.first()) == 1)
             decide(keyword, State::Mapped, tagIds.first());
-        else if (!tagIds.isEmpty())
+        else if (!tagIds.isEmpty() && !m_guesses.contains(keyword.id))
             decide(keyword, State::Undecided, 0);
         else
             explain(keyword);
@@ -154,6 +176,24 @@ void Settlement::giveTags()
         m_request.change().fileCountChanges[count.key()] += count.value();
         m_request.result.numbers.linksAdded += count.value();
     }
+}
+
+/// Unless a person did something with the tag meanwhile.
+void Settlement::removeWrongGuesses()
+{
+    if (m_guesses.isEmpty())
+        return;
+    QSet<qint64> inCategories;
+    for (const TagLink& link : categorytable::links(m_request.database))
+        inCategories.insert(link.tagId);
+    QVector<qint64> unused;
+    for (qint64 tagId : qAsConst(m_guesses)) {
+        const std::optional<TagRow> tag = tagtable::tagById(m_request.database, tagId);
+        if (tag && tag->fileCount == 0 && tag->colorIndex == TagPalette::indexForName(tag->name) &&
+            !inCategories.contains(tagId))
+            unused.append(tagId);
+    }
+    tagrequests::remove(m_request, unused);
 }
 
 qint64 Settlement::newTag(const Unsettled& keyword)

@@ -14,8 +14,9 @@ namespace version1keywords {
 /// still what version 1 saw: a keyword leads to the tag of its name if all of them, and no others, have it, else to the
 /// one tag that all of them, and no others, have and that no keyword's name explains. If there is none it leads to the
 /// tag of its name, is ignored if no tag has it, or makes one if only files have it that version 1 did not know so. If
-/// there are several it is undecided. Tags that no keyword explains then stay as a person's decisions. The body of one
-/// transaction; a library without such files is left as it is.
+/// there are several it is undecided. Tags that no keyword explains then stay as a person's decisions. A keyword that
+/// became a tag of its name while only a part of the files had been read is decided again. The body of one transaction;
+/// a library without such files is left as it is.
 void settle(LibraryRequest& request);
 
 }  // namespace version1keywords
