@@ -95,7 +95,7 @@ function(vellum_add_test name)
     set(arg_TIMEOUT 300)
   endif()
   set_tests_properties(${name} PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/tests/data"
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/tests/data;QTEST_FUNCTION_TIMEOUT=${arg_TIMEOUT}000"
     TIMEOUT ${arg_TIMEOUT}
     LABELS "${arg_LABELS}")
 endfunction()

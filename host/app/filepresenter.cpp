@@ -76,7 +76,8 @@ void FilePresenter::showHint(int files)
 void FilePresenter::present(const FileQuery& query)
 {
     m_query = query;
-    m_panel.setTitle(nameAskedFor());
+    m_name = nameAskedFor();
+    m_panel.setTitle(m_name);
     m_panel.showMessage(tr("Looking for files…"));
     m_panel.show();
     ask(false);
@@ -106,6 +107,10 @@ void FilePresenter::ask(bool keepPlace)
 void FilePresenter::showAnswer(const QVector<qint64>& ids, const QString& error, bool keepPlace)
 {
     m_asking = false;
+    // A deleted one has no name any more.
+    const QString name = nameAskedFor();
+    if (!name.isEmpty())
+        m_name = name;
     m_panel.setTitle(titleFor(ids.size()));
     if (!error.isEmpty())
         m_panel.showMessage(tr("The files cannot be shown: %1").arg(error));
@@ -147,15 +152,14 @@ QString FilePresenter::titleFor(int files) const
 {
     const bool one = files == 1;
     const QString number = files == 0 ? tr("No") : QLocale().toString(files);
-    const QString name = nameAskedFor();
     const QString asked = QLocale().toString(m_query.ids.size());
     if (m_query.scope == FileQuery::Scope::Tags) {
         if (m_query.ids.size() == 1)
-            return (one ? tr("%1 file tagged ‘%2’") : tr("%1 files tagged ‘%2’")).arg(number, name);
+            return (one ? tr("%1 file tagged ‘%2’") : tr("%1 files tagged ‘%2’")).arg(number, m_name);
         return (one ? tr("%1 file with any of %2 tags") : tr("%1 files with any of %2 tags")).arg(number, asked);
     }
     if (m_query.ids.size() == 1)
-        return (one ? tr("%1 file in category ‘%2’") : tr("%1 files in category ‘%2’")).arg(number, name);
+        return (one ? tr("%1 file in category ‘%2’") : tr("%1 files in category ‘%2’")).arg(number, m_name);
     return (one ? tr("%1 file in any of %2 categories") : tr("%1 files in any of %2 categories")).arg(number, asked);
 }
 

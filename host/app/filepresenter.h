@@ -44,6 +44,7 @@ private:
     Library& m_library;
     FilePanel& m_panel;
     FileQuery m_query;
+    QString m_name;  ///< Of the one tag or category asked for, which may be deleted while its files are shown.
     quint64 m_generation = 0;  ///< Counts what was asked for, so that late answers can be told.
     bool m_asking = false;
     bool m_outdated = false;  ///< The library's files changed while an answer was under way.
