@@ -197,6 +197,24 @@ private slots:
         }
     }
 
+    /// What was committed before goes into the file that was moved, and the one in its place stays as it is.
+    void fileInThePlaceOfAnotherStaysWhole()
+    {
+        LibraryFixture other;
+        QVERIFY(other.createTags({"kept"}));
+        other.close();
+        LibraryFixture f;
+        QVERIFY(f.createTags({"one"}));
+        QVERIFY(QFileInfo(f.path() + "-wal").size() > 0);
+        QVERIFY(QFile::rename(f.path(), f.path() + ".moved"));
+        QVERIFY(QFile::rename(other.path(), f.path()));
+        QCOMPARE(f.statusOf(f.tags()->renameTag(1, "two")), int(LibraryStatus::Moved));
+        f.close();
+        QCOMPARE(LibraryFixture::integrity(f.path()), QStringLiteral("ok"));
+        QVERIFY(LibraryFixture::storedIn(f.path()).join(' ').contains("kept"));
+        QVERIFY(LibraryFixture::storedIn(f.path() + ".moved").join(' ').contains("one"));
+    }
+
     /// A log left beside the file would be added to a backup that is put in the file's place.
     void logIsEmptiedWhenThereIsNothingToDo()
     {

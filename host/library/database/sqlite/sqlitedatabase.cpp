@@ -106,11 +106,23 @@ qint64 SqliteDatabase::versionOfOthers()
 
 void SqliteDatabase::requireInPlace()
 {
-    if (!m_file.isAt(m_path))
-        throw LibraryError(
-            LibraryStatus::Moved,
-            LibraryText::tr("The library's file was moved, deleted or replaced. Nothing is written until "
-                            "it is opened again."));
+    if (m_file.isAt(m_path))
+        return;
+    giveUpLog();
+    throw LibraryError(LibraryStatus::Moved,
+                       LibraryText::tr("The library's file was moved, deleted or replaced. Nothing is written until "
+                                       "it is opened again."));
+}
+
+/// The log is found by its name: whoever opens the file that took the place would take it for a part of that one.
+void SqliteDatabase::giveUpLog()
+{
+    try {
+        if (m_access == Access::ReadWrite)
+            checkpoint();
+    } catch (const LibraryError&) {
+        // What made it fail is no reason to go on writing.
+    }
 }
 
 /// A log that is left beside the file would be taken for a part of a backup that is put in the file's place.

@@ -32,6 +32,7 @@ public:
 
 private:
     void configure();
+    void giveUpLog();
 
     QString m_path;
     Access m_access;
