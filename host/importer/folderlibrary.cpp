@@ -52,8 +52,14 @@ QVector<KnownLibrary> knownDefaultLibraries(const QByteArray& directory)
     return libraries;
 }
 
-QHash<qint64, QByteArray> mountsOf(const QByteArray& libraryFile)
+// By the library rather than its file, which may have been moved or replaced.
+QHash<qint64, QByteArray> namedMountsOf(const QByteArray& libraryFile)
 {
+    const QString name = QFile::decodeName(libraryFile);
+    if (LibraryReader::isCurrent(name)) {
+        if (const std::unique_ptr<LibraryReader> reader = LibraryReader::open(name))
+            return ComputerState(reader->id()).namedMounts();
+    }
     const QByteArray file = plainPath(libraryFile);
     for (const KnownLibrary& library : ComputerState::knownLibraries()) {
         if (library.file == file)
@@ -134,11 +140,13 @@ std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& libraryFile,
     if (!reader)
         return {};
     const QByteArray path = plainPath(folder);
-    const QHash<qint64, QByteArray> mounts = mountsOf(libraryFile);
-    for (const QByteArray& mount : mounts) {
+    const ComputerState computer(reader->id());
+    const QHash<qint64, QByteArray> named = computer.namedMounts();
+    for (const QByteArray& mount : named) {
         if (isAtOrBelow(path, mount))
             return {};
     }
+    const QHash<qint64, QByteArray> mounts = computer.mounts();
     for (const RootRow& root : reader->roots().value) {
         const QByteArray from = mounts.value(root.id);
         const Sample sample = sampleOf(*reader, root.id);
@@ -152,8 +160,11 @@ std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& folder)
 {
     const QDir directory(QFile::decodeName(defaultDirectory()));
     // Not only those that this computer knows of: what it knows may be lost.
-    for (const QString& file : directory.entryList({QStringLiteral("*.vellum")}, QDir::Files)) {
-        if (const std::optional<MovedRoot> moved = movedRoot(QFile::encodeName(directory.filePath(file)), folder))
+    for (const QString& name : directory.entryList({QStringLiteral("*.vellum")}, QDir::Files)) {
+        const QString file = directory.filePath(name);
+        if (!LibraryReader::isCurrent(file))
+            continue;
+        if (const std::optional<MovedRoot> moved = movedRoot(QFile::encodeName(file), folder))
             return moved;
     }
     return {};
@@ -161,7 +172,7 @@ std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& folder)
 
 QVector<QByteArray> folderlibrary::foldersOf(const QByteArray& libraryFile)
 {
-    const QHash<qint64, QByteArray> mounts = mountsOf(libraryFile);
+    const QHash<qint64, QByteArray> mounts = namedMountsOf(libraryFile);
     QList<qint64> roots = mounts.keys();
     std::sort(roots.begin(), roots.end());
     QVector<QByteArray> folders;

@@ -30,11 +30,11 @@ namespace folderlibrary {
 /// its pictures are there with their sizes, and none are where it was mounted. Nothing when the folder belongs to the
 /// library already. Reads the paths of up to 200 pictures for each root, and looks for them.
 [[nodiscard]] std::optional<MovedRoot> movedRoot(const QByteArray& libraryFile, const QByteArray& folder);
-/// The same for all default libraries. Brings those of earlier versions to the current one.
+/// The same for all default libraries but those of earlier versions, which would have to be changed for it.
 [[nodiscard]] std::optional<MovedRoot> movedRoot(const QByteArray& folder);
 
-/// The folders in which the library in \a libraryFile has its roots on this computer, by root, whether or not they are
-/// there at the moment.
+/// The folders that the person named for the library in \a libraryFile on this computer, by root, whether or not they
+/// are there at the moment. Without that file, those of the library that was in it.
 [[nodiscard]] QVector<QByteArray> foldersOf(const QByteArray& libraryFile);
 
 }  // namespace folderlibrary

@@ -148,9 +148,7 @@ QStringList Library::notes() const
 LibraryResult Library::addRootAndWait(const QByteArray& folder)
 {
     const QByteArray canonical = canonicalFolder(folder);
-    const auto body = [&](LibraryRequest& request) {
-        rootrequests::add(request, ComputerState(d->id).mounts(), canonical);
-    };
+    const auto body = [&](LibraryRequest& request) { rootrequests::add(request, ComputerState(d->id), canonical); };
     const LibraryResult result = d->engine->sendAndWait(ChangeKind::AddRoot, body, nullptr);
     if (result.change.isEmpty())
         return result;

@@ -61,7 +61,7 @@ public:
 
     /// The root for \a folder, an absolute path: LibraryResult::rootId, and in folderInRoot where in it the folder is.
     /// That is a root that is mounted there or above on this computer, else a new one, which takes over the files of
-    /// roots that are mounted below.
+    /// roots that are mounted below, and the files there of a root whose mount was guessed.
     [[nodiscard]] LibraryResult addRootAndWait(const QByteArray& folder);
     /// Writes a batch in one transaction. A file's tags become those that its keywords lead to (a keyword that is new
     /// leads to the tag of its name, which is made when missing and coloured by a hash of the name) and those that a

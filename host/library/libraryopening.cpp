@@ -16,7 +16,7 @@ libraryopening::Opened libraryopening::openOrCreate(const QString& path)
     opened.database =
         sqlitelibrary::openOrCreate(opened.path, [&opened](const QString& id, const version1::Migrated& migrated) {
             if (migrated.rootId != 0)
-                ComputerState(id).setMount(migrated.rootId, migrated.folder);
+                ComputerState(id).setGuessedMount(migrated.rootId, migrated.folder);
             for (const QString& name : migrated.namesReplaced)
                 opened.notes.append(
                     LibraryText::tr("A name had characters that no name may have. It is called \"%1\" now.").arg(name));
@@ -28,6 +28,11 @@ libraryopening::Opened libraryopening::openOrCreate(const QString& path)
 std::unique_ptr<LibraryDatabase> libraryopening::connectForWriting(const QString& path)
 {
     return sqlitelibrary::connectTo(path, Access::ReadWrite);
+}
+
+bool libraryopening::isCurrent(const QString& path)
+{
+    return !sqlitelibrary::needsOpening(sqlitelibrary::resolved(path));
 }
 
 std::unique_ptr<LibraryDatabase> libraryopening::openForReading(const QString& path)

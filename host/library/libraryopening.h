@@ -24,6 +24,8 @@ struct Opened
 [[nodiscard]] Opened openOrCreate(const QString& path);
 /// Another connection to a library that is open; \a path is Opened::path. Throws a LibraryError.
 [[nodiscard]] std::unique_ptr<LibraryDatabase> connectForWriting(const QString& path);
+/// Whether the library can be read as it is. Throws a LibraryError unless it is a library. Writes nothing.
+[[nodiscard]] bool isCurrent(const QString& path);
 /// Throws a LibraryError.
 [[nodiscard]] std::unique_ptr<LibraryDatabase> openForReading(const QString& path);
 

@@ -62,9 +62,10 @@ LibraryReader::Snapshot::Snapshot(LibraryReader& reader)
 
 LibraryReader::Snapshot::~Snapshot() = default;
 
-LibraryReader::LibraryReader(std::unique_ptr<LibraryDatabase> database, std::unique_ptr<ComputerState> computer)
+LibraryReader::LibraryReader(std::unique_ptr<LibraryDatabase> database, const QString& id)
     : m_database(std::move(database))
-    , m_computer(std::move(computer))
+    , m_id(id)
+    , m_computer(std::make_unique<ComputerState>(id))
 {
 }
 
@@ -76,12 +77,21 @@ std::unique_ptr<LibraryReader> LibraryReader::open(const QString& path, QString*
         if (!QFileInfo::exists(path))
             throw LibraryError(LibraryStatus::NotOpened, LibraryText::tr("There is no library at that place."));
         std::unique_ptr<LibraryDatabase> database = libraryopening::openForReading(path);
-        auto computer = std::make_unique<ComputerState>(librarytable::id(*database));
-        return std::unique_ptr<LibraryReader>(new LibraryReader(std::move(database), std::move(computer)));
+        const QString id = librarytable::id(*database);
+        return std::unique_ptr<LibraryReader>(new LibraryReader(std::move(database), id));
     } catch (const LibraryError& failure) {
         if (error)
             *error = failure.message();
         return nullptr;
+    }
+}
+
+bool LibraryReader::isCurrent(const QString& path)
+{
+    try {
+        return libraryopening::isCurrent(path);
+    } catch (const LibraryError&) {
+        return false;
     }
 }
 

@@ -41,8 +41,12 @@ public:
     /// Null when there is no library at \a path, with the reason in \a error when given. Never creates a file; a
     /// library of an earlier version is brought to the current one first, as Library::open() does.
     static std::unique_ptr<LibraryReader> open(const QString& path, QString* error = nullptr);
+    /// Whether open() changes nothing at \a path: there is a library, and it is of the current version.
+    [[nodiscard]] static bool isCurrent(const QString& path);
     ~LibraryReader();
 
+    /// Library::id().
+    [[nodiscard]] QString id() const { return m_id; }
     /// Every tag with its number of files, by id.
     [[nodiscard]] LibraryAnswer<QVector<TagRow>> tags();
     /// The favourites and the user categories, by id.
@@ -77,11 +81,12 @@ public:
 private:
     class Places;
 
-    LibraryReader(std::unique_ptr<LibraryDatabase> database, std::unique_ptr<ComputerState> computer);
+    LibraryReader(std::unique_ptr<LibraryDatabase> database, const QString& id);
 
     template <typename Read>
     auto guarded(Read read) -> LibraryAnswer<decltype(read())>;
 
     std::unique_ptr<LibraryDatabase> m_database;
+    QString m_id;
     std::unique_ptr<ComputerState> m_computer;
 };

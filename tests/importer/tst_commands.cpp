@@ -202,6 +202,42 @@ private slots:
         QCOMPARE(QDir(file("data/vellum/libraries")).entryList({QStringLiteral("*.vellum")}).size(), 4);
     }
 
+    void aMovedLibraryKeepsItsFolders()
+    {
+        for (const char* const folder : {"first", "copy"}) {
+            QVERIFY(QDir().mkpath(file(folder)));
+            writePicture(path(QByteArray(folder) + "/a.jpg"), {QStringLiteral("sea")});
+        }
+        QCOMPARE(import("first", "before.db").status, 0);
+        QVERIFY(QFile::rename(file("before.db"), file("after.db")));
+        QCOMPARE(folderlibrary::foldersOf(path("after.db")), QVector<QByteArray>{path("first")});
+        QCOMPARE(import("copy", "after.db").output, totals("files: 2, tags: 1, links: 2", 0));
+    }
+
+    void onlyFoldersThatAPersonNamedAreWalked()
+    {
+        for (const char* const folder : {"around/pics/a", "around/docs/b", "around/other"}) {
+            QVERIFY(QDir().mkpath(file(folder)));
+            writePicture(path(QByteArray(folder) + "/1.jpg"), {QStringLiteral("sea")});
+        }
+        const QString stranger = QFile::decodeName(folderlibrary::defaultFile(path("stranger")));
+        QVERIFY(makeVersion1(stranger, {path("around/pics/a/1.jpg")}));
+        QVERIFY(makeVersion1(file("old.db"), {path("around/pics/a/1.jpg"), path("around/docs/b/1.jpg")}));
+        QString error;
+        QVERIFY2(Library::open(file("old.db"), &error), qPrintable(error));
+        QCOMPARE(folderlibrary::foldersOf(path("old.db")), QVector<QByteArray>());
+        for (const char* const folder : {"around/pics/a", "around/docs/b"}) {
+            QVERIFY(import(folder, "old.db").output.startsWith("files: 2, "));
+            QVERIFY(folderlibrary::foldersOf(path("old.db")).contains(path(folder)));
+        }
+        QVERIFY(import("around", "old.db").output.startsWith("files: 3, "));
+        QCOMPARE(folderlibrary::foldersOf(path("old.db")), QVector<QByteArray>{path("around")});
+        // To be asked about costs a library nothing.
+        QVERIFY(!folderlibrary::movedRoot(path("around/pics/a")));
+        QVERIFY(!QFile::exists(stranger + QStringLiteral(".v1.bak")));
+        QVERIFY(QFile::remove(stranger));
+    }
+
     void manyImportsAtOnce()
     {
         constexpr int Imports = 10;
@@ -256,6 +292,23 @@ private:
         };
         return library + part("skipped", skipped) + part("unreadable", unreadable) + part("missing", missing) +
                part("away", away) + '\n';
+    }
+    static bool makeVersion1(const QString& library, const QList<QByteArray>& pictures)
+    {
+        QFile script(VERSION1_SCRIPT);
+        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), library);
+        database.setDatabaseName(library);
+        if (!script.open(QIODevice::ReadOnly) || !database.open())
+            return false;
+        QByteArray sql = script.readAll();
+        sql = sql.mid(sql.indexOf("PRAGMA")) + "DELETE FROM file_tags;\nDELETE FROM files;\n";
+        for (const QByteArray& picture : pictures)
+            sql += "INSERT INTO files VALUES (NULL, X'" + picture.toHex() + "', 1, 1, NULL, NULL);\n";
+        const QStringList statements = QString::fromUtf8(sql).split(QStringLiteral(";\n"), Qt::SkipEmptyParts);
+        const bool isMade = std::all_of(statements.begin(), statements.end(),
+                                        [&database](const QString& s) { return QSqlQuery(database).exec(s); });
+        database.close();
+        return isMade;
     }
     [[nodiscard]] QByteArray path(const QByteArray& name) const { return m_folder.file(name); }
     [[nodiscard]] QString file(const QByteArray& name) const { return QFile::decodeName(path(name)); }

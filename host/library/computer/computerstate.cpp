@@ -23,6 +23,8 @@ constexpr const char* schema[] = {
     "CREATE TABLE IF NOT EXISTS libraries (file BLOB PRIMARY KEY, library TEXT NOT NULL) WITHOUT ROWID",
     "CREATE TABLE IF NOT EXISTS mounts (library TEXT NOT NULL, root INTEGER NOT NULL, folder BLOB NOT NULL,"
     " PRIMARY KEY (library, root)) WITHOUT ROWID",
+    "CREATE TABLE IF NOT EXISTS guesses (library TEXT NOT NULL, root INTEGER NOT NULL,"
+    " PRIMARY KEY (library, root)) WITHOUT ROWID",
     "CREATE TABLE IF NOT EXISTS unreadable (library TEXT NOT NULL, root INTEGER NOT NULL, path BLOB NOT NULL,"
     " stamp BLOB NOT NULL, reason TEXT NOT NULL, PRIMARY KEY (library, root, path)) WITHOUT ROWID"};
 
@@ -30,6 +32,20 @@ constexpr const char* schema[] = {
 QByteArray blob(const QByteArray& bytes)
 {
     return bytes.isNull() ? QByteArray("") : bytes;
+}
+
+constexpr char mountsOfLibrary[] = "SELECT root, folder FROM mounts WHERE library = ?";
+constexpr char namedMountsOfLibrary[] = "SELECT root, folder FROM mounts AS m WHERE library = ? AND NOT EXISTS"
+                                        " (SELECT 1 FROM guesses AS g WHERE g.library = m.library AND g.root = m.root)";
+
+QHash<qint64, QByteArray> foldersByRoot(LibraryDatabase& database, const char* select, const QString& libraryId)
+{
+    QHash<qint64, QByteArray> folders;
+    LibraryStatement statement(database, select);
+    statement.run(libraryId);
+    while (statement.next())
+        folders.insert(statement.integer(0), statement.bytes(1));
+    return folders;
 }
 
 std::unique_ptr<SqliteDatabase> connectTo(const QByteArray& path)
@@ -108,9 +124,9 @@ QVector<KnownLibrary> ComputerState::knownLibraries()
         select.run();
         while (select.next())
             known.append({select.bytes(0), QString::fromUtf8(select.bytes(1)), {}});
+        for (KnownLibrary& library : known)
+            library.mounts = foldersByRoot(database, namedMountsOfLibrary, library.id);
     });
-    for (KnownLibrary& library : known)
-        library.mounts = ComputerState(library.id).mounts();
     return known;
 }
 
@@ -125,20 +141,35 @@ void ComputerState::noteFile(const QByteArray& file)
 QHash<qint64, QByteArray> ComputerState::mounts() const
 {
     QHash<qint64, QByteArray> folders;
-    attempt([&](LibraryDatabase& database) {
-        LibraryStatement select(database, "SELECT root, folder FROM mounts WHERE library = ?");
-        select.run(m_libraryId);
-        while (select.next())
-            folders.insert(select.integer(0), select.bytes(1));
-    });
+    attempt([&](LibraryDatabase& database) { folders = foldersByRoot(database, mountsOfLibrary, m_libraryId); });
+    return folders;
+}
+
+QHash<qint64, QByteArray> ComputerState::namedMounts() const
+{
+    QHash<qint64, QByteArray> folders;
+    attempt([&](LibraryDatabase& database) { folders = foldersByRoot(database, namedMountsOfLibrary, m_libraryId); });
     return folders;
 }
 
 void ComputerState::setMount(qint64 rootId, const QByteArray& folder)
 {
+    mount(rootId, folder, "DELETE FROM guesses WHERE library = ? AND root = ?");
+}
+
+void ComputerState::setGuessedMount(qint64 rootId, const QByteArray& folder)
+{
+    mount(rootId, folder, "INSERT OR REPLACE INTO guesses (library, root) VALUES (?, ?)");
+}
+
+void ComputerState::mount(qint64 rootId, const QByteArray& folder, const char* noteGuess)
+{
     attempt([&](LibraryDatabase& database) {
+        LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing);
         LibraryStatement(database, "INSERT OR REPLACE INTO mounts (library, root, folder) VALUES (?, ?, ?)")
             .run(m_libraryId, rootId, folder);
+        LibraryStatement(database, noteGuess).run(m_libraryId, rootId);
+        transaction.commit();
     });
 }
 
@@ -146,8 +177,10 @@ void ComputerState::removeRoot(qint64 rootId)
 {
     attempt([&](LibraryDatabase& database) {
         LibraryTransaction transaction(database, LibraryTransaction::Kind::Writing);
-        LibraryStatement(database, "DELETE FROM mounts WHERE library = ? AND root = ?").run(m_libraryId, rootId);
-        LibraryStatement(database, "DELETE FROM unreadable WHERE library = ? AND root = ?").run(m_libraryId, rootId);
+        for (const char* const remove :
+             {"DELETE FROM mounts WHERE library = ? AND root = ?", "DELETE FROM guesses WHERE library = ? AND root = ?",
+              "DELETE FROM unreadable WHERE library = ? AND root = ?"})
+            LibraryStatement(database, remove).run(m_libraryId, rootId);
         transaction.commit();
     });
 }

@@ -15,7 +15,7 @@ struct KnownLibrary
 {
     QByteArray file;                   ///< Absolute, without links; may be gone by now.
     QString id;                        ///< Library::id().
-    QHash<qint64, QByteArray> mounts;  ///< As ComputerState::mounts().
+    QHash<qint64, QByteArray> mounts;  ///< As ComputerState::namedMounts().
 };
 
 /// A file or folder that could not be read.
@@ -53,7 +53,13 @@ public:
 
     /// Absolute folders by the ids of the library's roots; no entry for a root that was never mounted here.
     [[nodiscard]] QHash<qint64, QByteArray> mounts() const;
+    /// Those of mounts() that a person named. The others hold pictures of the library, but maybe also some that nobody
+    /// wants in it.
+    [[nodiscard]] QHash<qint64, QByteArray> namedMounts() const;
+    /// The person named the folder.
     void setMount(qint64 rootId, const QByteArray& folder);
+    /// The folder follows from the paths of the pictures alone.
+    void setGuessedMount(qint64 rootId, const QByteArray& folder);
     /// Forgets everything about a root.
     void removeRoot(qint64 rootId);
 
@@ -65,6 +71,7 @@ public:
 private:
     Q_DISABLE_COPY(ComputerState)
 
+    void mount(qint64 rootId, const QByteArray& folder, const char* noteGuess);
     template <typename Operation>
     void attempt(Operation operation) const;
 

@@ -38,6 +38,19 @@ void roottable::adopt(LibraryDatabase& database, qint64 id, qint64 into, const Q
     LibraryStatement(database, "DELETE FROM roots WHERE id = ?").run(id);
 }
 
+void roottable::split(LibraryDatabase& database, qint64 id, const QByteArray& folder, qint64 into)
+{
+    LibraryStatement count(database, "SELECT count(*) FROM files WHERE root_id = ? AND path > ? AND path < ?");
+    const QByteArray first = folder + '/';
+    const QByteArray last = folder + char('/' + 1);
+    const int files = count.run(id, first, last).next() ? int(count.integer(0)) : 0;
+    LibraryStatement(database, "UPDATE files SET root_id = ?, path = substr(path, ?) WHERE root_id = ? AND path > ?"
+                               " AND path < ?")
+        .run(into, first.size() + 1, id, first, last);
+    addToFileCount(database, id, -files);
+    addToFileCount(database, into, files);
+}
+
 qint64 roottable::fileCount(LibraryDatabase& database)
 {
     LibraryStatement select(database, "SELECT ifnull(sum(file_count), 0) FROM roots");
