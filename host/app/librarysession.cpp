@@ -36,6 +36,7 @@ bool LibrarySession::startImport(const ImportOptions& options)
         return false;
     m_skipped.clear();
     m_summary = {};
+    m_isCancelled = false;
     m_options = options;
     m_folders = m_choice.folders;
     return m_importer->start(m_folders.takeFirst(), m_options);
@@ -44,6 +45,9 @@ bool LibrarySession::startImport(const ImportOptions& options)
 void LibrarySession::importNext(const ImportSummary& summary)
 {
     m_summary.add(summary);
+    // The last folder may have been complete when the cancel came.
+    if (m_isCancelled && !m_folders.isEmpty() && m_summary.error.isEmpty())
+        m_summary.cancelled = true;
     if (!m_folders.isEmpty() && m_summary.error.isEmpty() && !m_summary.cancelled)
         m_importer->start(m_folders.takeFirst(), m_options);
     else
@@ -59,5 +63,6 @@ void LibrarySession::forgetMissing()
 
 void LibrarySession::cancelImport()
 {
+    m_isCancelled = true;
     m_importer->cancel();
 }

@@ -61,4 +61,5 @@ private:
     ImportOptions m_options;
     QVector<QByteArray> m_folders;  ///< Still to be imported, one after the other.
     ImportSummary m_summary;        ///< Of those imported.
+    bool m_isCancelled = false;     ///< Also between two folders, when the importer is idle.
 };

@@ -128,7 +128,7 @@ void ImportJob::addReading(const FoundPicture& picture)
     const int parts = 1 + picture.sidecars.size();
     for (int position = 0; position < parts; ++position)
         m_parts.push_back({int(m_readings.size()), position});
-    m_readings.push_back({&picture, parts, false, QVector<QStringList>(parts), {}});
+    m_readings.push_back({&picture, parts, false, QVector<QStringList>(parts), QVector<bool>(parts)});
 }
 
 void ImportJob::startReading()
@@ -159,8 +159,8 @@ void ImportJob::handleAnswer(int index, const MetadataAnswer& answer)
         else
             noteUnreadable(picture.sidecars.at(part.position - 1).path,
                            picture.sidecars.at(part.position - 1).trialStamp(), answer.error);
-    } else if (part.position > 0) {
-        reading.sidecarStamps += reading.picture->sidecars.at(part.position - 1).stamp;
+    } else {
+        reading.isRead[part.position] = true;
     }
     if (--reading.missing > 0)
         return;
@@ -180,7 +180,12 @@ void ImportJob::completeReading(Reading& reading)
     ImportedFile file;
     file.path = reading.picture->path;
     file.state = reading.picture->state();
-    file.state.sidecars = reading.sidecarStamps;
+    file.state.sidecars.clear();
+    // In the order of the folder, as isToBeRead() compares them; the answers came in any.
+    for (int i = 0; i < reading.picture->sidecars.size(); ++i) {
+        if (reading.isRead.at(i + 1))
+            file.state.sidecars += reading.picture->sidecars.at(i).stamp;
+    }
     file.readerVersion = metadataReaderVersion;
     file.keywords = keywordsOf(reading);
     m_batch.append(file);

@@ -51,7 +51,7 @@ private:
         int missing;  // Answers still to come.
         bool unreadable;
         QVector<QStringList> keywords;  // Of the picture and of its sidecars, in order.
-        QByteArray sidecarStamps;       // Of the sidecars that could be read.
+        QVector<bool> isRead;           // Of the same.
     };
     /// One file that is being read: the picture itself or one of its sidecars.
     struct Part
