@@ -50,7 +50,8 @@ QHash<qint64, QByteArray> foldersByRoot(LibraryDatabase& database, const char* s
 
 std::unique_ptr<SqliteDatabase> connectTo(const QByteArray& path)
 {
-    const int file = open(path.constData(), O_CREAT | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    // An existing file is not opened: closing it would give up the locks of this process on it, see HeldFile.
+    const int file = open(path.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file >= 0)
         close(file);
     auto database = std::make_unique<SqliteDatabase>(QFile::decodeName(path), SqliteDatabase::Access::ReadWrite);
