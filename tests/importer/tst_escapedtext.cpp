@@ -14,14 +14,13 @@ private slots:
     {
         const QVector<QPair<QByteArray, QByteArray>> cases = {
             {"山 é 👍 \u0600 plain", "山 é 👍 \u0600 plain"},
-            {"a\tb\nc\rd\\", "a\\tb\\nc\\rd\\\\"},
-            {"\x1b[31m\x7f", "\\x1b[31m\\x7f"},
-            {"\u009b31m\u0085", "\\u009b31m\\u0085"},
-            {"\x9b\xff caf\xe9", "\\x9b\\xff caf\\xe9"},
-            {"\u202egpj.\u2066\u200b\u200d\ufeff\u2028\u3164", "\\u202egpj.\\u2066\\u200b\\u200d\\ufeff\\u2028\\u3164"},
-            {"\U000e0041", "\\U000e0041"},
-            {"\xc0\x80\xed\xa0\x80\xf4\x90\x80\x80\xe5\xb1",
-             "\\xc0\\x80\\xed\\xa0\\x80\\xf4\\x90\\x80\\x80\\xe5\\xb1"}};
+            {"a\tb\nc\rd\\", R"(a\tb\nc\rd\\)"},
+            {"\x1b[31m\x7f", R"(\x1b[31m\x7f)"},
+            {"\u009b31m\u0085", R"(\u009b31m\u0085)"},
+            {"\x9b\xff caf\xe9", R"(\x9b\xff caf\xe9)"},
+            {"\u202egpj.\u2066\u200b\u200d\ufeff\u2028\u3164", R"(\u202egpj.\u2066\u200b\u200d\ufeff\u2028\u3164)"},
+            {"\U000e0041", R"(\U000e0041)"},
+            {"\xc0\x80\xed\xa0\x80\xf4\x90\x80\x80\xe5\xb1", R"(\xc0\x80\xed\xa0\x80\xf4\x90\x80\x80\xe5\xb1)"}};
         for (const auto& [text, escaped] : cases)
             QCOMPARE(escapedText(text), escaped);
     }

@@ -145,14 +145,14 @@ private slots:
     /// Who writes past this program leaves nothing in the library's own log of changes.
     void changesByHand()
     {
+        const char* const countTagsOfCategories = "UPDATE categories SET tag_count = (SELECT count(*) FROM"
+                                                  " tag_categories WHERE category_id = id)";
         QSignalSpy files(f->library(), &Library::filesChanged);
         QCOMPARE(LibraryFixture::rowsOf(
                      f->path(), {"UPDATE tags SET name = 'eins', color = 4, file_count = 7 WHERE id = 1",
                                  "UPDATE tags SET deleted = 1 WHERE id = 2", "INSERT INTO tags (name) VALUES ('four')",
                                  "DELETE FROM tag_categories", "INSERT INTO tag_categories VALUES (3, 3), (1, 1)",
-                                 "UPDATE categories SET name = 'links' WHERE id = 2",
-                                 "UPDATE categories SET tag_count = (SELECT count(*) FROM tag_categories WHERE"
-                                 " category_id = id)"}),
+                                 "UPDATE categories SET name = 'links' WHERE id = 2", countTagsOfCategories}),
                  QStringList());
         QTRY_VERIFY(f->shown() == f->stored() && files.count() > 0);
         QCOMPARE(f->group(-1)->tagByName("eins"), f->tag(1));

@@ -36,8 +36,8 @@ QRect placeIn(const QWidget* window, const QWidget* widget, const QRect& rect)
 /// What the window has painted.
 QImage painted(const QWidget* window)
 {
-    const QBackingStore* store = window->backingStore();
-    const QPaintDevice* device = store ? const_cast<QBackingStore*>(store)->paintDevice() : nullptr;
+    QBackingStore* store = window->backingStore();
+    const QPaintDevice* device = store ? store->paintDevice() : nullptr;
     return device && device->devType() == QInternal::Image ? static_cast<const QImage*>(device)->copy() : QImage();
 }
 
@@ -110,9 +110,9 @@ private:
     {
         fill(painter, placeIn(m_window, list, list->rect()));
         fill(painter, placeIn(m_window, list->viewport(), list->viewport()->rect()));
-        const auto* letter = list->findChild<QLabel*>();
+        auto* letter = list->findChild<QLabel*>();
         if (letter && letter->isVisible())
-            const_cast<QLabel*>(letter)->render(painter, letter->mapTo(m_window, QPoint()), {}, {});
+            letter->render(painter, letter->mapTo(m_window, QPoint()), {}, {});
         for (int row = 0; row < list->model()->rowCount(); ++row)
             draw(painter, list, list->model()->index(row, 0));
     }
@@ -163,12 +163,12 @@ private:
 
 }  // namespace
 
-QString screenFault(const QWidget* window)
+QString screenFault(QWidget* window)
 {
     const QImage shown = painted(window);
     if (shown.isNull())
         return QStringLiteral("nothing is painted");
-    const QImage anew = const_cast<QWidget*>(window)->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QImage anew = window->grab().toImage().convertToFormat(QImage::Format_RGB32);
     if (shown.convertToFormat(QImage::Format_RGB32) != anew)
         return QStringLiteral("painted anew, the window looks otherwise");
     QVector<const QScrollArea*> areas;
@@ -178,7 +178,7 @@ QString screenFault(const QWidget* window)
             areas.append(area);
     }
     for (const QScrollArea* area : qAsConst(areas)) {
-        const QString fault = ChipScreen(window, area, shown).fault();
+        QString fault = ChipScreen(window, area, shown).fault();
         if (!fault.isEmpty())
             return fault;
     }

@@ -10,4 +10,4 @@ class QWidget;
 /// of their sections there must be background alone.
 /// Answers the first difference in words, empty when there is none. Everything that waits to be laid out or painted has
 /// to be done before.
-QString screenFault(const QWidget* window);
+QString screenFault(QWidget* window);
