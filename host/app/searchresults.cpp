@@ -22,7 +22,7 @@ void SearchResults::askForFiles(qint64 tagId, const QString& /*name*/)
 }
 
 /// Pages follow their fields through a queue; what is queued here comes after that.
-void SearchResults::followField(QPointer<QLineEdit> field)
+void SearchResults::followField(const QPointer<QLineEdit>& field)
 {
     const auto follow = [this, field] {
         if (field)

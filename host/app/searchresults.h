@@ -28,7 +28,7 @@ private slots:
     void askForFiles(qint64 tagId, const QString& name);
 
 private:
-    void followField(QPointer<QLineEdit> field);
+    void followField(const QPointer<QLineEdit>& field);
     void followResults(const QLineEdit& field);
     void openFirst(const QLineEdit& field);
     /// The list that shows the results of \a field; null while there is none.

@@ -164,7 +164,7 @@ std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& folder)
         const QString file = directory.filePath(name);
         if (!LibraryReader::isCurrent(file))
             continue;
-        if (const std::optional<MovedRoot> moved = movedRoot(QFile::encodeName(file), folder))
+        if (std::optional<MovedRoot> moved = movedRoot(QFile::encodeName(file), folder))
             return moved;
     }
     return {};

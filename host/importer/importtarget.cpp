@@ -18,7 +18,7 @@ template <typename Request>
 LibraryResult ImportTarget::untilUnlocked(Request request) const
 {
     for (;;) {
-        const LibraryResult result = request();
+        LibraryResult result = request();
         if (result.status != LibraryStatus::Locked || m_cancelled)
             return result;
     }

@@ -149,7 +149,7 @@ LibraryResult Library::addRootAndWait(const QByteArray& folder)
 {
     const QByteArray canonical = canonicalFolder(folder);
     const auto body = [&](LibraryRequest& request) { rootrequests::add(request, ComputerState(d->id), canonical); };
-    const LibraryResult result = d->engine->sendAndWait(ChangeKind::AddRoot, body, nullptr);
+    LibraryResult result = d->engine->sendAndWait(ChangeKind::AddRoot, body, nullptr);
     if (result.change.isEmpty())
         return result;
     // Not before the commit: a mount must not be lost to a request that is rolled back.

@@ -119,22 +119,6 @@ private slots:
         QCOMPARE(fileBytes(file), before);
     }
 
-    void sidecarsAreComparedInAnyOrderOfAnswers()
-    {
-        // The second sidecar is answered first.
-        writePicture(path("a.jpg"), {QStringLiteral("one")});
-        writeSidecar(path("a.jpg.xmp"), QStringList(QVector<QString>(20000, QStringLiteral("many")).toList()));
-        writeSidecar(path("a.xmp"), {QStringLiteral("few")});
-        ReaderPool::Settings settings;
-        settings.processes = 3;
-        QCOMPARE(import(settings).summary.added, 1);
-        QCOMPARE(import(settings).summary.changed, 0);
-        QByteArray stamps;
-        const auto reader = LibraryReader::open(m_library->path());
-        stamps = reader->fileStates(1, {"a.jpg"}).value.value("a.jpg").state.sidecars;
-        QVERIFY2(stamps.indexOf("a.jpg.xmp") < stamps.indexOf("a.xmp"), stamps);
-    }
-
     void followsChanges()
     {
         writePicture(path("a.jpg"), {QStringLiteral("one")});

@@ -84,8 +84,8 @@ public:
     }
 
 private:
-    posix_spawn_file_actions_t m_actions;
-    posix_spawnattr_t m_attributes;
+    posix_spawn_file_actions_t m_actions = {};
+    posix_spawnattr_t m_attributes = {};
 };
 
 }  // namespace

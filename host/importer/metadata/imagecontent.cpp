@@ -3,6 +3,10 @@
 
 #include <QByteArray>
 
+#include <string_view>
+
+using namespace std::string_view_literals;
+
 namespace {
 
 bool isSvg(const QByteArray& head)
@@ -13,22 +17,24 @@ bool isSvg(const QByteArray& head)
 
 QByteArray formatByMark(const QByteArray& head)
 {
-    const auto begins = [&head](const char* mark, int size) { return head.startsWith(QByteArray(mark, size)); };
-    if (begins("\xff\xd8\xff", 3))
+    const auto begins = [&head](std::string_view mark) {
+        return head.startsWith(QByteArray::fromRawData(mark.data(), int(mark.size())));
+    };
+    if (begins("\xff\xd8\xff"sv))
         return "jpeg";
-    if (begins("\x89PNG\r\n\x1a\n", 8))
+    if (begins("\x89PNG\r\n\x1a\n"sv))
         return "png";
-    if (begins("GIF8", 4))
+    if (begins("GIF8"sv))
         return "gif";
-    if (begins("II*\0", 4) || begins("MM\0*", 4) || begins("II+\0", 4) || begins("MM\0+", 4))
+    if (begins("II*\0"sv) || begins("MM\0*"sv) || begins("II+\0"sv) || begins("MM\0+"sv))
         return "tiff";
-    if (begins("RIFF", 4) && head.mid(8, 4) == "WEBP")
+    if (begins("RIFF"sv) && head.mid(8, 4) == "WEBP")
         return "webp";
-    if (begins("BM", 2))
+    if (begins("BM"sv))
         return "bmp";
-    if (begins("\0\0\1\0", 4))
+    if (begins("\0\0\1\0"sv))
         return "ico";
-    if (begins("/* XPM", 6))
+    if (begins("/* XPM"sv))
         return "xpm";
     if (head.size() > 2 && head.at(0) == 'P' && head.at(1) >= '1' && head.at(1) <= '6' && isspace(uchar(head.at(2))))
         return head.at(1) == '1' || head.at(1) == '4' ? "pbm" : head.at(1) == '2' || head.at(1) == '5' ? "pgm" : "ppm";
@@ -39,10 +45,10 @@ QByteArray formatByMark(const QByteArray& head)
 
 QByteArray ImageContent::format(const QByteArray& head, const QByteArray& name)
 {
-    const QByteArray marked = formatByMark(head);
+    QByteArray marked = formatByMark(head);
     if (!marked.isEmpty())
         return marked;
-    const QByteArray extension = name.mid(name.lastIndexOf('.') + 1).toLower();
+    QByteArray extension = name.mid(name.lastIndexOf('.') + 1).toLower();
     if (extension == "svgz" && head.startsWith("\x1f\x8b"))
         return "svgz";
     if ((extension == "svg" || extension == "svgz") && isSvg(head))

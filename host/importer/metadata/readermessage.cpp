@@ -80,7 +80,7 @@ bool ReaderMessage::receiveRequest(int socket, ReaderRequest* request)
 
 bool ReaderMessage::sendAnswer(int socket, const QByteArray& answer)
 {
-    const quint32 size = quint32(answer.size());
+    const auto size = quint32(answer.size());
     char head[sizeof size];
     memcpy(head, &size, sizeof size);
     return sendBytes(socket, head, sizeof head) && sendBytes(socket, answer.constData(), answer.size());

@@ -82,7 +82,7 @@ QImage readThumbnail(int file, const QByteArray& name, int side)
         return {};
     if (size.isValid() && (size.width() > side || size.height() > side))
         reader.setScaledSize(size.scaled(side, side, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
-    const QImage image = reader.read();
+    QImage image = reader.read();
     // Formats that do not tell their size beforehand arrive here in full.
     if (image.width() > side || image.height() > side)
         return image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);

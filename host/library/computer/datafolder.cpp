@@ -25,7 +25,7 @@ QByteArray personalDataFolder()
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/vellum");
     if (!QDir().mkpath(folder))
         return {};
-    const QByteArray path = QFile::encodeName(folder);
+    QByteArray path = QFile::encodeName(folder);
     chmod(path.constData(), S_IRWXU);
     return path;
 }

@@ -47,7 +47,7 @@ changelog::Place changelog::last(LibraryDatabase& database)
 changelog::Place changelog::append(LibraryDatabase& database, const Place& before, ChangeKind kind,
                                    const LibraryChange& change)
 {
-    const Place place = {before.id + 1, QUuid::createUuid().toRfc4122()};
+    Place place = {before.id + 1, QUuid::createUuid().toRfc4122()};
     LibraryStatement(database, "INSERT INTO changes (id, kind, who, at, request, payload) VALUES (?, ?, ?, ?, ?, ?)")
         .run(place.id, int(kind), person(), QDateTime::currentMSecsSinceEpoch(), place.request, payloadOf(change));
     if (place.id % LookEvery == 0)

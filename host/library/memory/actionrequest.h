@@ -13,7 +13,7 @@ namespace actionrequest {
 /// \a Signal of \a action is emitted with the returned id exactly once, on the GUI thread, unless the action or the
 /// sender is destroyed before; without a sender the answer is that the library is closed.
 template <typename Action, typename Signal>
-qint64 send(RequestSender* sender, Action* action, Signal signal, ChangeKind kind, LibraryRequestBody body)
+qint64 send(RequestSender* sender, Action* action, Signal signal, ChangeKind kind, LibraryRequestBody&& body)
 {
     const qint64 id = RequestSender::nextRequestId();
     const auto answer = [id, signal, kind, action = QPointer<Action>(action)](const LibraryResult& result) {

@@ -51,7 +51,7 @@ int TagPalette::indexForName(const QString& name)
     int best = 0;
     quint32 highest = 0;
     for (int i = 0; i < Size; ++i) {
-        const auto draw = qFromBigEndian<quint32>(digests.constData() + i * BytesOfDraw);
+        const auto draw = qFromBigEndian<quint32>(digests.constData() + qptrdiff(i) * BytesOfDraw);
         if (draw > highest) {
             best = i;
             highest = draw;
