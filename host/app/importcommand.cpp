@@ -119,7 +119,7 @@ int runImportCommand(const CommandLine& commandLine)
         printError(error.toUtf8());
         return 1;
     }
-    for (const QString& note : library->notes())
+    for (const QString& note : library->takeNotes())
         printError(escapedText(note.toUtf8()));
     choice.mountMoved(library->id());
     const ImportSummary summary = importFolder(*library, commandLine);

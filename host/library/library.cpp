@@ -54,7 +54,6 @@ struct Library::Private
 {
     QString path;
     QString id;
-    QStringList notes;
     std::unique_ptr<LibraryEngine> engine;
     QSharedPointer<ILibraryDataProvider> provider;
     std::shared_ptr<std::atomic<bool>> closing = std::make_shared<std::atomic<bool>>(false);
@@ -94,7 +93,6 @@ std::unique_ptr<Library> Library::open(const QString& path, QString* error)
         const libraryopening::Opened opened = libraryopening::openOrCreate(path);
         members->path = opened.path;
         members->id = opened.id;
-        members->notes = opened.notes;
         const auto memory = std::make_shared<LibraryMemory>();
         auto writer = std::make_unique<WritingThread>();
         const auto opening = [&](QString* why) { return openForWriting(members->path, *memory, why); };
@@ -140,9 +138,9 @@ QString Library::id() const
     return d->id;
 }
 
-QStringList Library::notes() const
+QStringList Library::takeNotes()
 {
-    return d->notes;
+    return libraryopening::takeNotes(d->path);
 }
 
 LibraryResult Library::addRootAndWait(const QByteArray& folder)

@@ -50,8 +50,9 @@ public:
     [[nodiscard]] QString path() const;
     /// Unlike that of any other library; names what this computer knows of it (ComputerState).
     [[nodiscard]] QString id() const;
-    /// For the person: what was changed to open the library, such as names of an earlier version that cannot be kept.
-    [[nodiscard]] QStringList notes() const;
+    /// For the person: what was changed to bring the library to this version, such as names that cannot be kept. The
+    /// library remembers it, whoever opened it first, until it was asked for once.
+    [[nodiscard]] QStringList takeNotes();
     /// What the tag manager window is given. The same object at every call; never null.
     [[nodiscard]] QSharedPointer<ILibraryDataProvider> dataProvider() const;
 

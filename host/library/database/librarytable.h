@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 class LibraryDatabase;
 
@@ -10,5 +10,11 @@ namespace librarytable {
 
 /// Unlike that of any other library; copies of one have the same.
 [[nodiscard]] QString id(LibraryDatabase& database);
+
+/// New names of tags and categories that a migration had to rename, until forgetNamesReplaced().
+[[nodiscard]] QStringList namesReplaced(LibraryDatabase& database);
+/// To be called inside a transaction, like the next one.
+void setNamesReplaced(LibraryDatabase& database, const QStringList& names);
+void forgetNamesReplaced(LibraryDatabase& database);
 
 }  // namespace librarytable

@@ -3,6 +3,7 @@
 
 #include "host/library/database/librarydatabase.h"
 #include "host/library/database/librarystatement.h"
+#include "host/library/database/librarytable.h"
 #include "host/library/database/sqlite/sqliteschema.h"
 #include "host/library/records/tagname.h"
 
@@ -130,13 +131,14 @@ version1::Migrated version1::migrate(LibraryDatabase& database)
     copyRows(database);
     copyFiles(database, migrated);
     dropOldTables(database);
-    migrated.namesReplaced = replaceNames(
+    QStringList namesReplaced = replaceNames(
         database, "SELECT id, name, spelling FROM tags WHERE typeof(name) = 'blob' OR typeof(spelling) = 'blob'",
         "SELECT 1 FROM tags WHERE name = ?", "UPDATE tags SET name = ?, spelling = ? WHERE id = ?");
-    migrated.namesReplaced += replaceNames(
+    namesReplaced += replaceNames(
         database, "SELECT id, name, spelling FROM categories WHERE typeof(name) = 'blob' OR typeof(spelling) = 'blob'",
         "SELECT 1 FROM categories WHERE name = ?", "UPDATE categories SET name = ?, spelling = ? WHERE id = ?");
     LibraryStatement(database, "INSERT INTO library VALUES ('id', ?)")
         .run(QUuid::createUuid().toString(QUuid::WithoutBraces));
+    librarytable::setNamesReplaced(database, namesReplaced);
     return migrated;
 }

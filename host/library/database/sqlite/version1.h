@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QStringList>
 
 class LibraryDatabase;
 
@@ -13,12 +12,12 @@ namespace version1 {
 /// What one does not find in the library afterwards.
 struct Migrated
 {
-    QByteArray folder;          ///< The longest folder that holds all files: the root; empty without files.
-    qint64 rootId = 0;          ///< Of that folder.
-    QStringList namesReplaced;  ///< New names of tags and categories whose names had characters that no name may have.
+    QByteArray folder;  ///< The longest folder that holds all files: the root; empty without files.
+    qint64 rootId = 0;  ///< Of that folder.
 };
 
-/// The step to version 2, inside a transaction. Throws a LibraryError.
+/// The step to version 2, inside a transaction. Leaves new names of tags and categories whose names had characters that
+/// no name may have in librarytable::namesReplaced(). Throws a LibraryError.
 [[nodiscard]] Migrated migrate(LibraryDatabase& database);
 
 }  // namespace version1
