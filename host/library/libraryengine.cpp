@@ -92,7 +92,10 @@ void LibraryEngine::lookOutside()
         return;
     m_writer->post([this](LibraryWriter& writer) {
         QString error;
-        deliver(writer.takeOthers(&error));
+        const LibraryWriter::Others others = writer.takeOthers(&error);
+        deliver(others);
+        // Whoever looks after the log is emptied cannot tell a change by hand from that: they get another interval.
+        m_isIdle = m_isIdle && others.isEmpty();
         QMetaObject::invokeMethod(
             this, [this, error] { reportOutside(error); }, Qt::QueuedConnection);
         if (m_isIdle) {
