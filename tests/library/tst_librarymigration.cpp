@@ -70,6 +70,7 @@ private slots:
         const QTemporaryDir folder;
         const QString path = folder.filePath("old");
         QVERIFY(makeVersion1(path));
+        const LibraryFixture fresh;
         // Whoever opens it first, the person is told.
         QVERIFY(LibraryReader::open(path));
         LibraryFixture f(path);
@@ -99,7 +100,7 @@ private slots:
         QVERIFY(f.createTags({"new"}));
         QVERIFY(f.tag(10));
         const QString schema = "SELECT sql FROM sqlite_master WHERE sql IS NOT NULL ORDER BY name";
-        QCOMPARE(LibraryFixture::rowsOf(path, {schema}), LibraryFixture::rowsOf(LibraryFixture().path(), {schema}));
+        QCOMPARE(LibraryFixture::rowsOf(path, {schema}), LibraryFixture::rowsOf(fresh.path(), {schema}));
         QCOMPARE(LibraryFixture::integrity(path), QStringLiteral("ok"));
         QCOMPARE(LibraryFixture::rowsOf(path + ".v1.bak", {"PRAGMA user_version", "SELECT count(*) FROM files"}),
                  (QStringList{"1", "2"}));
