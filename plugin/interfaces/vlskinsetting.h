@@ -42,9 +42,9 @@ public:
     QColor GetTagManagerTagGroupItemBackColor() const;
     QColor GetTagManagerTagItemRightFontColor() const;
 
-    /// For hosts: replaces the skin by the one in \a directory; what that lacks is taken from the built-in one. On failure
-    /// the skin stays as it was and \a error, when given, says why. Widgets that are already open keep what they have
-    /// applied.
+    /// For hosts: replaces the skin by the one in \a directory; what that lacks is taken from the built-in one. On
+    /// failure the skin stays as it was and \a error, when given, says why. Widgets that are already open keep what
+    /// they have applied.
     bool LoadSkin(const QString& directory, QString* error = nullptr);
     /// For hosts: sets what GetDpi() returns; values that are not above 0 are ignored.
     void SetDpi(double dpi);
