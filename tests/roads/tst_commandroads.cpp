@@ -159,7 +159,7 @@ private slots:
         QVERIFY(chooseByMouse(m_user->openGroupMenu("food"), "Delete Category"));
         m_user->answerBox(true);
         QTRY_COMPARE(chips(), QStringList("A: apple"));
-        QCOMPARE(m_user->tiles(), QStringList("[Uncategorized 1]"));
+        QCOMPARE(m_user->tiles(), QStringList("[Unsorted 1]"));
         QVERIFY(restart());
     }
 
