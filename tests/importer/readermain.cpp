@@ -41,9 +41,11 @@ QByteArray liberties()
     if (child == 0)
         _exit(0);
     tried("fork", child);
-    void* const large = malloc(size_t(Confinement::memoryLimit) + 1);
-    tried("memory", large ? 0 : -1);
-    free(large);
+    const size_t tooMuch = size_t(Confinement::memoryLimit) + 1;
+    void* const large = mmap(nullptr, tooMuch, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    tried("memory", large != MAP_FAILED ? 0 : -1);
+    if (large != MAP_FAILED)
+        munmap(large, tooMuch);
     return found;
 }
 

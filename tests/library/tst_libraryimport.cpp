@@ -239,7 +239,7 @@ private slots:
 private:
     LibraryResult import(const QVector<ImportedFile>& files)
     {
-        const LibraryResult result = f->import(files);
+        LibraryResult result = f->import(files);
         // What it changed is in memory after the answer to a later request.
         f->statusOf(f->tags()->deleteTags({}));
         return result;

@@ -79,7 +79,7 @@ private slots:
                                       QStringLiteral("tag 2 \"cafe\u0301\" color 0 files 0"),
                                       QStringLiteral("tag 4 \"\u6c34\u58a8\u753b\" color 7 files 0"),
                                       QStringLiteral("tag 5 \"a\ufffd\" color 1 files 1"),
-                                      "tag 6 \x22'); DROP TABLE tags; --\x22\x22 color 2 files 0",
+                                      QStringLiteral("tag 6 %1'); DROP TABLE tags; --%1%1 color 2 files 0").arg('"'),
                                       "category 0 \"Unsorted\": 4 5 6",
                                       "category 1 \"Favorite Tags\": 4",
                                       "category 2 \"Places\": 1 2",
