@@ -193,9 +193,8 @@ void HostWindow::connectTagWindow()
     connect(results, &SearchResults::filesWanted, m_presenter, &FilePresenter::showTagFiles);
     // Whatever the tag window hears of a tag closes the dialog, and what was typed is lost.
     m_nameDialog = new NameDialogWatch(*m_tagWindow);
-    Library& library = m_session.library();
-    connect(m_nameDialog, &NameDialogWatch::opened, this, [&library] { library.holdNews(longestHold); });
-    connect(m_nameDialog, &NameDialogWatch::closed, this, [&library] { library.releaseNews(); });
+    connect(m_nameDialog, &NameDialogWatch::opened, this, [this] { m_session.library().holdNews(longestHold); });
+    connect(m_nameDialog, &NameDialogWatch::closed, this, [this] { m_session.library().releaseNews(); });
 }
 
 void HostWindow::connectSession()

@@ -134,7 +134,8 @@ void LibraryChoice::mountMoved(const QString& libraryId) const
 QString LibraryChoice::title() const
 {
     QStringList names;
-    for (const QByteArray& folder : folders + absentFolders)
+    const QVector<QByteArray> all = folders + absentFolders;
+    for (const QByteArray& folder : all)
         names.append(folder == "/" ? QStringLiteral("/") : PictureFile::displayName(folder));
     return names.isEmpty() ? QFileInfo(QFile::decodeName(file)).completeBaseName() : names.join(QStringLiteral(", "));
 }

@@ -147,7 +147,8 @@ std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& libraryFile,
             return {};
     }
     const QHash<qint64, QByteArray> mounts = computer.mounts();
-    for (const RootRow& root : reader->roots().value) {
+    const QVector<RootRow> roots = reader->roots().value;
+    for (const RootRow& root : roots) {
         const QByteArray from = mounts.value(root.id);
         const Sample sample = sampleOf(*reader, root.id);
         if (isMostlyIn(path, sample) && (from.isEmpty() || isGoneFrom(from, sample)))

@@ -42,7 +42,7 @@ void UnreadableFiles::save(const std::function<bool(const QByteArray& path)>& wa
             files.insert(file.path, file);
     }
     if (files != m_before)
-        m_state.setUnreadable(m_rootId, m_folderInRoot, files.values().toVector());
+        m_state.setUnreadable(m_rootId, m_folderInRoot, QVector<UnreadableFile>(files.cbegin(), files.cend()));
 }
 
 QByteArray UnreadableFiles::relative(const QByteArray& path) const

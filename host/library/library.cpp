@@ -153,7 +153,7 @@ LibraryResult Library::addRootAndWait(const QByteArray& folder)
     // Not before the commit: a mount must not be lost to a request that is rolled back.
     ComputerState computer(d->id);
     computer.setMount(result.rootId, canonical);
-    for (qint64 adopted : result.rootsAdopted)
+    for (qint64 adopted : qAsConst(result.rootsAdopted))
         computer.removeRoot(adopted);
     return result;
 }

@@ -303,7 +303,8 @@ private:
         QMap<QByteArray, QStringList> result;
         const std::unique_ptr<LibraryReader> reader = LibraryReader::open(m_library->path());
         QHash<qint64, QString> names;
-        for (const TagRow& tag : reader->tags().value)
+        const QVector<TagRow> allTags = reader->tags().value;
+        for (const TagRow& tag : allTags)
             names.insert(tag.id, tag.name);
         const auto visited = reader->forEachFile([&](const FileRow& file) {
             QStringList tags;

@@ -241,18 +241,21 @@ QStringList LibraryFixture::storedIn(const QString& path)
         return {};
     QStringList lines;
     QVector<qint64> uncategorized;
-    for (const TagRow& tag : reader->tags().value) {
+    const QVector<TagRow> tags = reader->tags().value;
+    for (const TagRow& tag : tags) {
         lines.append(tagLine(tag.id, tag.name, tag.colorIndex, tag.fileCount));
         uncategorized.append(tag.id);
     }
     QHash<qint64, QVector<qint64>> links;
-    for (const TagLink& link : reader->tagLinks().value) {
+    const QVector<TagLink> tagLinks = reader->tagLinks().value;
+    for (const TagLink& link : tagLinks) {
         links[link.categoryId].append(link.tagId);
         if (link.categoryId > 1)
             uncategorized.removeAll(link.tagId);
     }
     lines.append(categoryLine(0, QStringLiteral("Unsorted"), uncategorized));
-    for (const CategoryRow& category : reader->categories().value)
+    const QVector<CategoryRow> categories = reader->categories().value;
+    for (const CategoryRow& category : categories)
         lines.append(categoryLine(category.id, category.name, links.value(category.id)));
     return lines;
 }

@@ -235,7 +235,8 @@ private slots:
         QCOMPARE(f.shown(), before);
         QStringList found;
         QStringList foundUndecided;
-        for (const KeywordRow& row : LibraryReader::open(path)->keywordsIgnored().value)
+        const QVector<KeywordRow> rows = LibraryReader::open(path)->keywordsIgnored().value;
+        for (const KeywordRow& row : rows)
             (row.isUndecided ? foundUndecided : found).append(row.name);
         QCOMPARE(found.join(' '), ignored);
         QCOMPARE(foundUndecided.join(' '), undecided);

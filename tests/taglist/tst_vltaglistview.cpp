@@ -217,7 +217,7 @@ private slots:
     {
         const InstalledHost host({QString::fromUtf8("😀 smile"), QString::fromUtf8("🌄 dawn")});
         VLTagListView view(itemsOf(host, {1}), nullptr);
-        view.setLetter(host.tag(1)->name().left(1), 18, 0);
+        view.setLetter(host.tag(1)->name().at(0), 18, 0);
         auto* heading = view.findChild<QLabel*>(QStringLiteral("tag_list_vew_char"));
         QCOMPARE(heading->text(), QString(QChar(0xd83d)));
         const QImage smile = heading->grab().toImage();

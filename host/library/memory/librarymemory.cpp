@@ -83,7 +83,7 @@ void LibraryMemory::compareTags(const QVector<TagRow>& rows, LibraryChange& chan
         if (known->fileCount != row.fileCount)
             change.fileCountChanges.insert(row.id, row.fileCount - known->fileCount);
     }
-    for (const auto& known : m_allTags->tags) {
+    for (const auto& known : qAsConst(m_allTags->tags)) {
         if (!present.contains(known->id))
             change.tagsDeleted.append(known->id);
     }
@@ -119,7 +119,7 @@ void LibraryMemory::compareLinks(const QVector<TagLink>& rows, LibraryChange& ch
         if (known->id < reservedcategory::Favorites)
             continue;
         const QSet<qint64> tags = present.value(known->id);
-        for (const auto& entry : known->tags) {
+        for (const auto& entry : qAsConst(known->tags)) {
             if (!tags.contains(entry->id))
                 change.linksRemoved.append({known->id, entry->id});
         }
