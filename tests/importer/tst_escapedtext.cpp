@@ -28,7 +28,7 @@ private slots:
     void jsonKeepsItsMeaning()
     {
         const QString name = QStringLiteral("山 \u202e\u009b\U000e0041 \"end\n");
-        const QByteArray json = escapedJson(QJsonDocument({{"name", name}}).toJson());
+        const QByteArray json = escapedJson(QJsonDocument(QJsonObject{{"name", name}}).toJson());
         QVERIFY(json.contains("山 \\u202e\\u009b\\udb40\\udc41"));
         QCOMPARE(QJsonDocument::fromJson(json).object().value("name").toString(), name);
     }
