@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/hostapplication.h"
 
-#include "host/app/commandline.h"
-#include "host/app/folderquestion.h"
+#include "host/app/commands/commandline.h"
+#include "host/app/commands/librarychoice.h"
+#include "host/app/dialogs/folderquestion.h"
 #include "host/app/hostwindow.h"
-#include "host/app/librarychoice.h"
 #include "host/app/librarysession.h"
 #include "host/app/screenshot.h"
-#include "host/app/tagwindow.h"
+#include "host/app/tagwindow/tagwindow.h"
 #include "host/importer/escapedtext.h"
 #include "host/library/library.h"
 #include "host/library/records/tagpalette.h"

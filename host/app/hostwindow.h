@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/app/framewindow.h"
+#include "host/app/widgets/framewindow.h"
 #include "host/importer/importsummary.h"
 
 #include <QElapsedTimer>

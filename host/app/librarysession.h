@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/app/librarychoice.h"
+#include "host/app/commands/librarychoice.h"
 #include "host/importer/importoptions.h"
 #include "host/importer/importsummary.h"
+#include "host/importer/skippedfile.h"
 
 #include <QObject>
 #include <QVector>
@@ -12,13 +13,6 @@
 
 class Importer;
 class Library;
-
-/// A file or folder that an import left out.
-struct SkippedFile
-{
-    QByteArray path;  ///< In the file system's bytes.
-    QString reason;
-};
 
 /// The open library together with the import that brings it up to date. GUI thread only.
 class LibrarySession : public QObject

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/screenshot.h"
 
-#include "host/app/commandline.h"
+#include "host/app/commands/commandline.h"
 #include "host/app/hostwindow.h"
 #include "host/app/outputfile.h"
 #include "host/app/quietmoment.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/thumbnailloader.h"
+#include "host/app/files/thumbnailloader.h"
 #include "tests/app/picturefolder.h"
 #include "tests/importer/readermain.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/filelistmodel.h"
-#include "host/app/filetilelayout.h"
-#include "host/app/fileview.h"
+#include "host/app/files/filelistmodel.h"
+#include "host/app/files/filetilelayout.h"
+#include "host/app/files/fileview.h"
 #include "tests/app/picturefolder.h"
 #include "tests/importer/readermain.h"
 

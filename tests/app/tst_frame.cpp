@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/framegeometry.h"
-#include "host/app/windowgeometry.h"
+#include "host/app/widgets/framegeometry.h"
+#include "host/app/widgets/windowgeometry.h"
 
 #include <QTest>
 

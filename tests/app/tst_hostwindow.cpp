@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/filepanel.h"
-#include "host/app/fileview.h"
+#include "host/app/files/filepanel.h"
+#include "host/app/files/fileview.h"
 #include "host/app/hostwindow.h"
 #include "host/app/librarysession.h"
 #include "host/library/library.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/importbar.h"
-#include "host/app/missingpicturesquestion.h"
-#include "host/app/wrappedlabel.h"
+#include "host/app/dialogs/missingpicturesquestion.h"
+#include "host/app/widgets/importbar.h"
+#include "host/app/widgets/wrappedlabel.h"
 
 #include <QPushButton>
 #include <QSignalSpy>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/picturefile.h"
-#include "host/app/pictureopener.h"
-#include "host/app/thumbnail.h"
-#include "host/app/thumbnailloader.h"
+#include "host/app/commands/picturefile.h"
+#include "host/app/files/pictureopener.h"
+#include "host/app/files/thumbnail.h"
+#include "host/app/files/thumbnailloader.h"
 #include "host/importer/metadata/imagecontent.h"
 #include "tests/app/picturefolder.h"
 #include "tests/importer/readermain.h"

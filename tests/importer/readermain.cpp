@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/importer/readermain.h"
 
-#include "host/app/commandline.h"
-#include "host/app/importcommand.h"
-#include "host/app/listcommand.h"
+#include "host/app/commands/commandline.h"
+#include "host/app/commands/importcommand.h"
+#include "host/app/commands/listcommand.h"
 #include "host/importer/metadata/confinement.h"
 #include "host/importer/metadata/metadatareader.h"
 #include "host/importer/metadata/picturekeywords.h"

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/files/filepresenter.h"
+
+#include "host/app/commands/picturefile.h"
+#include "host/app/files/filepanel.h"
+#include "host/app/files/fileview.h"
+#include "host/app/files/pictureopener.h"
+#include "host/library/library.h"
+
+#include <ilibrarydataprovider.h>
+#include <itagdataprovider.h>
+#include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
+
+#include <QHash>
+#include <QLocale>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr qint64 everyTag = -1;  // the reserved category that holds all tags
+
+}  // namespace
+
+FilePresenter::FilePresenter(Library& library, FilePanel& panel, QObject* parent)
+    : QObject(parent)
+    , m_library(library)
+    , m_panel(panel)
+{
+    connect(&m_library, &Library::filesChanged, this, &FilePresenter::refresh);
+    connect(m_panel.view(), &FileView::filesNeeded, this, &FilePresenter::fillPaths);
+    connect(m_panel.view(), &FileView::fileActivated, this, &FilePresenter::openFile);
+    connect(m_panel.view(), &FileView::thumbnailsUnavailable, &m_panel, &FilePanel::setNotice);
+}
+
+void FilePresenter::showTagFiles(const QVector<qint64>& tagIds)
+{
+    present(FileQuery::ofTags(tagIds));
+}
+
+void FilePresenter::showCategoryFiles(const QVector<qint64>& categoryIds)
+{
+    present(FileQuery::ofCategories(categoryIds));
+}
+
+void FilePresenter::showHintIfEmpty()
+{
+    if (hasTags() || m_panel.isVisible()) {
+        emit hintDecided();
+        return;
+    }
+    m_library.queryFileIds(FileQuery::allFiles(), this,
+                           [this, generation = m_generation](const LibraryAnswer<QVector<qint64>>& ids) {
+                               if (generation == m_generation && ids && !hasTags())
+                                   showHint(ids.value.size());
+                               emit hintDecided();
+                           });
+}
+
+void FilePresenter::showHint(int files)
+{
+    if (files == 0) {
+        m_panel.setTitle(tr("No pictures yet"));
+        m_panel.showMessage(tr("Put pictures into the folder of this library and open it again. The keywords inside "
+                               "them become tags."));
+    } else {
+        m_panel.setTitle(files == 1 ? tr("1 picture without keywords")
+                                    : tr("%1 pictures without keywords").arg(QLocale().toString(files)));
+        m_panel.showMessage(tr("Keywords that other programs write into the pictures become tags when the library is "
+                               "opened again. “Create Tags” makes tags without pictures."));
+    }
+    m_panel.show();
+}
+
+void FilePresenter::present(const FileQuery& query)
+{
+    m_query = query;
+    m_name = nameAskedFor();
+    m_panel.setTitle(m_name);
+    m_panel.showMessage(tr("Looking for files…"));
+    m_panel.show();
+    ask(false);
+}
+
+void FilePresenter::refresh()
+{
+    if (m_panel.isHidden() || m_query.scope == FileQuery::Scope::AllFiles)
+        return;
+    if (m_asking)
+        m_outdated = true;
+    else
+        ask(true);
+}
+
+void FilePresenter::ask(bool keepPlace)
+{
+    m_asking = true;
+    m_outdated = false;
+    m_library.queryFileIds(m_query, this,
+                           [this, keepPlace, generation = ++m_generation](const LibraryAnswer<QVector<qint64>>& ids) {
+                               if (generation == m_generation)
+                                   showAnswer(ids.value, ids.error, keepPlace);
+                           });
+}
+
+void FilePresenter::showAnswer(const QVector<qint64>& ids, const QString& error, bool keepPlace)
+{
+    m_asking = false;
+    // A deleted one has no name any more.
+    const QString name = nameAskedFor();
+    if (!name.isEmpty())
+        m_name = name;
+    m_panel.setTitle(titleFor(ids.size()));
+    if (!error.isEmpty())
+        m_panel.showMessage(tr("The files cannot be shown: %1").arg(error));
+    else if (ids.isEmpty())
+        m_panel.showMessage(m_query.scope == FileQuery::Scope::Tags ? tr("No file carries this tag.")
+                                                                    : tr("No file carries a tag of this category."));
+    else
+        m_panel.showFiles(ids, keepPlace);
+    if (m_outdated)
+        refresh();
+}
+
+void FilePresenter::fillPaths(const QVector<qint64>& ids)
+{
+    m_library.queryFiles(ids, this,
+                         [this, ids, generation = m_generation](const LibraryAnswer<QVector<FileRow>>& files) {
+                             if (generation == m_generation && files)
+                                 m_panel.view()->setPaths(ids, files.value);
+                         });
+}
+
+void FilePresenter::openFile(const QByteArray& path)
+{
+    // A file whose root has no place on this computer has a relative path.
+    const bool isThere = path.startsWith('/') && ::access(path.constData(), F_OK) == 0;
+    // Only what is a picture by its content goes to the desktop, whatever the file's name says.
+    const QString type = isThere ? PictureFile::pictureType(path) : QString();
+    if (!isThere)
+        m_panel.setNotice(tr("%1 is not there, or its disk is not connected.").arg(PictureFile::displayName(path)));
+    else if (type.isEmpty())
+        m_panel.setNotice(tr("%1 is not a picture file that can be opened.").arg(PictureFile::displayName(path)));
+    else if (!PictureOpener::open(path, type))
+        m_panel.setNotice(tr("No program was found that opens %1.").arg(PictureFile::displayName(path)));
+    else
+        m_panel.setNotice({});
+}
+
+QString FilePresenter::titleFor(int files) const
+{
+    const bool one = files == 1;
+    const QString number = files == 0 ? tr("No") : QLocale().toString(files);
+    const QString asked = QLocale().toString(m_query.ids.size());
+    if (m_query.scope == FileQuery::Scope::Tags) {
+        if (m_query.ids.size() == 1)
+            return (one ? tr("%1 file tagged ‘%2’") : tr("%1 files tagged ‘%2’")).arg(number, m_name);
+        return (one ? tr("%1 file with any of %2 tags") : tr("%1 files with any of %2 tags")).arg(number, asked);
+    }
+    if (m_query.ids.size() == 1)
+        return (one ? tr("%1 file in category ‘%2’") : tr("%1 files in category ‘%2’")).arg(number, m_name);
+    return (one ? tr("%1 file in any of %2 categories") : tr("%1 files in any of %2 categories")).arg(number, asked);
+}
+
+QString FilePresenter::nameAskedFor() const
+{
+    if (m_query.ids.size() != 1)
+        return {};
+    const auto library = m_library.dataProvider()->tagManagerDataProvider();
+    if (m_query.scope == FileQuery::Scope::Categories) {
+        const auto category = library->tagGroup(m_query.ids.first());
+        return category ? category->groupName() : QString();
+    }
+    QHash<qint64, QSharedPointer<ITagDataProvider>> tags;
+    const auto all = library->tagGroup(everyTag);
+    if (all)
+        all->tagsByIds(m_query.ids, &tags);
+    const auto tag = tags.value(m_query.ids.first());
+    return tag ? tag->name() : QString();
+}
+
+bool FilePresenter::hasTags() const
+{
+    const auto all = m_library.dataProvider()->tagManagerDataProvider()->tagGroup(everyTag);
+    return all && all->tagCount(1) > 0;
+}

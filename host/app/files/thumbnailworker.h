@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "host/app/files/thumbnail.h"
+#include "host/app/files/thumbnailcache.h"
+#include "host/importer/metadata/readerprocess.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QObject>
+
+#include <memory>
+#include <vector>
+
+/// Opens files and has reader processes make thumbnails of them. Lives on a thread with an event loop, which it may
+/// block while it opens a file. The processes are started when they are needed, and kept.
+class ThumbnailWorker : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// At most \a processes at once, each as \a settings says.
+    ThumbnailWorker(const ReaderProcess::Settings& settings, int processes);
+    ~ThumbnailWorker() override;
+
+    /// Answered by loaded() with the same \a id and \a pixels.
+    void load(qint64 id, const QByteArray& path, int pixels);
+
+signals:
+    void loaded(qint64 id, int pixels, const Thumbnail& thumbnail);
+    /// Pictures cannot be decoded on this system, for \a reason; all are Unreadable. Emitted once.
+    void unavailable(const QString& reason);
+
+private:
+    struct Job
+    {
+        qint64 id = 0;
+        int pixels = 0;
+        QByteArray key;
+    };
+
+    ReaderProcess* freeProcess();
+    void handleAnswer(ReaderProcess* process, int index, const QByteArray& answer);
+    void handleUnavailable(const QString& reason);
+    void finish(int index, const Thumbnail& thumbnail);
+
+    ReaderProcess::Settings m_settings;
+    size_t m_maxProcesses;
+    ThumbnailCache m_cache;
+    QHash<int, Job> m_jobs;  ///< With the processes, by index.
+    int m_nextIndex = 0;
+    bool m_unavailable = false;
+    std::vector<std::unique_ptr<ReaderProcess>> m_processes;
+};
