@@ -46,6 +46,11 @@ VLTagModifyWidget::VLTagModifyWidget(int mode, QWidget* parent)
     translateTips();
 }
 
+void VLTagModifyWidget::allowAgain()
+{
+    m_confirmBtn->setEnabled(true);
+}
+
 void VLTagModifyWidget::slotCloseDialog()
 {
     close();

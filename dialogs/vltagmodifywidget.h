@@ -30,6 +30,8 @@ public:
 
     /// The name field, for a caller to preset the current name; owned by the dialog.
     [[nodiscard]] QLineEdit* lineEdit() const { return m_lineEdit; }
+    /// Lets the person send a name again: the dialog takes one only.
+    void allowAgain();
 
 signals:
     /// Every name is trimmed.

@@ -6,6 +6,8 @@
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/tagdrag.h"
 
+#include <itagmanagerdataprovider.h>
+#include <ivltagmanagercontrol.h>
 #include <tagrecords.h>
 #include <vlskinsetting.h>
 
@@ -49,7 +51,7 @@ QFont tileFont(QFont font)
 /// The tag id that a dragged chip carries: one qint64 in QDataStream's default format.
 std::optional<qint64> draggedTagId(const QMimeData* data)
 {
-    const QByteArray payload = data->data(QLatin1String(tagDragFormat));
+    const QByteArray payload = data->data(QLatin1String(tagManagerTagFormat));
     QDataStream stream(payload);
     qint64 tagId = 0;
     stream >> tagId;
@@ -84,7 +86,7 @@ qint64 CTagGroupItemWidget::groupId() const
 {
     const auto provider = m_provider;
     const auto record = provider ? provider->groupInfo() : nullptr;
-    return record ? record->id() : noGroupId;
+    return record ? record->id() : taggroupid::none;
 }
 
 void CTagGroupItemWidget::setSelected(bool selected)

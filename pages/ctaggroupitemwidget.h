@@ -23,20 +23,20 @@ class CTagGroupItemWidget : public QWidget
 public:
     /// Width and height of every tile in logical pixels.
     static constexpr int sideLength = 78;
-    /// What groupId() answers for a tile without data.
-    static constexpr qint64 noGroupId = -2;
 
     /// \a provider: null for the "Add New" tile.
     CTagGroupItemWidget(const QSharedPointer<ITagGroupDataProvider>& provider, QWidget* parent);
     ~CTagGroupItemWidget() override;
 
     [[nodiscard]] const QSharedPointer<ITagGroupDataProvider>& provider() const { return m_provider; }
-    /// The id in the category's record as it is now; noGroupId without one.
+    /// The id in the category's record as it is now; taggroupid::none without one.
     [[nodiscard]] qint64 groupId() const;
 
     [[nodiscard]] bool isSelected() const { return m_selected; }
     /// Only changes the look; nothing is reported.
     void setSelected(bool selected);
+    /// Selects the tile and reports it, as a click does; nothing when it is selected.
+    void select();
 
 signals:
     /// The selected category's name or tag count changed.
@@ -65,7 +65,6 @@ private:
     void showRecord(const QString& name, int tagCount);
     void createLabels(const QString& name);
     void updateFromProvider();
-    void select();
     void setDropTarget(bool isTarget, const QMimeData* dragged);
     void paintCategory(QPainter& painter) const;
     void paintAddNew(QPainter& painter) const;

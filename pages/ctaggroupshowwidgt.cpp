@@ -134,6 +134,13 @@ void CTagGroupShowWidgt::deselectTiles()
     selectOnly(nullptr);
 }
 
+CTagGroupItemWidget* CTagGroupShowWidgt::selectedTile() const
+{
+    const auto tile = std::find_if(m_tiles.cbegin(), m_tiles.cend(),
+                                   [](const CTagGroupItemWidget* each) { return each->isSelected(); });
+    return tile == m_tiles.cend() ? nullptr : *tile;
+}
+
 void CTagGroupShowWidgt::doItemsLayout()
 {
     m_layoutDue = false;

@@ -38,6 +38,10 @@ public:
     bool removeGroup(qint64 g_id);
     /// No tile stays selected; nothing is reported.
     void deselectTiles();
+    /// Null when none is.
+    [[nodiscard]] CTagGroupItemWidget* selectedTile() const;
+    /// The tile of a category; null when it has none.
+    [[nodiscard]] CTagGroupItemWidget* tileOf(qint64 g_id) const { return m_tiles.value(g_id); }
 
     /// Lays the tiles out and asks for the height that they take.
     void doItemsLayout() override;

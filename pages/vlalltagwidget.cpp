@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "pages/vlalltagwidget.h"
 
+#include "dialogs/vltagmodifywidget.h"
 #include "pages/emptyhint.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/chipscrollarea.h"
 #include "taglist/vltaggrouplistview.h"
+#include "taglist/vltaglistview.h"
 #include "widgets/fixedsize.h"
 #include "widgets/vlscrollbar.h"
 #include "widgets/vlsvgwidget.h"
 #include "widgets/vltallboxlayout.h"
+#include "window/page/tagpages.h"
 #include "window/page/vltagsearchlineedit.h"
 
 #include <itaggroupdataprovider.h>
@@ -28,8 +31,6 @@ namespace {
 
 constexpr int counterPixelSize = 14;
 constexpr int buttonPixelSize = 13;
-constexpr int allTagsType = 0;
-constexpr int favoritesType = 2;
 constexpr int chipsLeft = 16;  // of the chips within their list, where the hint stands when there are none
 
 QString counterText(int count)
@@ -42,8 +43,6 @@ QString counterText(int count)
 VLAllTagWidget::VLAllTagWidget(int type, QWidget* parent)
     : VLTagBaseWidget(type, parent)
 {
-    m_iconWidget->setIcon(
-        VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QStringLiteral("list_labeling_select.svg")));
     connect(this, &VLAllTagWidget::signSearchChanged, this, &VLAllTagWidget::slotSearchChanged, Qt::QueuedConnection);
 }
 
@@ -132,6 +131,8 @@ VLTagGroupListView* VLAllTagWidget::makeList(bool drag)
     auto* list = new VLTagGroupListView(this, drag);
     list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     connect(list, &VLTagGroupListView::signalsCheckoutFile, this, &VLAllTagWidget::signalCheckoutFile);
+    connect(list, &VLTagGroupListView::resultActivated, this, &VLAllTagWidget::searchResultActivated);
+    connect(list, &VLTagGroupListView::nameDialogOpened, this, &VLAllTagWidget::nameDialogOpened);
     return list;
 }
 
@@ -219,10 +220,12 @@ QString VLAllTagWidget::hintWhenEmpty() const
     if (!m_allTags)
         return tr("No library is open.");
     const bool canChange = m_letterList->canChangeTags();
-    if (m_type == allTagsType || !m_libraryHasTags)
-        return canChange && m_type != favoritesType ? tr("There are no tags yet. “Create Tags” makes the first one.")
-                                                    : tr("There are no tags yet.");
-    if (m_type == favoritesType)
+    const bool isFavorites = m_page && m_page->id == TagManagerPage::Favorites;
+    const bool isAllTags = m_page && m_page->id == TagManagerPage::AllTags;
+    if (isAllTags || !m_libraryHasTags)
+        return canChange && !isFavorites ? tr("There are no tags yet. “Create Tags” makes the first one.")
+                                         : tr("There are no tags yet.");
+    if (isFavorites)
         return canChange ? tr("No favorite tags yet. Right-click a tag on the page “All Tags” and choose “Set as "
                               "Favorite Tag”.")
                          : tr("No favorite tags yet.");
@@ -239,8 +242,10 @@ void VLAllTagWidget::slotSearchChanged(const QString& text)
     m_searchList->setVisible(!text.isEmpty());
     const QPointer<VLAllTagWidget> self(this);
     m_searchList->reload(text);
-    if (self)
-        settleContent();
+    if (!self)
+        return;
+    settleContent();
+    emit searchTextChanged(text);
 }
 
 /// The field's painting is on its way already and comes first; what the lists posted for themselves would come after
@@ -251,6 +256,55 @@ void VLAllTagWidget::settleContent()
                             m_scrollArea->viewport()})
         QCoreApplication::sendPostedEvents(widget, QEvent::LayoutRequest);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateLater);
+}
+
+/// The one that the page shows; null on a page without lists.
+VLTagGroupListView* VLAllTagWidget::shownList() const
+{
+    return m_searchEdit->text().isEmpty() ? m_letterList : m_searchList;
+}
+
+/// The field is followed through a queue.
+void VLAllTagWidget::followFieldNow()
+{
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+}
+
+bool VLAllTagWidget::revealTag(qint64 tag_id)
+{
+    const QPointer<VLAllTagWidget> self(this);
+    followFieldNow();
+    if (!self || !isVisible() || !shownList())
+        return false;
+    shownList()->readPending();
+    if (!self || !shownList())
+        return false;
+    VLTagListView* chips = shownList()->listOf(tag_id);
+    if (!chips)
+        return false;
+    m_scrollArea->layOutContent();
+    chips->revealTag(tag_id);
+    return true;
+}
+
+QVector<qint64> VLAllTagWidget::searchResults(int limit)
+{
+    const QPointer<VLAllTagWidget> self(this);
+    followFieldNow();
+    return self && m_searchList && !m_searchEdit->text().isEmpty() ? m_searchList->resultIds(limit) : QVector<qint64>();
+}
+
+void VLAllTagWidget::setChipDragEnabled(bool enabled)
+{
+    for (VLTagGroupListView* list : {m_letterList, m_searchList}) {
+        if (list)
+            list->setChipDragEnabled(enabled);
+    }
+}
+
+int VLAllTagWidget::scrollValue() const
+{
+    return m_scrollArea ? m_scrollArea->verticalScrollBar()->value() : 0;
 }
 
 void VLAllTagWidget::slotSetOriScrollValue(int value)

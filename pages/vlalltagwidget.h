@@ -6,12 +6,14 @@
 #include <QMap>
 #include <QSharedPointer>
 
+class ChipScrollArea;
 class ITagGroupDataProvider;
 class QMargins;
 class QPushButton;
 class QScrollArea;
 class VLScrollBar;
 class VLTagGroupListView;
+class VLTagModifyWidget;
 class VLTallBoxLayout;
 
 /// The page of one category's tags in letter sections, with a tag counter, the button that creates a tag, and search.
@@ -32,6 +34,24 @@ public:
     /// Empties the search field, puts the kept content into the scroll area again and reloads the letters. The scroll
     /// position stays.
     void rebuild() override;
+
+    /// Scrolls to a tag's chip and makes it the current one of its list, after whatever waits to be read or laid out.
+    /// False when the page does not show the tag, or is hidden itself.
+    bool revealTag(qint64 tag_id);
+    /// The tags that the search shows, the closest first; \a limit at the most, none without a search.
+    [[nodiscard]] QVector<qint64> searchResults(int limit);
+    /// Chips can be dragged out of all lists of the page.
+    void setChipDragEnabled(bool enabled);
+    /// The scroll position, in logical pixels.
+    [[nodiscard]] int scrollValue() const;
+
+signals:
+    /// The page shows the results of another text in its search field, or everything for an empty one.
+    void searchTextChanged(QString text);
+    /// A search result was double-clicked.
+    void searchResultActivated(qint64 tag_id);
+    /// A dialog was opened in which a name is typed.
+    void nameDialogOpened(VLTagModifyWidget* dialog);
 
 public slots:
     /// Sets the scroll position, in logical pixels.
@@ -55,7 +75,7 @@ protected:
     /// Keeps up with whether the open library has tags, for the hint on an empty page.
     void followLibrary();
 
-    QScrollArea* m_scrollArea = nullptr;
+    ChipScrollArea* m_scrollArea = nullptr;
     QWidget* m_scrollWidget = nullptr;
     VLTallBoxLayout* m_contentLayout = nullptr;
     VLTagGroupListView* m_letterList = nullptr;
@@ -75,6 +95,8 @@ private:
     void addToCounter(int count);
     void settleContent();
     void clearSearch();
+    [[nodiscard]] VLTagGroupListView* shownList() const;
+    void followFieldNow();
     void countLibrary();
     [[nodiscard]] QString hintWhenEmpty() const;
 

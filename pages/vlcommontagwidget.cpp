@@ -13,8 +13,6 @@
 VLCommonTagWidget::VLCommonTagWidget(int type, QWidget* parent)
     : VLAllTagWidget(type, parent)
 {
-    m_iconWidget->setIcon(
-        VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QStringLiteral("label_usually_icon.svg")));
 }
 
 VLCommonTagWidget::~VLCommonTagWidget() = default;

@@ -12,6 +12,7 @@
 #include <itagaction.h>
 #include <itaggroupaction.h>
 #include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
 #include <tagrecords.h>
 #include <vlskinsetting.h>
 
@@ -34,8 +35,8 @@ void VLGroupTagWidget::makeMenu()
     m_viewFilesAction =
         m_menu->addAction(tr("View Related Files"), this, [this] { carryOut([this] { viewFiles(); }); });
     m_menu->addSeparator();
-    m_renameAction =
-        m_menu->addAction(tr("Rename Category"), this, [this] { slotRenameGroup(m_menuGroupId, m_menuGroupName); });
+    m_renameAction = m_menu->addAction(
+        tr("Rename Category"), this, [this] { carryOut([this] { slotRenameGroup(m_menuGroupId, m_menuGroupName); }); });
     m_deleteAction =
         m_menu->addAction(tr("Delete Category"), this, [this] { carryOut([this] { slotDelGroup(m_menuGroupId); }); });
 }
@@ -54,8 +55,8 @@ void VLGroupTagWidget::slotPopMenu(qint64 g_id, const QString& g_name)
 {
     m_menuGroupId = g_id;
     m_menuGroupName = g_name;
-    m_renameAction->setEnabled(g_id != rootGroupId);
-    m_deleteAction->setEnabled(g_id != rootGroupId);
+    m_renameAction->setEnabled(g_id != taggroupid::fixed);
+    m_deleteAction->setEnabled(g_id != taggroupid::fixed);
     const QPointer<VLGroupTagWidget> self(this);
     const auto provider = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);
     const bool hasTags = provider && provider->tagCount(1) != 0;
@@ -76,8 +77,14 @@ void VLGroupTagWidget::slotAddGroup()
     auto* dialog = new VLTagModifyWidget(VLTagModifyWidget::CreateGroup, this);
     connect(dialog, &VLTagModifyWidget::signcreateGroup, this,
             [action = m_groupAction](const QString& name) { requestNewGroup(action, name); });
+    openNameDialog(dialog);
+}
+
+void VLGroupTagWidget::openNameDialog(VLTagModifyWidget* dialog)
+{
     connect(m_groupList, &CTagGroupShowWidgt::signalClosePopup, dialog, &QWidget::close);
     dialog->showPopup();
+    emit nameDialogOpened(dialog);
 }
 
 void VLGroupTagWidget::slotSetGroupScrollValue(int value)
@@ -91,8 +98,7 @@ void VLGroupTagWidget::slotRenameGroup(qint64 g_id, const QString& g_name)
     dialog->lineEdit()->setText(g_name);
     connect(dialog, &VLTagModifyWidget::signalRenameGroup, this,
             [action = m_groupAction, g_id](const QString& newName) { requestGroupName(action, g_id, newName); });
-    connect(m_groupList, &CTagGroupShowWidgt::signalClosePopup, dialog, &QWidget::close);
-    dialog->showPopup();
+    openNameDialog(dialog);
 }
 
 void VLGroupTagWidget::slotDelGroup(qint64 g_id)

@@ -5,6 +5,7 @@
 #include "pages/ctaggroupshowwidgt.h"
 #include "pages/dragscroller.h"
 #include "plugin/state/vltagmanagersingleton.h"
+#include "taglist/chipscrollarea.h"
 #include "taglist/vltaggrouplistview.h"
 #include "widgets/menupopup.h"
 #include "widgets/vlsvgwidget.h"
@@ -13,6 +14,7 @@
 #include <itagaction.h>
 #include <itaggroupaction.h>
 #include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
 #include <tagrecords.h>
 #include <vleventtrack.h>
 #include <vlskinsetting.h>
@@ -56,7 +58,6 @@ VLGroupTagWidget::VLGroupTagWidget(int type, QWidget* parent)
     , m_groupAction(VLTagManagerSingleton::instance()->tagGroupAction())
     , m_tagAction(VLTagManagerSingleton::instance()->tagAction())
 {
-    m_iconWidget->setIcon(VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QStringLiteral("label_sort_icon.svg")));
     m_iconWidget->setFixedSize(16, 16);
 }
 
@@ -277,13 +278,58 @@ void VLGroupTagWidget::showGroup(const QString& name, const QString& tagCount,
                                  const QSharedPointer<const ITagGroupDataProvider>& provider)
 {
     showHeader(name, tagCount);
+    const QPointer<VLGroupTagWidget> self(this);
     m_letterList->setDataProvider(qSharedPointerConstCast<ITagGroupDataProvider>(provider));
+    if (self)
+        noteSelection();
+}
+
+CTagGroupItemWidget* VLGroupTagWidget::selectedTile() const
+{
+    CTagGroupItemWidget* tile = m_groupList ? m_groupList->selectedTile() : nullptr;
+    if (tile)
+        return tile;
+    return m_rootTile && m_rootTile->provider() && m_rootTile->isSelected() ? m_rootTile : nullptr;
+}
+
+void VLGroupTagWidget::noteSelection()
+{
+    CTagGroupItemWidget* tile = selectedTile();
+    if (m_notedTile == tile)
+        return;
+    m_notedTile = tile;
+    const QPointer<VLGroupTagWidget> self(this);
+    const qint64 id = selectedGroupId();
+    if (self)
+        emit selectedGroupChanged(id);
+}
+
+qint64 VLGroupTagWidget::selectedGroupId() const
+{
+    const CTagGroupItemWidget* tile = selectedTile();
+    return tile ? tile->groupId() : taggroupid::none;
+}
+
+bool VLGroupTagWidget::selectGroup(qint64 g_id)
+{
+    QPointer<CTagGroupItemWidget> tile =
+        g_id == taggroupid::fixed && m_rootTile->provider() ? m_rootTile : m_groupList->tileOf(g_id);
+    if (!tile)
+        return false;
+    tile->select();
+    if (!tile)
+        return false;
+    // The tiles that came last are laid out from the event loop.
+    m_groupList->doItemsLayout();
+    m_groupScrollWidget->layout()->activate();
+    m_groupScrollArea->ensureWidgetVisible(tile, 0, 0);
+    return true;
 }
 
 void VLGroupTagWidget::selectRootGroup()
 {
     const QPointer<VLGroupTagWidget> self(this);
-    const auto root = VLTagManagerSingleton::instance()->tagGroupProvider(rootGroupId);
+    const auto root = VLTagManagerSingleton::instance()->tagGroupProvider(taggroupid::fixed);
     const auto record = root ? root->groupInfo() : nullptr;
     const int tagCount = record ? root->tagCount(1) : 0;
     if (!record || !self)

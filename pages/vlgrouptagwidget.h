@@ -3,6 +3,7 @@
 
 #include "pages/vlalltagwidget.h"
 
+#include <QPointer>
 #include <QSharedPointer>
 #include <QString>
 #include <QVector>
@@ -43,7 +44,14 @@ public:
     /// Takes these categories away and spreads the news. When the selected one goes, the fixed category is selected.
     void removeGroups(const QVector<qint64>& g_ids);
 
+    /// The id in the record of the category that is selected; taggroupid::none without one.
+    [[nodiscard]] qint64 selectedGroupId() const;
+    /// Selects a category as a click on its tile does, and scrolls to the tile. False for a category without a tile.
+    bool selectGroup(qint64 g_id);
+
 signals:
+    /// Another category is selected.
+    void selectedGroupChanged(qint64 g_id);
     /// The host is to show the files of these categories; always one.
     void signalCheckGroupFiles(QVector<qint64> g_ids);
 
@@ -62,9 +70,6 @@ public slots:
     void slotAddGroupTag(qint64 g_id, qint64 t_id);
 
 private:
-    /// The fixed category, which is never renamed nor deleted.
-    static constexpr qint64 rootGroupId = 0;
-
     void makeMenu();
     void carryOut(const std::function<void()>& choice);
     void adjustFrame();
@@ -83,6 +88,9 @@ private:
     void selectRootGroup();
     void createTag();
     void viewFiles();
+    [[nodiscard]] CTagGroupItemWidget* selectedTile() const;
+    void noteSelection();
+    void openNameDialog(VLTagModifyWidget* dialog);
     void askForDeletion(qint64 g_id, const QString& name, int tagCount);
     void deleteGroup(qint64 g_id);
 
@@ -97,6 +105,7 @@ private:
     QAction* m_viewFilesAction = nullptr;
     QAction* m_renameAction = nullptr;
     QAction* m_deleteAction = nullptr;
+    QPointer<CTagGroupItemWidget> m_notedTile;  ///< The selected one that was reported last.
     qint64 m_menuGroupId = 0;
     QString m_menuGroupName;
     QSharedPointer<ITagGroupAction> m_groupAction;

@@ -21,6 +21,9 @@ public:
     explicit ChipScrollArea(QWidget* parent = nullptr);
     ~ChipScrollArea() override;
 
+    /// Gives the content the height that its lists need by now.
+    void layOutContent();
+
 protected:
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -41,7 +44,6 @@ private:
     [[nodiscard]] Chip topmostChip() const;
     void chooseKeptChip();
     void keepChip();
-    void layOutContent();
 
     Chip m_kept;
     QPersistentModelIndex m_current;  ///< The current chip when the kept one was chosen.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "taglist/sortfilterproxymodel.h"
 
+#include "plugin/state/tagsearch.h"
 #include "taglist/taglistrow.h"
 
 #include <QStandardItemModel>
@@ -61,19 +62,16 @@ void SortFilterProxyModel::setSearchText(const QString& text)
 
 bool SortFilterProxyModel::comesBefore(const QString& left, const QString& right) const
 {
-    // Every name is equally close to no text at all.
-    if (m_sortBySearch && !m_searchText.isEmpty()) {
-        const int leftCloseness = closeness(left);
-        const int rightCloseness = closeness(right);
-        if (leftCloseness != rightCloseness)
-            return leftCloseness < rightCloseness;
-    }
+    const int leftCloseness = closeness(left);
+    const int rightCloseness = closeness(right);
+    if (leftCloseness != rightCloseness)
+        return leftCloseness < rightCloseness;
     return left < right;
 }
 
 SortFilterProxyModel::OrderPrefix SortFilterProxyModel::orderPrefix(const QString& name) const
 {
-    const int rank = m_sortBySearch && !m_searchText.isEmpty() ? closeness(name) : 0;
+    const int rank = closeness(name);
     // The rank takes the place of the last two bits; what they told apart is left to the comparison of the names.
     constexpr unsigned rankBits = 2;
     constexpr unsigned restBits = 64 - rankBits;
@@ -96,10 +94,8 @@ bool SortFilterProxyModel::lessThan(const QModelIndex& left, const QModelIndex& 
     return comesBefore(nameAt(left), nameAt(right));
 }
 
-/// 0 for the search text itself, 1 for what starts with it, 2 for the rest.
+/// Without sort-by-search every name is equally close.
 int SortFilterProxyModel::closeness(const QString& name) const
 {
-    if (!name.startsWith(m_searchText))
-        return 2;
-    return name.size() == m_searchText.size() ? 0 : 1;
+    return m_sortBySearch ? tagsearch::closeness(m_searchText, name) : tagsearch::Equal;
 }

@@ -3,6 +3,8 @@
 
 #include "taglist/vltaglistview.h"
 
+#include <ivltagmanagercontrol.h>
+
 #include <QDataStream>
 #include <QDropEvent>
 #include <QMimeData>
@@ -11,15 +13,13 @@
 
 #include <memory>
 
-const char tagDragFormat[] = "TagManager_Group_List_View";
-
 QMimeData* makeTagMimeData(qint64 tag_id)
 {
     QByteArray payload;
     QDataStream stream(&payload, QIODevice::WriteOnly);
     stream << tag_id;
     auto mimeData = std::make_unique<QMimeData>();
-    mimeData->setData(QLatin1String(tagDragFormat), payload);
+    mimeData->setData(QLatin1String(tagManagerTagFormat), payload);
     return mimeData.release();
 }
 

@@ -9,10 +9,7 @@ class QMimeData;
 class QRect;
 class QWidget;
 
-/// Format under which a dragged tag travels: one tag id, as a qint64 that a QDataStream of default settings writes.
-extern const char tagDragFormat[];
-
-/// What is dragged for a tag; owned by the caller.
+/// What is dragged for a tag, in tagManagerTagFormat; owned by the caller.
 QMimeData* makeTagMimeData(qint64 tag_id);
 
 /// Whether a chip of one of this process's tag lists is dragged.

@@ -4,12 +4,12 @@
 #include "plugin/state/requestresult.h"
 
 #include <itagaction.h>
+#include <itagmanagerdataprovider.h>
 
 #include <QDebug>
 
 namespace {
 
-constexpr qint64 favoritesGroupId = 1;
 constexpr char favoriteFailed[] = "VLTagGroupListView::slotSetCommonTag failed. Message";
 constexpr char deleteFailed[] = "VLTagGroupListView::slotDelTag failed. Message:";
 
@@ -36,7 +36,7 @@ void TagRequests::addToFavorites(qint64 tag_id) const
     if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotSetCommonTag set common tagId:" << tag_id;
-    const qint64 request = action->addTagsToGroups({favoritesGroupId}, {tag_id});
+    const qint64 request = action->addTagsToGroups({taggroupid::favorites}, {tag_id});
     followTagRequest(action.data(), request, favoriteFailed);
 }
 
@@ -46,7 +46,7 @@ void TagRequests::removeFromFavorites(qint64 tag_id) const
     if (!action)
         return;
     qInfo() << "VLTagGroupListView::slotSetCommonTag cance common tagId:" << tag_id;
-    const qint64 request = action->removeTagsFromGroups({favoritesGroupId}, {tag_id});
+    const qint64 request = action->removeTagsFromGroups({taggroupid::favorites}, {tag_id});
     followTagRequest(action.data(), request, favoriteFailed);
 }
 

@@ -12,6 +12,7 @@
 #include <itagaction.h>
 #include <itagdataprovider.h>
 #include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
 #include <tagrecords.h>
 #include <vleventtrack.h>
 
@@ -124,8 +125,14 @@ void VLTagGroupListView::slotAddTag()
                 emit self->signalClosePopup();
         });
     });
+    openNameDialog(dialog);
+}
+
+void VLTagGroupListView::openNameDialog(VLTagModifyWidget* dialog)
+{
     connect(this, &VLTagGroupListView::signalClosePopup, dialog, &QWidget::close);
     dialog->showPopup();
+    emit nameDialogOpened(dialog);
 }
 
 void VLTagGroupListView::slotRenameTag(qint64 tag_id)
@@ -134,8 +141,7 @@ void VLTagGroupListView::slotRenameTag(qint64 tag_id)
     dialog->lineEdit()->setText(m_menuTagName);
     connect(dialog, &VLTagModifyWidget::signRenameTag, this,
             [this, tag_id](const QString& newName) { m_requests.renameTag(tag_id, newName); });
-    connect(this, &VLTagGroupListView::signalClosePopup, dialog, &QWidget::close);
-    dialog->showPopup();
+    openNameDialog(dialog);
 }
 
 void VLTagGroupListView::slotSetCommonTag(qint64 tag_id)
@@ -209,7 +215,7 @@ void VLTagGroupListView::slotRemoveGroupAction(qint64 g_id)
 
 void VLTagGroupListView::slotUpdateGroupAction(qint64 g_id)
 {
-    if (g_id <= favoritesGroupId)
+    if (g_id < taggroupid::firstUser)
         return;
     const QPointer<VLTagGroupListView> self(this);
     const auto group = VLTagManagerSingleton::instance()->tagGroupProvider(g_id);

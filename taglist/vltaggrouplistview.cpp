@@ -9,6 +9,7 @@
 
 #include <itagdataprovider.h>
 #include <itaggroupdataprovider.h>
+#include <itagmanagerdataprovider.h>
 
 #include <QKeyEvent>
 #include <QPointer>
@@ -119,7 +120,7 @@ void VLTagGroupListView::replaceProvider(const QSharedPointer<ITagGroupDataProvi
         m_menu->close();
     else
         makeMenu();
-    const bool inCategory = next && next->groupId() > favoritesGroupId;
+    const bool inCategory = next && next->groupId() >= taggroupid::firstUser;
     if (self && m_provider == next && m_menu)
         m_menu->arrange(inCategory);
 }
@@ -147,6 +148,30 @@ void VLTagGroupListView::refresh(qint64 tag_id)
 bool VLTagGroupListView::showsTags() const
 {
     return m_readPending || !m_sections.isEmpty() || (m_results && m_results->model()->rowCount() > 0);
+}
+
+VLTagListView* VLTagGroupListView::listOf(qint64 tag_id) const
+{
+    VLTagListView* section = m_sections.lastSectionOf(tag_id);
+    if (section && section->holdsTag(tag_id))
+        return section;
+    return m_results && m_results->holdsTag(tag_id) ? m_results : nullptr;
+}
+
+QVector<qint64> VLTagGroupListView::resultIds(int limit) const
+{
+    const int count = m_results ? qMin(m_results->model()->rowCount(), limit) : 0;
+    QVector<qint64> ids;
+    for (int row = 0; row < count; ++row)
+        ids.append(m_results->tagAt(m_results->model()->index(row, 0)).id);
+    return ids;
+}
+
+void VLTagGroupListView::setChipDragEnabled(bool enabled)
+{
+    m_drag = enabled;
+    for (VLTagListView* list : findChildren<VLTagListView*>())
+        list->setChipDragEnabled(enabled);
 }
 
 void VLTagGroupListView::clear()
@@ -224,6 +249,7 @@ VLTagListView* VLTagGroupListView::makeResultList()
 {
     auto* list = new VLTagListView({}, this, followByOwner());
     configureList(list);
+    connect(list, &VLTagListView::signCheckTagLinkFile, this, &VLTagGroupListView::resultActivated);
     list->setTrailingRow(false);
     return list;
 }

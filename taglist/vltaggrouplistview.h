@@ -18,6 +18,7 @@ class ITagGroupDataProvider;
 class QVBoxLayout;
 class TagContextMenu;
 class VLTagListView;
+class VLTagModifyWidget;
 
 /// The body of every tag page: the tags of one category as a column of letter sections, with the tag context menu and
 /// every tag command.
@@ -52,6 +53,15 @@ public:
     /// False for a library that takes no requests.
     [[nodiscard]] bool canChangeTags() const { return m_requests.areTaken(); }
 
+    /// Reads now what waits until the view is shown.
+    void readPending();
+    /// The section or the list of results that shows a tag; null when none does.
+    [[nodiscard]] VLTagListView* listOf(qint64 tag_id) const;
+    /// The tags found, the closest first; \a limit at the most.
+    [[nodiscard]] QVector<qint64> resultIds(int limit) const;
+    /// Chips can be dragged out of the sections and the results, those to come included.
+    void setChipDragEnabled(bool enabled);
+
 signals:
     /// The host is to show the files that carry these tags.
     void signalsCheckoutFile(QVector<qint64> ids);
@@ -65,6 +75,10 @@ signals:
     void signalRemoveTag(int count);
     /// The data of a tag that is shown changed.
     void tagUpdated(qint64 tag_id);
+    /// A result of the search was double-clicked.
+    void resultActivated(qint64 tag_id);
+    /// A dialog was opened in which a name is typed; it deletes itself when it is closed.
+    void nameDialogOpened(VLTagModifyWidget* dialog);
 
 public slots:
     /// Opens the dialog that creates a tag.
@@ -91,8 +105,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    static constexpr qint64 favoritesGroupId = 1;
-
     /// What the list is there for.
     enum class Shown
     {
@@ -106,7 +118,6 @@ private:
     void replaceProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
     void clear();
     void load(const QString& filter);
-    void readPending();
     void showAdded(const QVector<qint64>& tag_ids);
     /// Asks a category for some of its tags.
     using Ask = std::function<void(const ITagGroupDataProvider& group, TagReader::Providers* found)>;
@@ -121,6 +132,7 @@ private:
     void configureList(VLTagListView* list);
     void giveRoom(VLTagListView* list);
     void removeSection(VLTagListView* section);
+    void openNameDialog(VLTagModifyWidget* dialog);
     void openMenu(qint64 tag_id, const QString& name, const QPoint& place);
     void viewMenuTagFiles();
     void setMenuTagColor(int colorIndex);

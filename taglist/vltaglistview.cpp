@@ -145,6 +145,16 @@ void VLTagListView::removeAllRows()
     fitNowOrWhenShown();
 }
 
+void VLTagListView::revealTag(qint64 tag_id)
+{
+    const TagListRow* row = rows().rowOfTag(tag_id);
+    if (!row)
+        return;
+    const QModelIndex index = rows().indexOf(row);
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
 bool VLTagListView::refreshTag(qint64 tag_id)
 {
     const BusyScope busy(this);

@@ -58,6 +58,8 @@ public:
     /// a tag that the view does not hold.
     bool refreshTag(qint64 tag_id);
     [[nodiscard]] bool holdsTag(qint64 tag_id) const { return rows().contains(tag_id); }
+    /// Makes the chip of a tag that the view holds the current one and scrolls the area around to it.
+    void revealTag(qint64 tag_id);
 
 signals:
     /// For listeners; nothing in this view emits it.

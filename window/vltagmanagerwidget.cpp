@@ -6,6 +6,8 @@
 #include "pages/vlgrouptagwidget.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "widgets/fixedsize.h"
+#include "window/nameinput.h"
+#include "window/page/tagpages.h"
 
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>
@@ -21,20 +23,22 @@
 namespace {
 
 constexpr int buttonPixelSize = 13;
-const QSize pageButtonSize(96, 28);
-const QSize windowButtonSize(14, 14);
+constexpr QSize pageButtonSize(96, 28);
+constexpr QPoint firstPageButton(20, 30);
+constexpr QPoint pageButtonStep(116, 0);
+constexpr QSize windowButtonSize(14, 14);
 
-QPushButton* makePageButton(const QString& text, const QPoint& position, QWidget* parent)
+QPushButton* makePageButton(const TagPage& page, QWidget* parent)
 {
     QFont font;
     font.setPixelSize(buttonPixelSize);
-    auto* button = new QPushButton(text, parent);
+    auto* button = new QPushButton(VLTagManagerWidget::tr(page.button), parent);
     new FixedSize(button, pageButtonSize);
     button->setFont(font);
     button->setFocusPolicy(Qt::ClickFocus);
     button->setCheckable(true);
     button->setObjectName(QStringLiteral("tag_manager_title_btn"));
-    button->move(position);
+    button->move(firstPageButton + static_cast<int>(page.id) * pageButtonStep);
     return button;
 }
 
@@ -62,6 +66,8 @@ QString windowButtonStyle(const QString& image, const QString& padding = {})
 
 VLTagManagerWidget::VLTagManagerWidget(QWidget* parent)
     : IVLTagManagerWidget(parent)
+    , m_events(new VLTagManagerEvents(this))
+    , m_nameInput(new NameInput(this))
 {
     // Without it a subclass of QWidget leaves its background to the host's window.
     setAttribute(Qt::WA_StyledBackground);
@@ -71,6 +77,7 @@ VLTagManagerWidget::VLTagManagerWidget(QWidget* parent)
     makePages();
     arrange(windowButtons);
     connectPages();
+    connectEvents();
     // Before the pages are filled: a new style lays everything out that is there already.
     applyStyleSheets();
     // The host may delete the parent from inside the reading.
@@ -84,11 +91,12 @@ VLTagManagerWidget::~VLTagManagerWidget() = default;
 
 void VLTagManagerWidget::makePageButtons()
 {
-    m_allTagsBtn = makePageButton(tr("All Tags"), {20, 30}, this);
+    const auto& [allTags, categories, favorites] = tagPages();
+    m_allTagsBtn = makePageButton(allTags, this);
     m_allTagsBtn->setFlat(true);
     m_allTagsBtn->setChecked(true);
-    m_groupBtn = makePageButton(tr("Tag Categories"), {136, 30}, this);
-    m_commonBtn = makePageButton(tr("Favorite Tags"), {252, 30}, this);
+    m_groupBtn = makePageButton(categories, this);
+    m_commonBtn = makePageButton(favorites, this);
 }
 
 QHBoxLayout* VLTagManagerWidget::makeWindowButtons()
@@ -112,9 +120,9 @@ QHBoxLayout* VLTagManagerWidget::makeWindowButtons()
 
 void VLTagManagerWidget::makePages()
 {
-    m_allTagWidget = new VLAllTagWidget(0, this);
-    m_groupTagWidget = new VLGroupTagWidget(1, this);
-    m_commonTagWidget = new VLCommonTagWidget(2, this);
+    m_allTagWidget = new VLAllTagWidget(static_cast<int>(TagManagerPage::AllTags), this);
+    m_groupTagWidget = new VLGroupTagWidget(static_cast<int>(TagManagerPage::Categories), this);
+    m_commonTagWidget = new VLCommonTagWidget(static_cast<int>(TagManagerPage::Favorites), this);
     m_stackedWidget = new QStackedWidget(this);
     m_stackedWidget->addWidget(m_allTagWidget);
     m_stackedWidget->addWidget(m_groupTagWidget);
@@ -202,9 +210,10 @@ void VLTagManagerWidget::slotSelectedCommon()
 
 void VLTagManagerWidget::showPage(QWidget* page, QPushButton* button)
 {
-    m_stackedWidget->setCurrentWidget(page);
     for (QPushButton* each : {m_allTagsBtn, m_groupBtn, m_commonBtn})
         each->setChecked(each == button);
+    // Last: whoever hears of it may delete the window.
+    m_stackedWidget->setCurrentWidget(page);
 }
 
 void VLTagManagerWidget::slotAddTagGroups(QVector<qint64> g_ids)

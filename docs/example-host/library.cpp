@@ -97,9 +97,9 @@ TagLibrary::TagLibrary()
     const auto reserve = [this](qint64 id, const QString& name) {
         m_categories.insert(id, QSharedPointer<Category>::create(id, name, m_tags));
     };
-    reserve(AllTags, QStringLiteral("All Tags"));
-    reserve(Uncategorized, QStringLiteral("Uncategorized"));
-    reserve(Favorites, QStringLiteral("Favorite Tags"));
+    reserve(taggroupid::allTags, QStringLiteral("All Tags"));
+    reserve(taggroupid::fixed, QStringLiteral("Uncategorized"));
+    reserve(taggroupid::favorites, QStringLiteral("Favorite Tags"));
 }
 
 QSharedPointer<ITagGroupDataProvider> TagLibrary::tagGroup(qint64 g_id) const
@@ -118,7 +118,7 @@ QSharedPointer<ITagGroupDataProvider> TagLibrary::tagGroupByName(const QString& 
 
 int TagLibrary::tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out) const
 {
-    for (auto it = m_categories.lowerBound(FirstUserCategory); it != m_categories.end(); ++it)
+    for (auto it = m_categories.lowerBound(taggroupid::firstUser); it != m_categories.end(); ++it)
         out.append(*it);
     return out.size();
 }
@@ -151,13 +151,13 @@ void TagLibrary::refresh()
     const QSet<qint64> all(ids.begin(), ids.end());
     QSet<qint64> free = all;
     const auto categories = m_categories;
-    for (auto it = categories.lowerBound(Favorites); it != categories.end(); ++it) {
+    for (auto it = categories.lowerBound(taggroupid::favorites); it != categories.end(); ++it) {
         (*it)->m_members &= all;
-        if (it.key() >= FirstUserCategory)
+        if (it.key() >= taggroupid::firstUser)
             free -= (*it)->m_members;
     }
-    categories[Uncategorized]->m_members = free;
-    categories[AllTags]->m_members = all;
+    categories[taggroupid::fixed]->m_members = free;
+    categories[taggroupid::allTags]->m_members = all;
     for (const auto& category : categories)
         category->announceChanges();
 }

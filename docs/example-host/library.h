@@ -9,15 +9,6 @@
 #include <QMap>
 #include <QSet>
 
-/// Ids below 2 have a meaning of their own; the host hands out the others.
-enum ReservedCategory : qint64
-{
-    AllTags = -1,
-    Uncategorized = 0,
-    Favorites = 1,
-    FirstUserCategory = 2
-};
-
 /// One tag. Whoever changes a field emits signalUpdated() afterwards.
 class Tag final : public ITagDataProvider
 {
@@ -84,7 +75,7 @@ public:
     QMap<qint64, QSharedPointer<Category>> m_categories;
 
 private:
-    qint64 m_lastId = FirstUserCategory;
+    qint64 m_lastId = taggroupid::firstUser;
 };
 
 /// The one object that the plug-in is given.

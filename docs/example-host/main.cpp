@@ -2,6 +2,7 @@
 #include "library.h"
 #include "records.h"
 
+#include <ivltagmanagercontrol.h>
 #include <ivltagmanagerplugin.h>
 #include <ivltagmanagerwidget.h>
 
@@ -9,6 +10,7 @@
 #include <QDebug>
 #include <QFileInfo>
 #include <QPluginLoader>
+#include <QShortcut>
 #include <QTimer>
 
 #include <memory>
@@ -31,6 +33,12 @@ void connectWindow(IVLTagManagerWidget* window)
                      [](const QVector<qint64>& ids) { qInfo() << "show the files of the tags" << ids; });
     QObject::connect(window, &IVLTagManagerWidget::signalCheckoutGroupFile, window,
                      [](const QVector<qint64>& ids) { qInfo() << "show the files of the categories" << ids; });
+    if (auto* control = qobject_cast<IVLTagManagerControl*>(window)) {
+        QObject::connect(control->events(), &VLTagManagerEvents::searchResultActivated, window,
+                         [](qint64 tagId) { qInfo() << "show the files of the search result" << tagId; });
+        QObject::connect(new QShortcut(QKeySequence::Find, window), &QShortcut::activated, window,
+                         [control] { control->focusSearch(); });
+    }
     QObject::connect(window, &IVLTagManagerWidget::signalSoftWareMin, window, &QWidget::showMinimized);
     QObject::connect(window, &IVLTagManagerWidget::signalSoftWareClose, window, &QWidget::close);
     QObject::connect(window, &IVLTagManagerWidget::signalSoftWareMax, window, [window] {

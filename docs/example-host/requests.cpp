@@ -40,7 +40,7 @@ qint64 TagRequests::createTags(const QVector<NewTagRecord>& tags)
 {
     return answerLater([library = m_library, tags] {
         for (const auto& tag : tags) {
-            if (library->tagGroup(AllTags)->tagByName(tag.name))
+            if (library->tagGroup(taggroupid::allTags)->tagByName(tag.name))
                 return taken;
         }
         for (const auto& tag : tags)
@@ -56,7 +56,7 @@ qint64 TagRequests::renameTag(qint64 tagId, const QString& newName)
         const auto tag = library->m_tags->value(tagId);
         if (!tag)
             return unknown;
-        if (library->tagGroup(AllTags)->tagByName(newName))
+        if (library->tagGroup(taggroupid::allTags)->tagByName(newName))
             return taken;
         tag->m_name = newName;
         emit tag->signalUpdated();
@@ -139,7 +139,7 @@ qint64 CategoryRequests::addTagGroup(const QString& name)
 qint64 CategoryRequests::removeTagGroup(qint64 groupId)
 {
     return answerLater([library = m_library, groupId] {
-        if (groupId < FirstUserCategory || !library->tagGroup(groupId))
+        if (groupId < taggroupid::firstUser || !library->tagGroup(groupId))
             return unknown;
         library->removeCategory(groupId);
         return QString();
@@ -150,7 +150,7 @@ qint64 CategoryRequests::renameTagGroup(qint64 groupId, const QString& newName)
 {
     return answerLater([library = m_library, groupId, newName] {
         const auto category = library->m_categories.value(groupId);
-        if (!category || groupId < FirstUserCategory)
+        if (!category || groupId < taggroupid::firstUser)
             return unknown;
         if (library->tagGroupByName(newName))
             return taken;

@@ -8,9 +8,18 @@
 
 class ITagGroupDataProvider;
 
+/// Ids of categories that have a meaning of their own.
+namespace taggroupid {
+
+constexpr qint64 none = -2;      ///< No category.
+constexpr qint64 allTags = -1;   ///< Every tag of the library.
+constexpr qint64 fixed = 0;      ///< The fixed tile of the Tag Categories page.
+constexpr qint64 favorites = 1;  ///< The favourites.
+constexpr qint64 firstUser = 2;  ///< From here on, categories that a person made; up to 2147483647.
+
+}  // namespace taggroupid
+
 /// The tag library as a whole.
-///
-/// Reserved category ids: -1 every tag, 0 the fixed category, 1 the favourites. User categories lie above 1.
 class VLHOST_EXPORT ITagManagerDataProvider : public IDataProvider
 {
     Q_OBJECT

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "iresponseinfo.h"
+#include "vltagmanagerevents.h"
 
 #include <QMetaType>
 #include <QVector>
@@ -12,6 +13,7 @@ const struct MetaTypes
     MetaTypes()
     {
         qRegisterMetaType<QVector<qint64>>("QVector<qint64>");
+        qRegisterMetaType<TagManagerPage>("TagManagerPage");
         qRegisterMetaType<QSharedPointer<const IResponseInfo>>("QSharedPointer<const IResponseInfo>");
     }
 } registerMetaTypes;

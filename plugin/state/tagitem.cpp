@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/state/tagitem.h"
 
+#include "plugin/state/tagsearch.h"
 #include "plugin/state/vltagmanagersingleton.h"
 
 #include <itagdataprovider.h>
@@ -14,8 +15,7 @@ std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider, co
     if (!info)
         return std::nullopt;
     QString name = info->name();
-    // Most hits have the case that was typed, and that is found many times faster.
-    if (!name.contains(filter) && !name.contains(filter, Qt::CaseInsensitive))
+    if (!tagsearch::finds(filter, name))
         return std::nullopt;
     const int fileCount = provider->fileCount(1);
     return TagItem{info->id(), std::move(name), VLTagManagerSingleton::instance()->tagColor(info->colorIndex()),

@@ -24,7 +24,7 @@ Q_DECLARE_METATYPE(TagItem)
 Q_DECLARE_TYPEINFO(TagItem, Q_MOVABLE_TYPE);
 
 /// Reads the provider's record, its colour in the shared palette and its file count.
-/// Nothing when the provider or its record is null, or the name does not contain \a filter, compared without case.
+/// Nothing when the provider or its record is null, or a search for \a filter does not find the name.
 /// The host may do anything from inside the reading, so the pointer is a copy, and the caller has to look whether it is
 /// still there itself.
 std::optional<TagItem> readTagItem(QSharedPointer<ITagDataProvider> provider, const QString& filter = {});

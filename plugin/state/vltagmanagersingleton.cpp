@@ -9,14 +9,6 @@
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>
 
-namespace {
-
-constexpr qint64 allTagsGroupId = -1;
-constexpr qint64 rootGroupId = 0;
-constexpr qint64 favoritesGroupId = 1;
-
-}  // namespace
-
 VLTagManagerSingleton::VLTagManagerSingleton() = default;
 VLTagManagerSingleton::~VLTagManagerSingleton() = default;
 
@@ -63,7 +55,7 @@ const QSharedPointer<ITagGroupDataProvider>& VLTagManagerSingleton::allTagsProvi
 {
     if (!m_allTagsProvider && tagManagerProvider()) {
         const auto manager = m_tagManagerProvider;
-        const auto allTags = manager->tagGroup(allTagsGroupId);
+        const auto allTags = manager->tagGroup(taggroupid::allTags);
         if (m_tagManagerProvider == manager)
             m_allTagsProvider = allTags;
     }
@@ -73,13 +65,13 @@ const QSharedPointer<ITagGroupDataProvider>& VLTagManagerSingleton::allTagsProvi
 QSharedPointer<ITagGroupDataProvider> VLTagManagerSingleton::rootGroupProvider()
 {
     const auto manager = tagManagerProvider();
-    return manager ? manager->tagGroup(rootGroupId) : nullptr;
+    return manager ? manager->tagGroup(taggroupid::fixed) : nullptr;
 }
 
 QSharedPointer<ITagGroupDataProvider> VLTagManagerSingleton::favoriteTagsProvider()
 {
     const auto manager = tagManagerProvider();
-    return manager ? manager->tagGroup(favoritesGroupId) : nullptr;
+    return manager ? manager->tagGroup(taggroupid::favorites) : nullptr;
 }
 
 QSharedPointer<ITagGroupDataProvider> VLTagManagerSingleton::tagGroupProvider(qint64 g_id) const

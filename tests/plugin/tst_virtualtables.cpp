@@ -8,6 +8,7 @@
 #include <itaggroupaction.h>
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>
+#include <ivltagmanagercontrol.h>
 #include <ivltagmanagerplugin.h>
 #include <ivltagmanagerwidget.h>
 
@@ -71,6 +72,14 @@ private slots:
                            &Manager::clearDataProvider, &Manager::setTagColorProvider),
                  Positions({0, 1, 2, 3, 4}));
         QCOMPARE(ownPositions<QWidget>(&IVLTagManagerWidget::updateMaximizeButton), Positions({0}));
+        using Control = IVLTagManagerControl;
+        QCOMPARE(positions(&Control::events, &Control::currentPage, &Control::showPage, &Control::searchText,
+                           &Control::setSearchText, &Control::focusSearch, &Control::isSearchFocused,
+                           &Control::searchResults, &Control::itemAt, &Control::revealTag, &Control::selectedCategory,
+                           &Control::selectCategory, &Control::isMoveArea, &Control::isNameBeingTyped,
+                           &Control::allowNameAgain, &Control::setChipsDraggable, &Control::scrollPosition,
+                           &Control::setScrollPosition, &Control::reserved31),
+                 Positions({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 31}));
         QCOMPARE(ownPositions<QObject>(&After<IDataProvider>::first), Positions({0}));
         using Library = ILibraryDataProvider;
         QCOMPARE(ownPositions<QObject>(&Library::tagAction, &Library::tagGroupAction, &Library::tagManagerDataProvider),

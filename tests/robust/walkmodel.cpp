@@ -18,6 +18,7 @@ QString counted(const QString& name, int count, bool selected)
 }
 
 /// 0 for the search text itself, 1 for what begins with it, 2 for the rest.
+/// Deliberately not the window's own: the model is what the window is compared with.
 int closeness(const QString& name, const QString& search)
 {
     return name == search ? 0 : name.startsWith(search) ? 1 : 2;

@@ -31,9 +31,9 @@ class MemoryHost : public QObject
     Q_OBJECT
 
 public:
-    static constexpr qint64 AllTags = -1;
-    static constexpr qint64 Uncategorized = 0;
-    static constexpr qint64 Favorites = 1;
+    static constexpr qint64 AllTags = taggroupid::allTags;
+    static constexpr qint64 Uncategorized = taggroupid::fixed;
+    static constexpr qint64 Favorites = taggroupid::favorites;
 
     enum class Answers
     {
@@ -109,6 +109,6 @@ private:
     Answers m_answers = Answers::Later;
     QSharedPointer<MemoryResponse> m_refusal;
     qint64 m_nextTagId = 1;
-    qint64 m_nextGroupId = 2;
+    qint64 m_nextGroupId = taggroupid::firstUser;
     qint64 m_nextRequestId = 1;
 };

@@ -3,6 +3,7 @@
 
 #include "widgets/fixedsize.h"
 #include "widgets/vlsvgwidget.h"
+#include "window/page/tagpages.h"
 #include "window/page/vltagsearchlineedit.h"
 
 #include <vlskinsetting.h>
@@ -28,7 +29,7 @@ QFont fontOfPixelSize(int pixels)
 
 VLTagBaseWidget::VLTagBaseWidget(int type, QWidget* parent)
     : QWidget(parent)
-    , m_type(type)
+    , m_page(tagPage(type))
 {
     makeTitle();
     QHBoxLayout* searchRow = makeSearchRow();
@@ -41,6 +42,11 @@ VLTagBaseWidget::~VLTagBaseWidget() = default;
 void VLTagBaseWidget::rebuild() {}
 
 void VLTagBaseWidget::updatePage() {}
+
+VLTagSearchLineEdit* VLTagBaseWidget::searchField() const
+{
+    return m_page && !m_page->isSearched ? nullptr : m_searchEdit;
+}
 
 bool VLTagBaseWidget::eventFilter(QObject* watched, QEvent* event)
 {
@@ -76,6 +82,8 @@ QHBoxLayout* VLTagBaseWidget::makeSearchRow()
     m_searchEdit->installEventFilter(this);
     row->addWidget(container);
     connect(m_searchEdit, SIGNAL(textChanged(QString)), this, SIGNAL(signSearchChanged(QString)));
+    // Through a queue, as the page follows the text: what was typed before Enter is shown by then.
+    connect(m_searchEdit, &QLineEdit::returnPressed, this, &VLTagBaseWidget::searchSubmitted, Qt::QueuedConnection);
 
     const QString image =
         VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QStringLiteral("search_icon_normel.svg"));
@@ -87,26 +95,13 @@ QHBoxLayout* VLTagBaseWidget::makeSearchRow()
 
 void VLTagBaseWidget::applyTexts()
 {
-    switch (m_type) {
-    case 0:
-        m_titleLabel->setText(tr("All Tags"));
-        m_desLabel->setText(tr("Tag-based file classification and filing help categorize and organize files more "
-                               "efficiently."));
-        break;
-    case 1:
-        m_titleLabel->setText(tr("Tag Categories"));
-        m_desLabel->setText(tr("You can categorize the tags with different meanings to manage and conveniently use "
-                               "them."));
+    if (!m_page)
+        return;
+    m_titleLabel->setText(tr(m_page->title));
+    m_desLabel->setText(tr(m_page->description));
+    m_iconWidget->setIcon(VLSkinSetting::GetInstance()->GetResourceAbsolutePath(QLatin1String(m_page->icon)));
+    if (!m_page->isSearched)
         m_searchEdit->hide();
-        break;
-    case 2:
-        m_titleLabel->setText(tr("Favorite Tags"));
-        m_desLabel->setText(tr("You can save frequently used tags as Favorite Tags for easier targeting and "
-                               "tagging."));
-        break;
-    default:
-        break;
-    }
 }
 
 void VLTagBaseWidget::arrange(QHBoxLayout* searchRow)

@@ -9,15 +9,17 @@ class QLabel;
 class QVBoxLayout;
 class VLSvgWidget;
 class VLTagSearchLineEdit;
+struct TagPage;
 
 /// The common frame of the window's pages: a row with icon and title, a description, a row with the search field.
-/// Pages append their content to the main layout. GUI thread only.
+/// Its button, texts and search field follow the page's record in tagPages(). Pages append their content to the main
+/// layout. GUI thread only.
 class VLTagBaseWidget : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// \a type: 0 All Tags, 1 Tag Categories (without a search field), 2 Favorite Tags; any other has no texts.
+    /// \a type: the value of a TagManagerPage; any other number makes a page without texts.
     VLTagBaseWidget(int type, QWidget* parent);
     ~VLTagBaseWidget() override;
 
@@ -25,6 +27,9 @@ public:
     virtual void rebuild();
     /// Called once a page was rebuilt; nothing here.
     virtual void updatePage();
+
+    /// Null on a page that is not searched.
+    [[nodiscard]] VLTagSearchLineEdit* searchField() const;
 
 signals:
     /// The page's content changed its size.
@@ -35,6 +40,8 @@ signals:
     void signSearchChanged(QString text);
     /// The user asked to see the files that carry these tags.
     void signalCheckoutFile(QVector<qint64> ids);
+    /// Enter was pressed in the search field, and the page shows the results of its text.
+    void searchSubmitted();
 
 protected:
     /// Sees the events of the search field; consumes none.
@@ -48,7 +55,7 @@ protected:
     QHBoxLayout* m_titleLayout = nullptr;
     QHBoxLayout* m_desLayout = nullptr;
     QVBoxLayout* m_mainLayout = nullptr;
-    int m_type;
+    const TagPage* m_page;  ///< Null for a type that is no page.
 
 private:
     void makeTitle();

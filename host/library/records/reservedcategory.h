@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <itagmanagerdataprovider.h>
+
 #include <QString>
 
 /// The categories that every library has; their ids are part of the host's interface.
 namespace reservedcategory {
 
-constexpr qint64 AllTags = -1;
+constexpr qint64 AllTags = taggroupid::allTags;
 /// The tags that are in no user category; being a favourite does not count.
-constexpr qint64 Uncategorized = 0;
-constexpr qint64 Favorites = 1;
-constexpr qint64 FirstUserId = 2;
+constexpr qint64 Uncategorized = taggroupid::fixed;
+constexpr qint64 Favorites = taggroupid::favorites;
+constexpr qint64 FirstUserId = taggroupid::firstUser;
 
 /// Display name; empty for an id that is not reserved.
 [[nodiscard]] QString name(qint64 id);

@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "ilibrarydataprovider.h"
-
-ILibraryDataProvider::ILibraryDataProvider(QObject* parent)
-    : QObject(parent)
-{
-}
-
-ILibraryDataProvider::~ILibraryDataProvider() = default;

@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "itaggroupdataprovider.h"
-
-ITagGroupDataProvider::ITagGroupDataProvider(QObject* parent)
-    : IDataProvider(parent)
-{
-}
-
-ITagGroupDataProvider::~ITagGroupDataProvider() = default;

@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "itagmanagerdataprovider.h"
-
-ITagManagerDataProvider::ITagManagerDataProvider(QObject* parent)
-    : IDataProvider(parent)
-{
-}
-
-ITagManagerDataProvider::~ITagManagerDataProvider() = default;
