@@ -39,19 +39,26 @@ function(vellum_precompile_headers name)
   set(VELLUM_PRECOMPILED_HEADERS ${name} PARENT_SCOPE)
 endfunction()
 
-# vellum_add_layer(<name> FOLDER <folder> SOURCES <files> [USES <layers and libraries>]): the objects of one folder of
-# code. Their include path leads to that folder and, through the layers named, to those below: an include of any other
-# folder does not build. Names are of small letters only: analysers tell folders of the project from generated ones so.
+# vellum_add_layer(<name> FOLDER <folder> SOURCES <files> [USES <layers and libraries>] [LINKS <libraries>]): the objects
+# of one folder of code. Their include path leads to the headers of that folder and, through the layers named, to those
+# below: an include of any other folder does not build. LINKS are libraries that its sources use and its headers do not.
+# Names are of small letters only: analysers tell folders of the project from generated ones so.
 function(vellum_add_layer name)
-  cmake_parse_arguments(arg "" "FOLDER" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(arg "" "FOLDER" "SOURCES;USES;LINKS" ${ARGN})
   set(tree ${CMAKE_BINARY_DIR}/layers/${name})
-  get_filename_component(parent ${tree}/${arg_FOLDER} DIRECTORY)
-  file(MAKE_DIRECTORY ${parent})
-  file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${arg_FOLDER} ${tree}/${arg_FOLDER} SYMBOLIC)
+  file(MAKE_DIRECTORY ${tree}/${arg_FOLDER})
+  # Header by header, as a folder inside may be a layer above.
+  foreach(header IN LISTS arg_SOURCES)
+    if(header MATCHES "\\.h$")
+      file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${arg_FOLDER}/${header} ${tree}/${arg_FOLDER}/${header} SYMBOLIC)
+    endif()
+  endforeach()
   add_library(${name} OBJECT ${arg_SOURCES})
   vellum_target_defaults(${name})
   target_include_directories(${name} PUBLIC ${tree})
-  target_link_libraries(${name} PUBLIC ${arg_USES})
+  target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE ${arg_LINKS})
+  # Whoever joins layers reads both properties; what CMake adds to the first for LINKS is for its own eyes.
+  set_target_properties(${name} PROPERTIES INTERFACE_LINK_LIBRARIES "${arg_USES}" VELLUM_LINKS "${arg_LINKS}")
 endfunction()
 
 # vellum_join_layers(<name> LAYERS <layers>): one name for the objects of all these layers, with the whole project on the
@@ -64,6 +71,21 @@ function(vellum_join_layers name)
     target_sources(${name} INTERFACE $<TARGET_OBJECTS:${layer}>)
     target_link_libraries(${name} INTERFACE $<TARGET_PROPERTY:${layer},INTERFACE_LINK_LIBRARIES>)
   endforeach()
+endfunction()
+
+# vellum_archive_layers(<name> LAYERS <layers> [LIBRARIES <libraries>]): the same as an archive, of which a program links
+# what it uses, together with the libraries that hold the layers below.
+function(vellum_archive_layers name)
+  cmake_parse_arguments(arg "" "" "LAYERS;LIBRARIES" ${ARGN})
+  add_library(${name} STATIC)
+  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX AUTOMOC OFF AUTORCC OFF)
+  target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})
+  foreach(layer IN LISTS arg_LAYERS)
+    get_target_property(links ${layer} VELLUM_LINKS)
+    target_sources(${name} PRIVATE $<TARGET_OBJECTS:${layer}>)
+    target_link_libraries(${name} PRIVATE ${links} INTERFACE $<TARGET_PROPERTY:${layer},INTERFACE_LINK_LIBRARIES>)
+  endforeach()
+  target_link_libraries(${name} INTERFACE ${arg_LIBRARIES})
 endfunction()
 
 # vellum_add_plugin(<target> LIBRARIES <libraries>): a loadable module without prefix in build/plugins that defines
