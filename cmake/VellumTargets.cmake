@@ -74,11 +74,11 @@ function(vellum_join_layers name)
 endfunction()
 
 # vellum_archive_layers(<name> LAYERS <layers> [LIBRARIES <libraries>]): the same as an archive, of which a program links
-# what it uses, together with the libraries that hold the layers below.
+# what it uses, together with the libraries that hold the layers below. It needs AUTOMOC: without, CMake leaves out what
+# moc writes for layers of folders that come after the archive's.
 function(vellum_archive_layers name)
   cmake_parse_arguments(arg "" "" "LAYERS;LIBRARIES" ${ARGN})
   add_library(${name} STATIC)
-  set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX AUTOMOC OFF AUTORCC OFF)
   target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})
   foreach(layer IN LISTS arg_LAYERS)
     get_target_property(links ${layer} VELLUM_LINKS)
