@@ -46,6 +46,12 @@ endfunction()
 function(vellum_add_layer name)
   cmake_parse_arguments(arg "" "FOLDER" "SOURCES;USES;LINKS" ${ARGN})
   set(tree ${CMAKE_BINARY_DIR}/layers/${name})
+  # Earlier a folder was one link; links made inside it would take the place of the headers themselves.
+  foreach(folder IN ITEMS ${tree} ${tree}/${arg_FOLDER})
+    if(IS_SYMLINK ${folder})
+      file(REMOVE ${folder})
+    endif()
+  endforeach()
   file(MAKE_DIRECTORY ${tree}/${arg_FOLDER})
   # Header by header, as a folder inside may be a layer above.
   foreach(header IN LISTS arg_SOURCES)
