@@ -7,20 +7,18 @@
 #include "host/app/hostwindow.h"
 #include "host/app/librarysession.h"
 #include "host/app/screenshot.h"
-#include "host/app/tagwindow/tagwindow.h"
 #include "host/importer/escapedtext.h"
 #include "host/library/library.h"
 #include "host/library/records/tagpalette.h"
 
 #include <ilibrarydataprovider.h>
+#include <ivltagmanagercontrol.h>
 #include <ivltagmanagerplugin.h>
-#include <ivltagmanagerwidget.h>
 #include <vlskinsetting.h>
 
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
-#include <QLineEdit>
 #include <QScreen>
 #include <QSettings>
 #include <QStyleFactory>
@@ -269,10 +267,10 @@ void HostApplication::tellOutcome(const ImportSummary& summary) const
 
 void HostApplication::openView()
 {
-    if (!m_window->tagWindow())
+    IVLTagManagerControl* control = m_window->tagManager();
+    if (!control)
         return;
-    TagWindow::showPage(*m_window->tagWindow(), m_commandLine.page);
-    QLineEdit* field = TagWindow::searchField(*m_window->tagWindow());
-    if (field && !m_commandLine.search.isEmpty())
-        field->setText(m_commandLine.search);
+    control->showPage(m_commandLine.page);
+    if (!m_commandLine.search.isEmpty())
+        control->setSearchText(m_commandLine.search);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/app/tagwindow/tagmanagerloader.h"
+#include "host/app/tagmanagerloader.h"
 
 #include <QString>
 

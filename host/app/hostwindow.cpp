@@ -8,9 +8,6 @@
 #include "host/app/files/filepresenter.h"
 #include "host/app/librarysession.h"
 #include "host/app/refusaltext.h"
-#include "host/app/tagwindow/namedialogwatch.h"
-#include "host/app/tagwindow/searchresults.h"
-#include "host/app/tagwindow/tagwindow.h"
 #include "host/app/widgets/elidedlabel.h"
 #include "host/app/widgets/importbar.h"
 #include "host/app/widgets/noticebar.h"
@@ -23,6 +20,7 @@
 #include <iresponseinfo.h>
 #include <itagaction.h>
 #include <itaggroupaction.h>
+#include <ivltagmanagercontrol.h>
 #include <ivltagmanagerplugin.h>
 #include <ivltagmanagerwidget.h>
 #include <vlskinsetting.h>
@@ -75,6 +73,11 @@ IVLTagManagerWidget* HostWindow::tagWindow() const
     return m_tagWindow;
 }
 
+IVLTagManagerControl* HostWindow::tagManager() const
+{
+    return qobject_cast<IVLTagManagerControl*>(m_tagWindow.data());
+}
+
 void HostWindow::restoreGeometryKept()
 {
     const QSettings settings;
@@ -97,9 +100,9 @@ void HostWindow::startImport()
 
 bool HostWindow::isMoveArea(const QPoint& pos) const
 {
-    const QPoint inContent = m_splitter->mapFrom(this, pos);
-    return FrameWindow::isMoveArea(pos) ||
-           (m_tagWindow && inContent.y() >= 0 && inContent.y() < TagWindow::stripHeight(*m_tagWindow));
+    const IVLTagManagerControl* control = tagManager();
+    return FrameWindow::isMoveArea(pos) || m_files->isHeaderAt(m_files->mapFrom(this, pos)) ||
+           (control && control->isMoveArea(m_tagWindow->mapFrom(this, pos)));
 }
 
 void HostWindow::closeEvent(QCloseEvent* event)
@@ -171,10 +174,7 @@ void HostWindow::setUpShortcuts()
     const auto add = [this](const QKeySequence& keys, auto action) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
     };
-    add(QKeySequence(Qt::CTRL + Qt::Key_F), [this] {
-        if (m_tagWindow)
-            TagWindow::focusSearch(*m_tagWindow);
-    });
+    add(QKeySequence(Qt::CTRL + Qt::Key_F), [this] { focusSearch(); });
     add(QKeySequence(Qt::CTRL + Qt::Key_Q), [this] { close(); });
     add(QKeySequence(Qt::CTRL + Qt::Key_W), [this] { close(); });
     add(QKeySequence(Qt::Key_F11), [this] { toggleMaximized(); });
@@ -189,12 +189,21 @@ void HostWindow::connectTagWindow()
     connect(m_tagWindow, &IVLTagManagerWidget::signalCheckoutGroupFile, m_presenter, &FilePresenter::showCategoryFiles);
     connect(this, &FrameWindow::maximizedChanged, m_tagWindow, &IVLTagManagerWidget::updateMaximizeButton);
     connect(m_files, &FilePanel::closeRequested, m_files, &QWidget::hide);
-    const auto* results = new SearchResults(*m_tagWindow, m_tagWindow);
-    connect(results, &SearchResults::filesWanted, m_presenter, &FilePresenter::showTagFiles);
-    // Whatever the tag window hears of a tag closes the dialog, and what was typed is lost.
-    m_nameDialog = new NameDialogWatch(*m_tagWindow);
-    connect(m_nameDialog, &NameDialogWatch::opened, this, [this] { m_session.library().holdNews(longestHold); });
-    connect(m_nameDialog, &NameDialogWatch::closed, this, [this] { m_session.library().releaseNews(); });
+    connectTagManager();
+}
+
+void HostWindow::connectTagManager()
+{
+    IVLTagManagerControl* control = tagManager();
+    if (!control)
+        return;
+    VLTagManagerEvents* events = control->events();
+    connect(events, &VLTagManagerEvents::searchResultActivated, m_presenter,
+            [this](qint64 tagId) { m_presenter->showTagFiles({tagId}); });
+    connect(events, &VLTagManagerEvents::searchSubmitted, this, &HostWindow::showFirstResult);
+    // Any change of a tag that the tag window is notified of closes the dialog, and the typed name is lost.
+    connect(events, &VLTagManagerEvents::nameInputStarted, this, [this] { m_session.library().holdNews(longestHold); });
+    connect(events, &VLTagManagerEvents::nameInputFinished, this, [this] { m_session.library().releaseNews(); });
 }
 
 void HostWindow::connectSession()
@@ -260,8 +269,8 @@ void HostWindow::showRefusal(const IResponseInfo& answer)
 {
     const auto* own = dynamic_cast<const LibraryResponse*>(&answer);
     m_noticeBar->showNotice(own ? refusalText(own->kind(), answer.message()) : answer.message());
-    if (m_nameDialog)
-        m_nameDialog->allowAnotherTry();
+    if (IVLTagManagerControl* control = tagManager())
+        control->allowNameAgain();
 }
 
 void HostWindow::askToRemoveMissing()
@@ -270,6 +279,21 @@ void HostWindow::askToRemoveMissing()
     question->setAttribute(Qt::WA_DeleteOnClose);
     connect(question, &MissingPicturesQuestion::removalConfirmed, &m_session, &LibrarySession::forgetMissing);
     question->open();
+}
+
+void HostWindow::focusSearch()
+{
+    IVLTagManagerControl* control = tagManager();
+    if (control && !control->focusSearch() && control->showPage(TagManagerPage::AllTags))
+        control->focusSearch();
+}
+
+void HostWindow::showFirstResult()
+{
+    IVLTagManagerControl* control = tagManager();
+    const QVector<qint64> results = control ? control->searchResults(1) : QVector<qint64>();
+    if (!results.isEmpty())
+        m_presenter->showTagFiles(results);
 }
 
 void HostWindow::updateScale()

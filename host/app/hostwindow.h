@@ -13,10 +13,10 @@ class FilePanel;
 class FilePresenter;
 class ImportBar;
 class IResponseInfo;
+class IVLTagManagerControl;
 class IVLTagManagerPlugin;
 class IVLTagManagerWidget;
 class LibrarySession;
-class NameDialogWatch;
 class NoticeBar;
 class QSplitter;
 
@@ -35,6 +35,8 @@ public:
 
     /// Null once the plug-in's window is gone.
     [[nodiscard]] IVLTagManagerWidget* tagWindow() const;
+    /// Null once the plug-in's window is gone, and for a plug-in without this interface.
+    [[nodiscard]] IVLTagManagerControl* tagManager() const;
     [[nodiscard]] FilePanel* filePanel() const { return m_files; }
 
     /// Where the window stood the last time; on close it is kept from then on.
@@ -57,6 +59,7 @@ private:
     void setUpContent(IVLTagManagerPlugin& plugin);
     void setUpShortcuts();
     void connectTagWindow();
+    void connectTagManager();
     void connectSession();
     void connectAnswers();
     void showAbsentFolders();
@@ -64,6 +67,8 @@ private:
     void showImportOutcome(const ImportSummary& summary);
     void showSkippedFiles();
     void askToRemoveMissing();
+    void focusSearch();
+    void showFirstResult();
     void showRefusal(const IResponseInfo& answer);
     void updateScale();
     void saveGeometryKept() const;
@@ -73,7 +78,6 @@ private:
     QSplitter* m_splitter = nullptr;
     FilePanel* m_files = nullptr;
     QPointer<IVLTagManagerWidget> m_tagWindow;
-    QPointer<NameDialogWatch> m_nameDialog;  ///< Goes with the tag window.
     ImportBar* m_importBar = nullptr;
     NoticeBar* m_noticeBar = nullptr;
     FilePresenter* m_presenter = nullptr;

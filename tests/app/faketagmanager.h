@@ -1,63 +1,71 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ivltagmanagercontrol.h>
 #include <ivltagmanagerplugin.h>
 #include <ivltagmanagerwidget.h>
 
-#include <QDialog>
 #include <QPointer>
 #include <QPushButton>
-#include <QStackedWidget>
 
-/// A tag manager window as bare as the interface allows: three page buttons, pages below a strip, a record of what it
-/// is told.
-class FakeTagWindow : public IVLTagManagerWidget
+/// A tag manager window as bare as the interfaces allow: a strip with a button above a page, and a record of the calls.
+class FakeTagWindow : public IVLTagManagerWidget, public IVLTagManagerControl
 {
     Q_OBJECT
+    Q_INTERFACES(IVLTagManagerControl)
 
 public:
     static constexpr int stripHeight = 83;  // logical pixels
 
     explicit FakeTagWindow(QWidget* parent)
         : IVLTagManagerWidget(parent)
-        , m_pages(new QStackedWidget(this))
+        , button(new QPushButton(this))
+        , m_events(new VLTagManagerEvents(this))
     {
-        for (const int x : {20, 136, 252}) {
-            auto* button = new QPushButton(this);
-            button->setObjectName(QStringLiteral("tag_manager_title_btn"));
-            button->setGeometry(x, 30, 96, 28);
-        }
+        button->setGeometry(20, 30, 96, 28);
     }
 
     void updateMaximizeButton(bool maximized) override { told.append(maximized); }
 
-    QVector<bool> told;
-
-protected:
-    void resizeEvent(QResizeEvent* /*event*/) override
+    [[nodiscard]] VLTagManagerEvents* events() const override { return m_events; }
+    [[nodiscard]] TagManagerPage currentPage() const override { return page; }
+    bool showPage(TagManagerPage shown) override
     {
-        m_pages->setGeometry(0, stripHeight, width(), height() - stripHeight);
+        page = shown;
+        return true;
     }
-
-private:
-    QWidget* m_pages;
-};
-
-/// The dialog for a name, known to the host by its class: its button is disabled once it has sent the name.
-class VLTagModifyWidget : public QDialog
-{
-    Q_OBJECT
-
-public:
-    explicit VLTagModifyWidget(QWidget* parent)
-        : QDialog(parent)
-        , button(new QPushButton(this))
+    [[nodiscard]] QString searchText() const override { return {}; }
+    bool setSearchText(const QString& /*text*/) override { return false; }
+    bool focusSearch() override
     {
-        button->setObjectName(QStringLiteral("tag_popup_btn"));
-        button->setEnabled(false);
+        isSearching = page != TagManagerPage::Categories;
+        return isSearching;
     }
+    [[nodiscard]] bool isSearchFocused() const override { return isSearching; }
+    QVector<qint64> searchResults(int limit) override { return results.mid(0, limit); }
+    [[nodiscard]] TagManagerItem itemAt(const QPoint& /*pos*/) const override { return {}; }
+    bool revealTag(qint64 /*tagId*/) override { return false; }
+    [[nodiscard]] qint64 selectedCategory() const override { return 0; }
+    bool selectCategory(qint64 /*categoryId*/) override { return false; }
+    [[nodiscard]] bool isMoveArea(const QPoint& pos) const override
+    {
+        return rect().contains(pos) && pos.y() < stripHeight;
+    }
+    [[nodiscard]] bool isNameBeingTyped() const override { return false; }
+    void allowNameAgain() override { ++namesAllowed; }
+    void setChipsDraggable(bool /*onEveryPage*/) override {}
+    [[nodiscard]] int scrollPosition() const override { return 0; }
+    void setScrollPosition(int /*pixels*/) override {}
 
     QPushButton* button;
+    TagManagerPage page = TagManagerPage::AllTags;
+    QVector<bool> told;
+    QVector<qint64> results;
+    bool isSearching = false;
+    int namesAllowed = 0;
+
+private:
+    VLTagManagerEvents* m_events;
 };
 
 /// A plug-in that makes such windows.

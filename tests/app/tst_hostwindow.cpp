@@ -102,7 +102,7 @@ private slots:
         QVERIFY(!m_window->isMaximized());
         QTest::mouseDClick(tags, Qt::LeftButton, {}, QPoint(400, FakeTagWindow::stripHeight + 5));
         QVERIFY2(!m_window->isMaximized(), "the pages are not the frame's");
-        QTest::mouseDClick(tags->findChild<QWidget*>(QStringLiteral("tag_manager_title_btn")), Qt::LeftButton);
+        QTest::mouseDClick(tags->button, Qt::LeftButton);
         QVERIFY2(!m_window->isMaximized(), "a button is not the frame's");
     }
 
@@ -154,6 +154,25 @@ private slots:
         QVERIFY(panel.isHidden());
     }
 
+    void search()
+    {
+        Library& library = m_session->library();
+        const qint64 root = library.addRootAndWait("/nowhere").rootId;
+        QVERIFY(library.importAndWait(root, {taggedFile("a.png", {"A", "B"})}).succeeded());
+        FakeTagWindow& window = *m_plugin.window();
+        window.showPage(TagManagerPage::Categories);
+        QTest::keyClick(m_window.get(), Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(window.isSearching && window.page == TagManagerPage::AllTags);
+        const FilePanel& panel = *m_window->filePanel();
+        emit window.events()->searchSubmitted(window.page);
+        QVERIFY2(panel.isHidden(), "a search without a result has files");
+        window.results = {2, 1};
+        emit window.events()->searchSubmitted(window.page);
+        QTRY_COMPARE(panel.title(), QStringLiteral("1 file tagged ‘B’"));
+        emit window.events()->searchResultActivated(1);
+        QTRY_COMPARE(panel.title(), QStringLiteral("1 file tagged ‘A’"));
+    }
+
     void othersChangesWaitForTheName()
     {
         Library& library = m_session->library();
@@ -164,16 +183,16 @@ private slots:
             QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
             return done;
         };
-        VLTagModifyWidget dialog(m_plugin.window());
-        dialog.open();
+        FakeTagWindow& window = *m_plugin.window();
+        emit window.events()->nameInputStarted();
         QVERIFY(imported("a"));
         QCOMPARE(tags->tagCount(1), 0);
 
         const auto action = library.dataProvider()->tagAction();
         QVector<int> tagsAtAnswers;
-        connect(action.data(), &ITagAction::signalTagResult, &dialog, [&] { tagsAtAnswers.append(tags->tagCount(1)); });
+        connect(action.data(), &ITagAction::signalTagResult, &window, [&] { tagsAtAnswers.append(tags->tagCount(1)); });
         action->renameTag(4711, QStringLiteral("X"));
-        QTRY_VERIFY2(dialog.button->isEnabled(), "a name that was refused cannot be sent again");
+        QTRY_VERIFY2(window.namesAllowed > 0, "a name that was refused cannot be sent again");
         const auto* bar = m_window->findChild<QWidget*>(QStringLiteral("notice_bar"));
         QVERIFY(bar->isVisible());
         action->createTags({{QStringLiteral("Y"), 0, 0}});
@@ -182,7 +201,7 @@ private slots:
 
         QVERIFY(imported("b"));
         QCOMPARE(tags->tagCount(1), 2);
-        dialog.close();
+        emit window.events()->nameInputFinished();
         QTRY_COMPARE(tags->tagCount(1), 3);
         library.holdNews(0);
         QVERIFY(imported("c"));

@@ -5,11 +5,15 @@
 #include "host/importer/metadata/metadatareader.h"
 #include "host/importer/metadata/thumbnailreader.h"
 
+#include <ivltagmanagercontrol.h>
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace {
 
@@ -30,6 +34,16 @@ QStringList argumentsAsLatin1(int argc, const char* const* argv)
 QString textFrom(const QByteArray& bytes)
 {
     return QString::fromUtf8(bytes);
+}
+
+// As in "all, categories or favorites".
+QString pageNames()
+{
+    QStringList names;
+    for (const TagManagerPageName& page : tagManagerPageNames)
+        names.append(QString::fromLatin1(page.name));
+    const QString last = names.takeLast();
+    return QCoreApplication::translate("CommandLine", "%1 or %2").arg(names.join(QLatin1String(", ")), last);
 }
 
 /// Reads one command line; every step leaves its complaint in the result.
@@ -170,13 +184,13 @@ void Reader::readRelocate()
 
 void Reader::readPage()
 {
-    const QByteArray page = value("page");
-    if (page == "categories")
-        m_result.page = CommandLine::Page::Categories;
-    else if (page == "favorites")
-        m_result.page = CommandLine::Page::Favorites;
-    else if (has("page") && page != "all")
-        complain(tr("--page takes all, categories or favorites, not \"%1\".").arg(textFrom(page)));
+    const QByteArray name = value("page");
+    const auto* const found = std::find_if(std::begin(tagManagerPageNames), std::end(tagManagerPageNames),
+                                           [&name](const TagManagerPageName& page) { return name == page.name; });
+    if (found != std::end(tagManagerPageNames))
+        m_result.page = found->page;
+    else if (has("page"))
+        complain(tr("--page takes %1, not \"%2\".").arg(pageNames(), textFrom(name)));
     m_result.search = textFrom(value("search"));
 }
 
@@ -298,7 +312,7 @@ changed.
                      A path that is not valid UTF-8 has its exact bytes in
                      the further member pathBase64.
 
-  --page PAGE        the page to show first: all, categories or favorites
+  --page PAGE        the page to show first: %1
   --search TEXT      search for TEXT on that page
   --size WxH         size of the window in logical pixels, as in 1100x700
   --scale S          scale of the screen, as in 1.5
@@ -311,7 +325,8 @@ changed.
 
 Exit status: 0 on success, 1 on failure, 2 on wrong usage or when the folder or
 the library does not exist, 130 when interrupted.
-)");
+)")
+        .arg(pageNames());
 }
 
 QString CommandLine::versionText()

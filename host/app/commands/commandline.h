@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <vltagmanagerevents.h>
+
 #include <QByteArray>
 #include <QSize>
 #include <QString>
@@ -29,12 +31,6 @@ struct CommandLine
         Files,
         Ignored
     };
-    enum class Page
-    {
-        All,
-        Categories,
-        Favorites
-    };
 
     Action action = Action::OpenWindow;
     QByteArray folder;             ///< The folder to open or to import; empty when none was named.
@@ -45,11 +41,11 @@ struct CommandLine
     List list = List::Tags;        ///< For List.
     bool json = false;             ///< For List: JSON in place of tab-separated lines.
     QByteArray screenshotFile;     ///< For Screenshot.
-    Page page = Page::All;         ///< The page shown first.
-    QString search;                ///< The text typed into that page's search field.
-    std::optional<QSize> size;     ///< The window's size in logical pixels.
-    std::optional<double> scale;   ///< Screen scale, to be applied before a QApplication exists.
-    QByteArray pluginFile;         ///< The plug-in's file; empty for the one beside the program.
+    TagManagerPage page = TagManagerPage::AllTags;  ///< The page shown first.
+    QString search;                                 ///< The text typed into that page's search field.
+    std::optional<QSize> size;                      ///< The window's size in logical pixels.
+    std::optional<double> scale;                    ///< Screen scale, to be applied before a QApplication exists.
+    QByteArray pluginFile;                          ///< The plug-in's file; empty for the one beside the program.
     /// Not empty for wrong usage: what is wrong, in one line that may hold characters of the arguments. To be printed
     /// to stderr, and the program to end with exitUsage.
     QString error;

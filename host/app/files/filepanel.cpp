@@ -79,6 +79,11 @@ QString FilePanel::message() const
     return m_body->currentWidget() == m_message ? m_message->text() : QString();
 }
 
+bool FilePanel::isHeaderAt(const QPoint& pos) const
+{
+    return isVisible() && rect().contains(pos) && pos.y() < m_body->y();
+}
+
 void FilePanel::showFiles(const QVector<qint64>& ids, bool keepPlace)
 {
     m_body->setCurrentWidget(m_view);

@@ -31,6 +31,9 @@ public:
     /// Empty while files are shown.
     [[nodiscard]] QString message() const;
 
+    /// Whether \a pos, in logical pixels of the panel, lies above the files.
+    [[nodiscard]] bool isHeaderAt(const QPoint& pos) const;
+
 signals:
     /// The user wants the panel away.
     void closeRequested();

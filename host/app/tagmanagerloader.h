@@ -6,12 +6,11 @@
 #include <QString>
 #include <QStringList>
 
-class IPlugin;
 class IVLTagManagerPlugin;
 
-/// Loads the tag manager plug-in and gives its two interfaces. GUI thread only.
+/// Loads and initializes the tag manager plug-in. GUI thread only.
 ///
-/// The plug-in stays loaded when this object goes: its windows and connections may outlive it.
+/// The plug-in stays loaded when this object is destroyed: its windows and connections may outlive it.
 class TagManagerLoader
 {
     Q_DECLARE_TR_FUNCTIONS(TagManagerLoader)
@@ -26,7 +25,6 @@ public:
     bool load(const QString& file, QString* error);
 
     /// Null until load() has succeeded; owned by Qt's plug-in loader.
-    [[nodiscard]] IPlugin* plugin() const { return m_plugin; }
     [[nodiscard]] IVLTagManagerPlugin* tagManager() const { return m_tagManager; }
 
 private:
@@ -34,6 +32,5 @@ private:
     bool instantiate(QString* error);
 
     QPluginLoader m_loader;
-    IPlugin* m_plugin = nullptr;
     IVLTagManagerPlugin* m_tagManager = nullptr;
 };

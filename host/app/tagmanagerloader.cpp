@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/app/tagwindow/tagmanagerloader.h"
+#include "host/app/tagmanagerloader.h"
 
 #include <iplugin.h>
 #include <ivltagmanagerplugin.h>
@@ -64,12 +64,12 @@ bool TagManagerLoader::instantiate(QString* error)
         *error = tr("The tag manager plug-in cannot be loaded: %1").arg(m_loader.errorString());
         return false;
     }
-    m_plugin = qobject_cast<IPlugin*>(root);
-    m_tagManager = qobject_cast<IVLTagManagerPlugin*>(root);
-    if (!m_plugin || !m_tagManager || !m_plugin->initialize()) {
-        m_tagManager = nullptr;
+    auto* plugin = qobject_cast<IPlugin*>(root);
+    auto* tagManager = qobject_cast<IVLTagManagerPlugin*>(root);
+    if (!plugin || !tagManager || !plugin->initialize()) {
         *error = tr("The plug-in does not offer what a tag manager has to: %1").arg(m_loader.fileName());
         return false;
     }
+    m_tagManager = tagManager;
     return true;
 }
