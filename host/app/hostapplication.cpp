@@ -7,6 +7,7 @@
 #include "host/app/hostwindow.h"
 #include "host/app/librarysession.h"
 #include "host/app/screenshot.h"
+#include "host/app/widgets/windowgeometry.h"
 #include "host/importer/escapedtext.h"
 #include "host/library/library.h"
 #include "host/library/records/tagpalette.h"
@@ -228,7 +229,7 @@ int HostApplication::runWindow()
     m_session->choice().save(settings);
     m_window->restoreGeometryKept();
     if (m_commandLine.size)
-        m_window->resize(*m_commandLine.size);
+        resizeOnScreen(*m_window, *m_commandLine.size);
     m_window->show();
     openView();
     m_window->startImport();

@@ -25,6 +25,7 @@
 #include <ivltagmanagerwidget.h>
 #include <vlskinsetting.h>
 
+#include <QApplication>
 #include <QEvent>
 #include <QScreen>
 #include <QSettings>
@@ -188,7 +189,8 @@ void HostWindow::connectTagWindow()
     connect(m_tagWindow, &IVLTagManagerWidget::signalCheckoutTagFile, m_presenter, &FilePresenter::showTagFiles);
     connect(m_tagWindow, &IVLTagManagerWidget::signalCheckoutGroupFile, m_presenter, &FilePresenter::showCategoryFiles);
     connect(this, &FrameWindow::maximizedChanged, m_tagWindow, &IVLTagManagerWidget::updateMaximizeButton);
-    connect(m_files, &FilePanel::closeRequested, m_files, &QWidget::hide);
+    connect(m_files, &FilePanel::closeRequested, this, &HostWindow::closeFiles);
+    connect(qApp, &QApplication::focusChanged, this, &HostWindow::rememberFocus);
     connectTagManager();
 }
 
@@ -279,6 +281,21 @@ void HostWindow::askToRemoveMissing()
     question->setAttribute(Qt::WA_DeleteOnClose);
     connect(question, &MissingPicturesQuestion::removalConfirmed, &m_session, &LibrarySession::forgetMissing);
     question->open();
+}
+
+void HostWindow::rememberFocus(QWidget* before, QWidget* now)
+{
+    if (m_files->isAncestorOf(now) && before && !m_files->isAncestorOf(before) && before->window() == this)
+        m_focusBeforeFiles = before;
+}
+
+void HostWindow::closeFiles()
+{
+    const bool hadFocus = m_files->isAncestorOf(focusWidget());
+    m_files->hide();
+    // Left to itself, the focus goes to whatever comes next in the tab order.
+    if (hadFocus && m_focusBeforeFiles && m_focusBeforeFiles->isVisible())
+        m_focusBeforeFiles->setFocus(Qt::OtherFocusReason);
 }
 
 void HostWindow::focusSearch()

@@ -67,6 +67,8 @@ private:
     void showImportOutcome(const ImportSummary& summary);
     void showSkippedFiles();
     void askToRemoveMissing();
+    void rememberFocus(QWidget* before, QWidget* now);
+    void closeFiles();
     void focusSearch();
     void showFirstResult();
     void showRefusal(const IResponseInfo& answer);
@@ -76,6 +78,7 @@ private:
     LibrarySession& m_session;
     ElidedLabel* m_title = nullptr;
     QSplitter* m_splitter = nullptr;
+    QPointer<QWidget> m_focusBeforeFiles;  ///< Had the focus before the file panel got it.
     FilePanel* m_files = nullptr;
     QPointer<IVLTagManagerWidget> m_tagWindow;
     ImportBar* m_importBar = nullptr;

@@ -14,7 +14,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 
 namespace {
@@ -35,7 +34,7 @@ int print(const QString& text)
                          std::fflush(stdout) == 0;
     if (written)
         return 0;
-    std::fprintf(stderr, "vellum: %s\n", std::strerror(errno));
+    std::fprintf(stderr, "vellum: %s\n", qt_error_string(errno).toLocal8Bit().constData());
     return 1;
 }
 

@@ -84,6 +84,9 @@ private slots:
         QCOMPARE(model.path(0), QByteArray("/pictures/<b>\xff.png"));
         QCOMPARE(stateOf(model, 0), Thumbnail::Loaded);
         QVERIFY2(model.needsThumbnail(0), "the file may have changed");
+        model.setThumbnail(7, {Thumbnail::Unchanged, {}});
+        QVERIFY(!model.needsThumbnail(0));
+        QCOMPARE(stateOf(model, 0), Thumbnail::Loaded);
         QVERIFY(model.needsPath(1));
     }
 

@@ -64,6 +64,10 @@ private slots:
              {QRect(), QRect(-450, 20, 500, 400), QRect(10, -100, 500, 400), QRect(3000, 20, 500, 400)})
             QCOMPARE(placed(outOfReach), QRect(300, 250, 400, 300));
         QCOMPARE(placed(QRect(0, 0, 3000, 2000)), QRect(0, 0, 1000, 800));
+
+        const QRect screen(1000, 50, 600, 500);
+        QCOMPARE(insideScreen(QRect(1300, 60, 400, 300), screen), QRect(1200, 60, 400, 300));
+        QCOMPARE(insideScreen(QRect(900, 400, 4000, 300), screen), QRect(1000, 250, 600, 300));
     }
 };
 

@@ -234,6 +234,36 @@ private slots:
         QVERIFY(!part("")->isVisible());
     }
 
+    void cancelledImportLeavesOutTheNextFolder()
+    {
+        const PictureFolder second;
+        m_folder->writePng("first.png");
+        second.writePng("second.png");
+        LibraryChoice choice = m_session->choice();
+        choice.folders = {m_folder->path(), second.path()};
+        choice.isNew = true;
+        openSession(choice);
+        const QSignalSpy finished(m_session.get(), &LibrarySession::importFinished);
+        m_window->startImport();
+        QTest::mouseClick(m_window->findChild<QPushButton*>(QStringLiteral("import_bar_cancel")), Qt::LeftButton);
+        QTRY_COMPARE(finished.size(), 1);
+        const auto summary = finished.constFirst().constFirst().value<ImportSummary>();
+        QVERIFY2(summary.cancelled && summary.totals.files < 2, "the import went on after Cancel");
+        const auto* text = m_window->findChild<QWidget*>(QStringLiteral("import_bar_text"));
+        QVERIFY(text->accessibleName().startsWith(QLatin1String("Cancelled.")));
+    }
+
+    void focusReturnsFromTheFiles()
+    {
+        QWidget* const button = m_plugin.window()->button;
+        button->setFocus();
+        emit m_plugin.window()->signalCheckoutTagFile({1});
+        m_window->filePanel()->view()->setFocus();
+        QTest::keyClick(m_window.get(), Qt::Key_Escape);
+        QVERIFY(m_window->filePanel()->isHidden());
+        QCOMPARE(m_window->focusWidget(), button);
+    }
+
     void emptyLibraryTellsWhatToDo()
     {
         m_window->startImport();

@@ -301,9 +301,10 @@ changed.
                                    keywords that lead to no tag
                      A tab, a line feed, a carriage return and a backslash in
                      a field are written as \t, \n, \r and \\, other control
-                     characters and bytes that are no UTF-8 as \xHH, characters
-                     that are invisible or turn the direction of the text as
-                     \uHHHH or \UHHHHHHHH.
+                     characters of ASCII and bytes that are no UTF-8 as \xHH,
+                     control characters beyond ASCII and characters that are
+                     invisible or turn the direction of the text as \uHHHH or
+                     \UHHHHHHHH.
   --json             with --list: a JSON array of objects with the members
                        tags        id, name, fileCount, colorIndex
                        categories  id, name, tagCount

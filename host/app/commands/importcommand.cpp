@@ -16,7 +16,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <unistd.h>
 
 namespace {
@@ -126,7 +125,7 @@ int runImportCommand(const CommandLine& commandLine)
     if (!summary.error.isEmpty()) {
         printError(escapedText(summary.error.toUtf8()));
     } else if (!printTotals(summary)) {
-        printError(strerror(errno));
+        printError(qt_error_string(errno).toUtf8());
         return 1;
     }
     return statusOf(summary);

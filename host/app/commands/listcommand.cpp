@@ -13,7 +13,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <unistd.h>
 
 namespace {
@@ -179,6 +178,6 @@ int runListCommand(const CommandLine& commandLine)
         return fail(1, failure.toUtf8());
     printer.end();
     if (!printer.isFine() || fflush(stdout) != 0)
-        return fail(1, strerror(errno));
+        return fail(1, qt_error_string(errno).toUtf8());
     return 0;
 }

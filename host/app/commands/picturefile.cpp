@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/commands/picturefile.h"
 
-#include "host/importer/metadata/regularfile.h"
-
-#include <QFile>
 #include <QMimeDatabase>
 
 #include <algorithm>
@@ -12,15 +9,13 @@ namespace PictureFile {
 
 QString pictureType(const QByteArray& path)
 {
-    const RegularFile regular = RegularFile::open(path);
-    QFile file;
-    if (!regular.descriptor.isValid() || !file.open(regular.descriptor.number(), QIODevice::ReadOnly))
-        return {};
     const auto isPicture = [](const QMimeType& type) { return type.name().startsWith(QLatin1String("image/")); };
     const QMimeDatabase types;
-    const QMimeType type = types.mimeTypeForData(&file);
-    const QList<QMimeType> byName = types.mimeTypesForFileName(displayName(path));
-    return isPicture(type) && std::all_of(byName.begin(), byName.end(), isPicture) ? type.name() : QString();
+    const QString name = displayName(path);
+    const QList<QMimeType> possible = types.mimeTypesForFileName(name);
+    if (possible.isEmpty() || !std::all_of(possible.begin(), possible.end(), isPicture))
+        return {};
+    return types.mimeTypeForFile(name, QMimeDatabase::MatchExtension).name();
 }
 
 QString displayName(const QByteArray& path)

@@ -4,11 +4,12 @@
 #include <QByteArray>
 #include <QString>
 
-/// A file of the library by its path in the file system's own bytes, which need not be valid text in any encoding.
+/// What the name of a file in the library says. Paths are the file system's own bytes, which need not be valid text in
+/// any encoding. No file is read.
 namespace PictureFile {
 
-/// The MIME type of the regular file at \a path when it is a picture both by its content and by its name, so that no
-/// program on the desktop takes it for something to be run; else empty. May block on a slow disk.
+/// The MIME type of a picture of that name; empty when the name is, or may be, that of something else, which a program
+/// on the desktop might run.
 [[nodiscard]] QString pictureType(const QByteArray& path);
 
 /// The name for display, without the folder; bytes that are no UTF-8 become replacement characters.

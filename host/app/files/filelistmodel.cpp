@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int thumbnailBytes = 64 * 1024 * 1024;
+constexpr int thumbnailBytes = 96 * 1024 * 1024;
 constexpr int entryOverhead = 64;  // bytes of bookkeeping, roughly
 
 // Tool tips take text for markup when it looks like it.
@@ -69,8 +69,10 @@ void FileListModel::setThumbnail(qint64 id, const Thumbnail& thumbnail)
     const auto known = m_paths.constFind(id);
     if (known == m_paths.constEnd())
         return;
-    const int cost = static_cast<int>(thumbnail.image.sizeInBytes()) + entryOverhead;
     m_outdated.remove(id);
+    if (thumbnail.state == Thumbnail::Unchanged)
+        return;
+    const int cost = static_cast<int>(thumbnail.image.sizeInBytes()) + entryOverhead;
     m_thumbnails.insert(id, new Thumbnail(thumbnail), cost);
     changed(known->row);
 }
@@ -88,6 +90,12 @@ bool FileListModel::needsThumbnail(int row) const
     const qint64 file = m_ids.at(row);
     // Without a place on this computer it is relative, and would lead into the working directory.
     return path(row).startsWith('/') && (!m_thumbnails.contains(file) || m_outdated.contains(file));
+}
+
+Thumbnail::Source FileListModel::thumbnailSource(int row) const
+{
+    const Thumbnail* known = m_thumbnails.object(m_ids.at(row));
+    return known ? known->source : Thumbnail::Source();
 }
 
 int FileListModel::rowCount(const QModelIndex& parent) const

@@ -48,6 +48,8 @@ public:
     [[nodiscard]] bool needsPath(int row) const { return !m_paths.contains(m_ids.at(row)); }
     /// True when the path is known and the thumbnail is not, or may be out of date.
     [[nodiscard]] bool needsThumbnail(int row) const;
+    /// What the thumbnail in \a row was made of.
+    [[nodiscard]] Thumbnail::Source thumbnailSource(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

@@ -15,7 +15,7 @@
 #include <QHash>
 #include <QLocale>
 
-#include <unistd.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -135,9 +135,9 @@ void FilePresenter::fillPaths(const QVector<qint64>& ids)
 void FilePresenter::openFile(const QByteArray& path)
 {
     // A file whose root has no place on this computer has a relative path.
-    const bool isThere = path.startsWith('/') && ::access(path.constData(), F_OK) == 0;
-    // Only what is a picture by its content goes to the desktop, whatever the file's name says.
-    const QString type = isThere ? PictureFile::pictureType(path) : QString();
+    struct stat status = {};
+    const bool isThere = path.startsWith('/') && ::stat(path.constData(), &status) == 0;
+    const QString type = isThere && S_ISREG(status.st_mode) ? PictureFile::pictureType(path) : QString();
     if (!isThere)
         m_panel.setNotice(tr("%1 is not there, or its disk is not connected.").arg(PictureFile::displayName(path)));
     else if (type.isEmpty())

@@ -134,7 +134,7 @@ void FileView::requestThumbnails()
         if (m_model->needsPath(row))
             unknown.append(m_model->askForPath(row));
         else if (m_model->needsThumbnail(row))
-            wanted.append({m_model->id(row), m_model->path(row)});
+            wanted.append({m_model->id(row), m_model->path(row), m_model->thumbnailSource(row)});
     }
     m_loader->setWanted(wanted, m_pixels);
     if (!unknown.isEmpty())

@@ -69,7 +69,7 @@ void ThumbnailLoader::startNext()
             continue;
         m_running.insert(file.id);
         QMetaObject::invokeMethod(
-            m_worker, [worker = m_worker, file, pixels = m_pixels] { worker->load(file.id, file.path, pixels); },
+            m_worker, [worker = m_worker, file, pixels = m_pixels] { worker->load(file, pixels); },
             Qt::QueuedConnection);
     }
 }

@@ -17,6 +17,8 @@ struct ThumbnailRequest
 {
     qint64 id = 0;    ///< Of the file, free to choose; at most one load of a file runs at a time.
     QByteArray path;  ///< In the file system's bytes.
+    /// Of the thumbnail in that size that the sender has already; the answer is Unchanged if the file still is.
+    Thumbnail::Source known = {};
 };
 
 /// Loads thumbnails in confined processes, so that a picture can do harm to its own thumbnail at most. GUI thread only,

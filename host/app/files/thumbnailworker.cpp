@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/files/thumbnailworker.h"
 
+#include "host/app/files/thumbnailloader.h"
 #include "host/importer/metadata/regularfile.h"
 #include "host/importer/metadata/thumbnailpixels.h"
 
@@ -9,35 +10,37 @@
 
 namespace {
 
-constexpr int cacheBytes = 96 * 1024 * 1024;
+bool isSame(const Thumbnail::Source& a, const Thumbnail::Source& b)
+{
+    return a.modified == b.modified && a.size == b.size;
+}
 
 }  // namespace
 
 ThumbnailWorker::ThumbnailWorker(const ReaderProcess::Settings& settings, int processes)
     : m_settings(settings)
     , m_maxProcesses(static_cast<size_t>(processes))
-    , m_cache(cacheBytes)
 {
 }
 
 ThumbnailWorker::~ThumbnailWorker() = default;
 
-void ThumbnailWorker::load(qint64 id, const QByteArray& path, int pixels)
+void ThumbnailWorker::load(const ThumbnailRequest& request, int pixels)
 {
-    RegularFile file = RegularFile::open(path);
+    RegularFile file = RegularFile::open(request.path);
+    const Thumbnail::Source source = {file.modified, file.size};
     if (!file.descriptor.isValid()) {
-        emit loaded(id, pixels, {Thumbnail::Missing, {}});
-        return;
+        emit loaded(request.id, pixels, {Thumbnail::Missing, {}});
+    } else if (isSame(source, request.known)) {
+        emit loaded(request.id, pixels, {Thumbnail::Unchanged, {}, source});
+    } else if (m_unavailable) {
+        emit loaded(request.id, pixels, {Thumbnail::Unreadable, {}});
+    } else {
+        const int index = m_nextIndex++;
+        m_jobs.insert(index, {request.id, pixels, source});
+        const QByteArray name = request.path.mid(request.path.lastIndexOf('/') + 1);
+        freeProcess()->read(index, {std::move(file.descriptor), name, pixels});
     }
-    const QByteArray key = ThumbnailCache::key(path, file, pixels);
-    const Thumbnail known = m_unavailable ? Thumbnail{Thumbnail::Unreadable, {}} : m_cache.find(key);
-    if (known.state != Thumbnail::Pending) {
-        emit loaded(id, pixels, known);
-        return;
-    }
-    const int index = m_nextIndex++;
-    m_jobs.insert(index, {id, pixels, key});
-    freeProcess()->read(index, {std::move(file.descriptor), path.mid(path.lastIndexOf('/') + 1), pixels});
 }
 
 // The one with the least to do, which is nothing as long as no more is asked for than there are processes.
@@ -51,7 +54,7 @@ ReaderProcess* ThumbnailWorker::freeProcess()
     ReaderProcess* const process = m_processes.back().get();
     connect(process, &ReaderProcess::answered, this,
             [this, process](int index, const QByteArray& answer) { handleAnswer(process, index, answer); });
-    connect(process, &ReaderProcess::failed, this, [this](int index) { finish(index, {Thumbnail::Unreadable, {}}); });
+    connect(process, &ReaderProcess::failed, this, [this](int index) { finish(index, Thumbnail::Unreadable); });
     connect(process, &ReaderProcess::unavailable, this, &ThumbnailWorker::handleUnavailable);
     return process;
 }
@@ -65,9 +68,9 @@ void ThumbnailWorker::handleAnswer(ReaderProcess* process, int index, const QByt
     if (!image)
         process->replace();
     if (image && !image->isNull())
-        finish(index, {Thumbnail::Loaded, *image});
+        finish(index, Thumbnail::Loaded, *image);
     else
-        finish(index, {Thumbnail::Unreadable, {}});
+        finish(index, Thumbnail::Unreadable);
 }
 
 void ThumbnailWorker::handleUnavailable(const QString& reason)
@@ -76,13 +79,11 @@ void ThumbnailWorker::handleUnavailable(const QString& reason)
         emit unavailable(reason);
     const QList<int> indexes = m_jobs.keys();
     for (const int index : indexes)
-        finish(index, {Thumbnail::Unreadable, {}});
+        finish(index, Thumbnail::Unreadable);
 }
 
-void ThumbnailWorker::finish(int index, const Thumbnail& thumbnail)
+void ThumbnailWorker::finish(int index, Thumbnail::State state, const QImage& image)
 {
     const Job job = m_jobs.take(index);
-    if (!m_unavailable)
-        m_cache.insert(job.key, thumbnail);
-    emit loaded(job.id, job.pixels, thumbnail);
+    emit loaded(job.id, job.pixels, {state, image, m_unavailable ? Thumbnail::Source() : job.source});
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "host/app/files/thumbnail.h"
-#include "host/app/files/thumbnailcache.h"
 #include "host/importer/metadata/readerprocess.h"
 
 #include <QByteArray>
@@ -11,6 +10,8 @@
 
 #include <memory>
 #include <vector>
+
+struct ThumbnailRequest;
 
 /// Opens files and has reader processes make thumbnails of them. Lives on a thread with an event loop, which it may
 /// block while it opens a file. The processes are started when they are needed, and kept.
@@ -23,8 +24,8 @@ public:
     ThumbnailWorker(const ReaderProcess::Settings& settings, int processes);
     ~ThumbnailWorker() override;
 
-    /// Answered by loaded() with the same \a id and \a pixels.
-    void load(qint64 id, const QByteArray& path, int pixels);
+    /// Answered by loaded() with the same id and \a pixels.
+    void load(const ThumbnailRequest& request, int pixels);
 
 signals:
     void loaded(qint64 id, int pixels, const Thumbnail& thumbnail);
@@ -36,17 +37,16 @@ private:
     {
         qint64 id = 0;
         int pixels = 0;
-        QByteArray key;
+        Thumbnail::Source source;
     };
 
     ReaderProcess* freeProcess();
     void handleAnswer(ReaderProcess* process, int index, const QByteArray& answer);
     void handleUnavailable(const QString& reason);
-    void finish(int index, const Thumbnail& thumbnail);
+    void finish(int index, Thumbnail::State state, const QImage& image = {});
 
     ReaderProcess::Settings m_settings;
     size_t m_maxProcesses;
-    ThumbnailCache m_cache;
     QHash<int, Job> m_jobs;  ///< With the processes, by index.
     int m_nextIndex = 0;
     bool m_unavailable = false;

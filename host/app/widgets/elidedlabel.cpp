@@ -10,9 +10,9 @@
 
 namespace {
 
-constexpr int widestHint = 400;       // logical pixels; a longer text does not ask for more
-constexpr int narrowestHint = 24;     // logical pixels
-constexpr int longestMeasured = 500;  // characters; no line shows more
+constexpr int widestHint = 400;        // logical pixels; a longer text does not ask for more
+constexpr int narrowestHint = 24;      // logical pixels
+constexpr int longestMeasured = 1000;  // UTF-16 units; no line shows more
 
 }  // namespace
 
@@ -62,6 +62,6 @@ QString ElidedLabel::shownText() const
 {
     QString shown = m_text;
     if (shown.size() > longestMeasured)
-        shown = shown.left(longestMeasured / 2) + QChar(0x2026) + shown.right(longestMeasured / 2);
-    return fontMetrics().elidedText(shown, Qt::ElideMiddle, contentsRect().width());
+        shown = shown.left(longestMeasured) + QChar(0x2026);
+    return fontMetrics().elidedText(shown, Qt::ElideRight, contentsRect().width());
 }

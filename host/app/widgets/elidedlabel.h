@@ -3,8 +3,8 @@
 
 #include <QWidget>
 
-/// One line of plain text, shortened in the middle where it does not fit; a tool tip shows all of it then. Takes its
-/// colour and font from the widget.
+/// One line of plain text, elided at its end where it does not fit; a tool tip shows all of it then. Uses the colour
+/// and font of the widget.
 class ElidedLabel : public QWidget
 {
     Q_OBJECT

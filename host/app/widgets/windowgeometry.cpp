@@ -6,9 +6,11 @@
 #include <QSettings>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace {
 
-// So much of the window's top must be on a screen for the user to get hold of it, in logical pixels.
+// The part of the window's top that must be on a screen so that the user can drag it, in logical pixels.
 constexpr QSize reachable(120, 30);
 constexpr QSize defaultSize(1100, 700);
 
@@ -48,6 +50,22 @@ void WindowGeometry::applyTo(QWidget& window) const
     window.setGeometry(placedOnScreen(normal, defaultSize, availableScreens()));
     if (maximized)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
+}
+
+void resizeOnScreen(QWidget& window, const QSize& size)
+{
+    const QScreen* screen = QGuiApplication::screenAt(window.geometry().center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    window.setGeometry(insideScreen(QRect(window.pos(), size), screen->availableGeometry()));
+}
+
+QRect insideScreen(const QRect& wanted, const QRect& screen)
+{
+    QRect inside(wanted.topLeft(), wanted.size().boundedTo(screen.size()));
+    inside.moveLeft(std::clamp(inside.left(), screen.left(), screen.right() + 1 - inside.width()));
+    inside.moveTop(std::clamp(inside.top(), screen.top(), screen.bottom() + 1 - inside.height()));
+    return inside;
 }
 
 QRect placedOnScreen(const QRect& kept, const QSize& fallback, const QVector<QRect>& screens)

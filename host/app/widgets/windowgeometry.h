@@ -7,10 +7,13 @@
 class QSettings;
 class QWidget;
 
-/// Where a window stood when it was last closed. Logical pixels in the coordinates of the desktop.
+/// The place of a window when it was last closed. Logical pixels in the coordinates of the desktop.
+///
+/// QWidget::restoreGeometry() does not serve: it keeps room for the window system's title bar, which the window lacks,
+/// and so moves a window that stood at the top of the screen down and out of it.
 struct WindowGeometry
 {
-    QRect normal;  ///< Without the maximised state; null when nothing was kept.
+    QRect normal;  ///< When it is not maximised; null if nothing was saved.
     bool maximized = false;
 
     [[nodiscard]] static WindowGeometry of(const QWidget& window);
@@ -19,6 +22,13 @@ struct WindowGeometry
     /// Moves and resizes \a window, which is not shown yet, and sets its maximised state.
     void applyTo(QWidget& window) const;
 };
+
+/// Resizes \a window, which is not shown yet, and moves it so that all of it is on its screen. A size larger than the
+/// screen's available area is cut to it.
+void resizeOnScreen(QWidget& window, const QSize& size);
+
+/// \a wanted, moved and cut so that it lies within \a screen.
+[[nodiscard]] QRect insideScreen(const QRect& wanted, const QRect& screen);
 
 /// \a kept when enough of its top can be seen and reached on one of \a screens (their available areas), made to fit
 /// that screen; otherwise a rectangle of \a fallback size in the middle of the first screen.
