@@ -33,27 +33,28 @@ namespace {
 constexpr int exitFailure = 1;
 constexpr QSize defaultSize(1100, 700);  // logical pixels
 const QString scaledKey = QStringLiteral("screen/scaled");
-constexpr double unscaledDpi = 96;         // Qt's, on every platform but macOS
-constexpr double smallestScaling = 0.125;  // from here on, a quarter more is nearer than nothing
+constexpr double unscaledDpi = 96;  // Qt's, on every platform but macOS
+// Below 1.125 a screen counts as unscaled: 1.25 is the smallest factor in use.
+constexpr double smallestScaling = 0.125;
 
-// The names in it may hold anything; a terminal is not to be steered by them.
-void tell(const QString& message)
+// Messages may quote file names, which must not reach the terminal as control sequences.
+void printError(const QString& message)
 {
     std::fprintf(stderr, "vellum: %s\n", escapedText(message.toUtf8()).constData());
 }
 
-void tellSkipped(const SkippedFile& file)
+void printSkipped(const SkippedFile& file)
 {
     std::fprintf(stderr, "vellum: %s: %s\n", escapedText(file.path).constData(),
                  escapedText(file.reason.toUtf8()).constData());
 }
 
-// Without a word from the desktop, X servers give the size of the screen in whole millimetres, and a common one comes
-// out at 96.08 or 99.89 dots per inch. Scaled by such a factor, a window that is repainted in parts shows gaps between
-// them.
+// Unless the desktop sets a resolution, X servers derive it from the size of the screen in whole millimetres: an
+// unscaled screen gets 96.08 or 99.89 dots per inch. A window that is scaled by such a factor shows gaps between the
+// areas that are repainted.
 bool hasScaledScreen()
 {
-    // Where Qt scales, it gives the resolution that is left.
+    // With Qt's scaling on, the logical resolution is what remains after it.
     const bool applied = QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling);
     const QByteArray chosen = qgetenv("QT_SCALE_FACTOR");
     const double factor = chosen.isEmpty() ? 1 : chosen.toDouble();
@@ -64,7 +65,7 @@ bool hasScaledScreen()
     });
 }
 
-// A picture has the size that was asked for, whatever the resolution of the screen that Qt makes up for it.
+// Screenshots have the requested size; the resolution of the screen that Qt invents for them does not count.
 bool rendersToFile(const CommandLine& commandLine)
 {
     return qgetenv("QT_QPA_PLATFORM").startsWith("offscreen") || commandLine.action == CommandLine::Action::Screenshot;
@@ -84,7 +85,7 @@ QPalette skinPalette()
     return palette;
 }
 
-// Without a display Qt names a font of its own; the one that fontconfig prefers is what a window would show.
+// The offscreen platform has a default font of its own; use fontconfig's, as a window on a display does.
 void applyFont()
 {
     if (QGuiApplication::platformName() != QLatin1String("offscreen"))
@@ -144,7 +145,7 @@ HostApplication::HostApplication(const CommandLine& commandLine, bool hasDisplay
 
 HostApplication::~HostApplication()
 {
-    // The window reads from the library until it is gone.
+    // The window reads from the library as long as it exists.
     m_window.reset();
     if (m_loader.tagManager())
         m_loader.tagManager()->clearDataProvider();
@@ -157,7 +158,7 @@ int HostApplication::run()
         return m_failure;
     const bool screenshot = m_commandLine.action == CommandLine::Action::Screenshot;
     if (!m_hasDisplay && !screenshot) {
-        tell(tr("There is no display to open a window on; --screenshot FILE renders it to a picture."));
+        printError(tr("There is no display to open a window on; --screenshot FILE renders it to a picture."));
         return exitFailure;
     }
     m_window = std::make_unique<HostWindow>(*m_session, *m_loader.tagManager());
@@ -197,14 +198,14 @@ bool HostApplication::openLibrary()
     if (!choice)
         return false;
     if (!choice->error.isEmpty()) {
-        tell(choice->error);
+        printError(choice->error);
         m_failure = CommandLine::exitUsage;
         return false;
     }
     QString error;
     m_session = LibrarySession::open(*choice, &error);
     if (!m_session) {
-        tell(error);
+        printError(error);
         m_failure = exitFailure;
     }
     return m_session != nullptr;
@@ -214,7 +215,7 @@ bool HostApplication::loadPlugin()
 {
     QString error;
     if (!m_loader.load(QFile::decodeName(m_commandLine.pluginFile), &error)) {
-        tell(error);
+        printError(error);
         m_failure = exitFailure;
         return false;
     }
@@ -241,11 +242,11 @@ int HostApplication::runScreenshot()
     Screenshot screenshot(*m_window, m_commandLine);
     QObject::connect(&screenshot, &Screenshot::finished, [](const QString& error) {
         if (!error.isEmpty())
-            tell(error);
+            printError(error);
         QCoreApplication::exit(error.isEmpty() ? 0 : exitFailure);
     });
     QObject::connect(m_session.get(), &LibrarySession::importFinished, &screenshot,
-                     [this](const ImportSummary& summary) { tellOutcome(summary); });
+                     [this](const ImportSummary& summary) { printOutcome(summary); });
     QObject::connect(m_window.get(), &HostWindow::upToDate, &screenshot, [this, &screenshot] {
         openView();
         screenshot.take();
@@ -256,13 +257,13 @@ int HostApplication::runScreenshot()
     return QApplication::exec();
 }
 
-void HostApplication::tellOutcome(const ImportSummary& summary) const
+void HostApplication::printOutcome(const ImportSummary& summary) const
 {
     for (const SkippedFile& file : m_session->skippedFiles())
-        tellSkipped(file);
+        printSkipped(file);
     if (summary.error.isEmpty())
         return;
-    tell(summary.error);
+    printError(summary.error);
     QCoreApplication::exit(exitFailure);
 }
 

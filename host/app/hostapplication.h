@@ -20,35 +20,35 @@ class HostApplication
     Q_DECLARE_TR_FUNCTIONS(HostApplication)
 
 public:
-    /// True when there is a display, or the user has chosen a platform. To be asked before prepare().
+    /// True if there is a display, or the user has chosen a platform. Must be called before prepare().
     [[nodiscard]] static bool hasDisplay();
-    /// Chooses platform and scale. To be called before there is a QApplication; changes the environment.
+    /// Chooses platform and scale. Must be called before a QApplication exists; changes the environment.
     static void prepare(const CommandLine& commandLine);
-    /// Whether the screens are scaled though prepare() took them not to be, or the other way round; it went by what
-    /// was seen at the last start. prepare() knows from now on, so a QApplication made after another call is right.
+    /// Whether prepare() assumed the wrong thing about the screens being scaled: it uses what the last start found.
+    /// Stores the right value, so that the caller can repeat prepare() and create the QApplication again.
     [[nodiscard]] static bool hasOtherScale(const CommandLine& commandLine);
 
-    /// \a hasDisplay as it was before prepare(); without one there is no window, but there are screenshots.
+    /// \a hasDisplay is hasDisplay() before prepare(); without a display only screenshots can be made.
     HostApplication(const CommandLine& commandLine, bool hasDisplay);
     ~HostApplication();
 
-    /// Returns the exit status; errors have been told on stderr. Needs a QApplication.
+    /// Returns the exit status; prints errors to stderr. Needs a QApplication.
     int run();
 
 private:
-    /// Nothing when the person was asked and wants none.
+    /// Empty if the user was asked and cancelled.
     [[nodiscard]] std::optional<LibraryChoice> chooseLibrary() const;
     bool openLibrary();
     bool loadPlugin();
     void openView();
     int runWindow();
     int runScreenshot();
-    void tellOutcome(const ImportSummary& summary) const;
+    void printOutcome(const ImportSummary& summary) const;
 
     const CommandLine& m_commandLine;
     const bool m_hasDisplay;
     TagManagerLoader m_loader;
     std::unique_ptr<LibrarySession> m_session;
     std::unique_ptr<HostWindow> m_window;
-    int m_failure = 0;  ///< Exit status of the step that failed; leaving without a library is no failure.
+    int m_failure = 0;  ///< Exit status of the step that failed; 0 if the user cancelled.
 };

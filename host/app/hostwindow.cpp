@@ -44,7 +44,7 @@ constexpr int titleHeight = 18;
 constexpr int titleFontPixels = 12;
 constexpr int windowButtonsWidth = 120;  // kept free at the right of the title
 constexpr qint64 silentImport = 1000;    // milliseconds
-constexpr int longestHold = 30000;       // milliseconds that changes by others wait for a name to be typed
+constexpr int longestHold = 30000;       // milliseconds; changes by others are held back while a name is typed
 const QString splitterKey = QStringLiteral("window/panel");
 
 }  // namespace
@@ -65,7 +65,7 @@ HostWindow::HostWindow(LibrarySession& session, IVLTagManagerPlugin& plugin, QWi
 
 HostWindow::~HostWindow()
 {
-    // A name dialog may be open still; the library goes on without this window.
+    // A name dialog may still be open, and the library outlives this window.
     m_session.library().releaseNews();
 }
 
@@ -148,12 +148,12 @@ void HostWindow::setUpContent(IVLTagManagerPlugin& plugin)
 {
     m_splitter = new QSplitter(contentWidget());
     m_splitter->setChildrenCollapsible(false);
-    // The panel paints the line between them; the handle's place for the pointer is wider than the handle.
+    // The panel paints the separator; QSplitter makes the sensitive area wider than the handle.
     m_splitter->setHandleWidth(0);
     m_files = new FilePanel(m_splitter);
     m_tagWindow = plugin.createTagManagerWidget(m_splitter);
     m_tagWindow->setMinimumWidth(smallestTagWindow);
-    // The files stand at the left, so that the tag window's buttons stay in the window's upper right corner.
+    // The file panel is on the left, so that the window buttons stay in the upper right corner.
     m_splitter->addWidget(m_files);
     m_splitter->addWidget(m_tagWindow);
     m_splitter->setStretchFactor(1, 1);
@@ -245,7 +245,7 @@ void HostWindow::connectAnswers()
 
 void HostWindow::showImportProgress(int done, int found)
 {
-    // Bringing a known library up to date is silent unless it takes long.
+    // Updating a known library shows nothing unless it takes long.
     if (m_session.choice().isNew || m_importTime.elapsed() > silentImport)
         m_importBar->showProgress(done, found);
 }
@@ -264,7 +264,7 @@ void HostWindow::showSkippedFiles()
 {
     auto* dialog = new SkippedFilesDialog(m_session.skippedFiles(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->open();
+    dialog->show();
 }
 
 void HostWindow::showRefusal(const IResponseInfo& answer)
@@ -293,7 +293,7 @@ void HostWindow::closeFiles()
 {
     const bool hadFocus = m_files->isAncestorOf(focusWidget());
     m_files->hide();
-    // Left to itself, the focus goes to whatever comes next in the tab order.
+    // Qt would move the focus to the next widget in the tab order.
     if (hadFocus && m_focusBeforeFiles && m_focusBeforeFiles->isVisible())
         m_focusBeforeFiles->setFocus(Qt::OtherFocusReason);
 }

@@ -20,8 +20,8 @@ class LibrarySession;
 class NoticeBar;
 class QSplitter;
 
-/// The host's window around the plug-in's: the frame, the files beside the tags, how an import goes, and what could not
-/// be done.
+/// The main window: a frame around the plug-in's window, with the file panel beside it and the bars for imports and
+/// refused requests below. GUI thread only.
 ///
 /// The session must outlive the window.
 class HostWindow : public FrameWindow
@@ -29,23 +29,23 @@ class HostWindow : public FrameWindow
     Q_OBJECT
 
 public:
-    /// \a plugin has been given its providers already.
+    /// \a plugin must have its providers.
     HostWindow(LibrarySession& session, IVLTagManagerPlugin& plugin, QWidget* parent = nullptr);
     ~HostWindow() override;
 
-    /// Null once the plug-in's window is gone.
+    /// The plug-in's window; null once it is deleted.
     [[nodiscard]] IVLTagManagerWidget* tagWindow() const;
-    /// Null once the plug-in's window is gone, and for a plug-in without this interface.
+    /// Its control interface; null once the window is deleted, and for a plug-in without this interface.
     [[nodiscard]] IVLTagManagerControl* tagManager() const;
     [[nodiscard]] FilePanel* filePanel() const { return m_files; }
 
-    /// Where the window stood the last time; on close it is kept from then on.
+    /// Restores the saved geometry. From now on, closing the window saves it.
     void restoreGeometryKept();
-    /// Starts the import, if there is one to do, and tells of it. upToDate() follows.
+    /// Starts the import, if there is one to do, and shows its progress. upToDate() is emitted at the end.
     void startImport();
 
 signals:
-    /// The import has ended, well or not, and what there is to say of it is shown.
+    /// The import has ended or failed, and its outcome is shown.
     void upToDate();
 
 protected:
@@ -78,13 +78,13 @@ private:
     LibrarySession& m_session;
     ElidedLabel* m_title = nullptr;
     QSplitter* m_splitter = nullptr;
-    QPointer<QWidget> m_focusBeforeFiles;  ///< Had the focus before the file panel got it.
+    QPointer<QWidget> m_focusBeforeFiles;  ///< The widget that had the focus before the file panel.
     FilePanel* m_files = nullptr;
     QPointer<IVLTagManagerWidget> m_tagWindow;
     ImportBar* m_importBar = nullptr;
     NoticeBar* m_noticeBar = nullptr;
     FilePresenter* m_presenter = nullptr;
-    int m_missing = 0;           ///< Pictures that the last import missed.
-    QElapsedTimer m_importTime;  ///< Since the import began.
+    int m_missing = 0;           ///< Number of pictures that the last import did not find.
+    QElapsedTimer m_importTime;  ///< Since the import was started.
     bool m_keepsGeometry = false;
 };

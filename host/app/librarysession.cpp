@@ -45,7 +45,7 @@ bool LibrarySession::startImport(const ImportOptions& options)
 void LibrarySession::importNext(const ImportSummary& summary)
 {
     m_summary.add(summary);
-    // The last folder may have been complete when the cancel came.
+    // The importer may have finished its folder before it was cancelled.
     if (m_isCancelled && !m_folders.isEmpty() && m_summary.error.isEmpty())
         m_summary.cancelled = true;
     if (!m_folders.isEmpty() && m_summary.error.isEmpty() && !m_summary.cancelled)

@@ -26,16 +26,16 @@ public:
 
     [[nodiscard]] Library& library() const { return *m_library; }
     [[nodiscard]] const LibraryChoice& choice() const { return m_choice; }
-    /// What the last import left out, at most maxSkipped entries.
+    /// The files that the last import left out, at most maxSkipped.
     [[nodiscard]] const QVector<SkippedFile>& skippedFiles() const { return m_skipped; }
     static constexpr int maxSkipped = 10'000;
 
-    /// Starts to import the folders, if there are any. True when importFinished() will follow.
+    /// Starts to import the folders, if there are any. Returns true if importFinished() will be emitted.
     bool startImport(const ImportOptions& options = {});
 
 public slots:
     void cancelImport();
-    /// Imports again and takes the pictures that are missing out of the library. Does nothing while an import runs.
+    /// Imports again and removes missing pictures from the library. Does nothing while an import runs.
     void forgetMissing();
 
 signals:
@@ -50,10 +50,10 @@ private:
 
     LibraryChoice m_choice;
     std::unique_ptr<Library> m_library;
-    std::unique_ptr<Importer> m_importer;  ///< Uses the library, so it goes first.
+    std::unique_ptr<Importer> m_importer;  ///< Uses the library, so it is destroyed first.
     QVector<SkippedFile> m_skipped;
     ImportOptions m_options;
-    QVector<QByteArray> m_folders;  ///< Still to be imported, one after the other.
-    ImportSummary m_summary;        ///< Of those imported.
-    bool m_isCancelled = false;     ///< Also between two folders, when the importer is idle.
+    QVector<QByteArray> m_folders;  ///< Not imported yet, in order.
+    ImportSummary m_summary;        ///< Sum of the folders imported so far.
+    bool m_isCancelled = false;     ///< Also set between two folders, when the importer is idle.
 };

@@ -18,7 +18,7 @@
 
 namespace {
 
-// Where the settings are kept follows from these names.
+// QSettings derives its path from these names.
 void nameApplication()
 {
     QCoreApplication::setOrganizationName(QStringLiteral("vellum"));

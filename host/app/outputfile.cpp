@@ -33,7 +33,7 @@ bool writeInto(const QByteArray& path, const QByteArray& content)
     return close(descriptor) == 0 && written;
 }
 
-// The permissions of a new file.
+// The permissions that open() gives a new file.
 mode_t usualPermissions()
 {
     const mode_t mask = umask(0);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Work is handed on through the event loop at most this often in a row without showing: a timer, a layout, a repaint.
+// The longest chain of queued steps of which none is visible to the filter: a timer, a layout, a repaint.
 constexpr int roundsOfRest = 4;
 
 }  // namespace

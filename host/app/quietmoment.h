@@ -5,8 +5,8 @@
 
 class QWidget;
 
-/// Waits until a window has come to rest: until the event loop has gone round several times without a change of layout,
-/// a repaint, a timer of no delay or a message between objects in that window. GUI thread only.
+/// Waits until a window is idle: until several turns of the event loop have passed without a layout, a repaint, a timer
+/// or a queued call in that window. GUI thread only.
 class QuietMoment : public QObject
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class QuietMoment : public QObject
 public:
     explicit QuietMoment(QWidget& window, QObject* parent = nullptr);
 
-    /// reached() follows.
+    /// Answered by reached().
     void wait();
 
 signals:

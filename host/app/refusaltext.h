@@ -5,5 +5,5 @@
 
 #include <QString>
 
-/// What could not be done, and \a reason, as sentences for a person.
+/// Sentences for the user that say which change was refused, and \a reason.
 [[nodiscard]] QString refusalText(ChangeKind kind, const QString& reason);

@@ -8,7 +8,7 @@ class HostWindow;
 class QuietMoment;
 struct CommandLine;
 
-/// Renders a window to a PNG once the library is up to date and the window has come to rest. GUI thread only.
+/// Renders a window to a PNG file. GUI thread only.
 class Screenshot : public QObject
 {
     Q_OBJECT
@@ -17,12 +17,11 @@ public:
     /// Both must outlive this object.
     Screenshot(HostWindow& window, const CommandLine& commandLine, QObject* parent = nullptr);
 
-    /// Goes to the page, types the search, waits for the window to come to rest and writes the file; finished()
-    /// follows.
+    /// Waits until the window is idle, renders it and writes the file. Emits finished().
     void take();
 
 signals:
-    /// \a error is empty when the file has been written.
+    /// \a error is in words for the user; empty if the file was written.
     void finished(const QString& error);
 
 private:

@@ -36,7 +36,7 @@ bool TagManagerLoader::load(const QString& file, QString* error)
             return false;
         }
     }
-    // A bare name would be searched for in Qt's own plug-in folders.
+    // QPluginLoader searches Qt's own plug-in folders for a relative name.
     m_loader.setFileName(QFileInfo(chosen).absoluteFilePath());
     return checkMetaData(chosen, error) && instantiate(error);
 }

@@ -16,12 +16,12 @@ class TagManagerLoader
     Q_DECLARE_TR_FUNCTIONS(TagManagerLoader)
 
 public:
-    /// Where the plug-in is looked for when the user names none, in this order: the build tree, then the place of the
-    /// installation, both relative to the folder of the program, \a programDir.
+    /// The paths that are tried if the user names none, in order: the build tree, then the installation, both relative
+    /// to \a programDir, the folder of the program.
     [[nodiscard]] static QStringList defaultFiles(const QString& programDir);
 
-    /// Loads \a file, or the first of the default files that exists when it is empty. On failure false, and \a error
-    /// says why in words for the user.
+    /// Loads \a file, or the first of the default files that exists if it is empty. Returns false on failure, with the
+    /// reason in words for the user in \a error.
     bool load(const QString& file, QString* error);
 
     /// Null until load() has succeeded; owned by Qt's plug-in loader.

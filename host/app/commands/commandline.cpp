@@ -17,12 +17,12 @@
 
 namespace {
 
-// Logical pixels; a picture of a larger window would exhaust memory.
+// Logical pixels; the image of a larger window would exhaust memory.
 constexpr int largestSide = 16384;
 constexpr double smallestScale = 0.5;
 constexpr double largestScale = 8.0;
 
-// The parser sees each byte of an argument as one character, so that every byte comes back unchanged.
+// Latin-1 maps each byte to one character, so that the parser returns every byte unchanged.
 QStringList argumentsAsLatin1(int argc, const char* const* argv)
 {
     QStringList arguments;
@@ -46,7 +46,7 @@ QString pageNames()
     return QCoreApplication::translate("CommandLine", "%1 or %2").arg(names.join(QLatin1String(", ")), last);
 }
 
-/// Reads one command line; every step leaves its complaint in the result.
+/// Parses one command line; each step stores its error in the result.
 class Reader
 {
     Q_DECLARE_TR_FUNCTIONS(CommandLine)

@@ -10,9 +10,9 @@
 
 namespace {
 
-// The event loops of three threads, three connections to the library with log and index, the computer's own notes.
+// Event loops of three threads, three connections to the library with log and index, the state of this computer.
 constexpr int ofTheProgram = 24;
-// A socket, both ends while it is being started, and the files that it is given ahead.
+// A socket, both ends of it during the start, and the files that are sent ahead.
 constexpr int ofEachReader = 10;
 
 struct DescriptorLimit

@@ -3,7 +3,6 @@
 
 #include <QString>
 
-/// Why this process cannot open what an import with \a readers reader processes needs; empty when it can. The toolkit
-/// ends the program without a word for the person when a thread finds no descriptor for its event loop, so this is
-/// asked before there is an application object.
+/// The error if this process cannot open as many files as an import with \a readers reader processes needs; empty if it
+/// can. Qt aborts if a thread has no descriptor for its event loop, so call this before creating an application object.
 [[nodiscard]] QString lackOfDescriptors(int readers);

@@ -20,10 +20,10 @@
 
 namespace {
 
-// As a shell reports a program ended by the interrupt key: 128 and the number of SIGINT.
+// As shells report a program terminated by SIGINT: 128 plus its number.
 constexpr int exitInterrupted = 130;
 
-/// Progress in one line of the terminal, rewritten in place; nothing when stderr is no terminal.
+/// Progress in one line of the terminal, rewritten in place; nothing if stderr is no terminal.
 class ProgressLine
 {
 public:
@@ -62,7 +62,7 @@ int statusOf(const ImportSummary& summary)
     return summary.cancelled ? exitInterrupted : 0;
 }
 
-/// Whether they could be written.
+/// Returns false if they could not be written.
 bool printTotals(const ImportSummary& summary)
 {
     const int printed =
@@ -102,7 +102,7 @@ ImportSummary importFolder(Library& library, const CommandLine& commandLine)
 
 int runImportCommand(const CommandLine& commandLine)
 {
-    // Checked first: a wrong name must leave no library behind.
+    // Checked first, so that a wrong name creates no library.
     if (!canonicalFolder(commandLine.folder)) {
         printError("There is no folder " + commandLine.folder);
         return CommandLine::exitUsage;

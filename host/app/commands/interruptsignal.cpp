@@ -12,7 +12,7 @@ namespace {
 
 constexpr int caughtSignals[] = {SIGINT, SIGTERM};
 
-// Written to by the handler, which may call async-signal-safe functions only.
+// The signal handler may call async-signal-safe functions only, so it writes to a pipe.
 int pipeEnds[2] = {-1, -1};
 struct sigaction previousActions[2];
 

@@ -5,8 +5,8 @@
 
 class QSocketNotifier;
 
-/// Turns SIGINT and SIGTERM into a signal of the event loop, once: a second one ends the program, so that a person can
-/// always end it. One at a time; the handlers found before come back when it is destroyed.
+/// Emits the first SIGINT or SIGTERM from the event loop; a second one terminates the program. At most one instance at
+/// a time; the destructor restores the previous handlers.
 class InterruptSignal : public QObject
 {
     Q_OBJECT
@@ -22,5 +22,5 @@ private slots:
     void readPipe();
 
 private:
-    QSocketNotifier* m_notifier = nullptr;  ///< Null when nothing is caught.
+    QSocketNotifier* m_notifier = nullptr;  ///< Null if the handler could not be installed.
 };

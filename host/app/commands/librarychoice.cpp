@@ -70,7 +70,7 @@ void LibraryChoice::choose(const CommandLine& commandLine)
         else if (commandLine.libraryFile.isEmpty())
             followMove(folderlibrary::movedRoot(folder), commandLine.relocate);
     } else if (folderlibrary::foldersOf(file).contains(folder)) {
-        // On a disk that is away at the moment: what is known of its pictures can still be looked at.
+        // Its disk is not connected; what the library knows of its pictures can still be shown.
         absentFolders = {folder};
     } else {
         error = tr("There is no folder %1").arg(shown(commandLine.folder));
@@ -103,7 +103,8 @@ void LibraryChoice::followMove(const std::optional<MovedRoot>& found, const std:
 {
     if (!found)
         return;
-    // The one library that was named, or is known to be that of the folder, is no question on a new computer.
+    // A root without a mount on this computer, in the library that was named or belongs to the folder, needs no
+    // confirmation.
     const bool isCertain = found->from.isEmpty() && found->libraryFile == file;
     if (!isCertain && relocate && !*relocate)
         return;

@@ -11,33 +11,33 @@
 class QSettings;
 struct CommandLine;
 
-/// Which library is opened, and the folders that it is brought up to date from. Paths in the file system's bytes.
+/// The library to open and the folders to import into it. Paths in the file system's bytes.
 struct LibraryChoice
 {
     Q_DECLARE_TR_FUNCTIONS(LibraryChoice)
 
 public:
-    QByteArray file;              ///< Database; created when there is a folder and no such file.
-    QVector<QByteArray> folders;  ///< Absolute; empty when the library is opened as it is.
-    /// Folders that the library would be brought up to date from, were they there.
+    QByteArray file;              ///< Database; created if it does not exist and there is a folder.
+    QVector<QByteArray> folders;  ///< Absolute; empty if nothing is imported.
+    /// Roots of the library that do not exist at the moment.
     QVector<QByteArray> absentFolders;
-    bool rereads = false;  ///< Every picture is to be read again.
-    QString error;         ///< Why there is nothing to open, in words for the user; empty otherwise.
+    bool rereads = false;  ///< Read every picture again.
+    QString error;         ///< Why no library can be opened, in words for the user; empty if one can.
     bool isNew = false;    ///< The file does not exist yet.
-    /// Nothing was named, and nothing that was opened before is there any more: there is an error, but a person may
-    /// still choose.
+    /// No library was named, and none was opened before or it is gone. There is an error, which asking the user for a
+    /// folder can resolve.
     bool isUndecided = false;
-    /// The folder named seems to be a root of this library that was moved. Unless it was asked before whether that is
-    /// so (CommandLine::relocate), there is an error, but a person may still answer.
+    /// The folder seems to be a moved root of this library. Without an answer in CommandLine::relocate there is an
+    /// error, which asking the user can resolve.
     std::optional<MovedRoot> moved;
 
-    /// What the command line names, else what was opened last.
+    /// Chooses the library that the command line names, else the last one opened.
     [[nodiscard]] static LibraryChoice make(const CommandLine& commandLine, const QSettings& settings);
-    /// Remembers this choice for the next start.
+    /// Stores this choice for the next start.
     void save(QSettings& settings) const;
-    /// Once the library is open: tells where its root is that was moved, if one was. \a libraryId is Library::id().
+    /// Stores the new place of the moved root, if there is one. \a libraryId is Library::id() of the open library.
     void mountMoved(const QString& libraryId) const;
-    /// The name that the user knows the library by.
+    /// The name of the library for the user.
     [[nodiscard]] QString title() const;
 
 private:

@@ -60,7 +60,7 @@ void RecordPrinter::write(const QByteArray& bytes)
     m_fine = m_fine && fwrite(bytes.constData(), 1, size, stdout) == size;
 }
 
-/// Each prints one list and answers why it could not be read; empty when it was.
+/// Each prints one list and returns the error; empty on success.
 QString printTags(LibraryReader& reader, RecordPrinter& printer)
 {
     const auto tags = reader.tags();
@@ -104,7 +104,7 @@ void printFile(const FileRow& file, const QStringList& tags, RecordPrinter& prin
 
 QString printFiles(LibraryReader& reader, RecordPrinter& printer)
 {
-    // An import may go on meanwhile.
+    // An import may run at the same time.
     const LibraryReader::Snapshot snapshot(reader);
     const auto tags = reader.tags();
     if (!tags)

@@ -11,7 +11,7 @@ namespace {
 
 void printMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    // Whoever calls this ends the program itself after a fatal message.
+    // Qt aborts after the handler of a fatal message.
     std::fprintf(stderr, "%s\n", escapedText(qFormatLogMessage(type, context, message).toUtf8()).constData());
 }
 

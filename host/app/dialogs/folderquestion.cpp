@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/dialogs/folderquestion.h"
 
-#include "host/app/widgets/flatbuttonstyle.h"
+#include "host/app/widgets/framedmessagebox.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
 
@@ -45,10 +44,9 @@ std::optional<bool> askWhetherMoved(const QByteArray& from, const QByteArray& to
 {
     if (!canAsk())
         return std::nullopt;
-    QMessageBox question;
+    FramedMessageBox question;
     question.setObjectName(QStringLiteral("moved_folder_question"));
     question.setWindowTitle(FolderQuestion::tr("Moved Folder — Vellum"));
-    question.setTextFormat(Qt::PlainText);
     question.setText(FolderQuestion::tr("Was this folder moved?"));
     question.setInformativeText(
         FolderQuestion::tr("The pictures in\n%1\nwere in\n%2\nand are not there any more. Their tags and "
@@ -58,7 +56,6 @@ std::optional<bool> askWhetherMoved(const QByteArray& from, const QByteArray& to
     QPushButton* const no = question.addButton(FolderQuestion::tr("Another Folder"), QMessageBox::NoRole);
     question.addButton(FolderQuestion::tr("Cancel"), QMessageBox::RejectRole);
     question.setDefaultButton(yes);
-    question.setStyleSheet(flatButtonStyle());
     question.exec();
     if (question.clickedButton() != yes && question.clickedButton() != no)
         return std::nullopt;

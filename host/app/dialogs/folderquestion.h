@@ -5,11 +5,10 @@
 
 #include <optional>
 
-/// Asks the person at the display which folder of pictures to open, and returns when that is answered. The path is in
-/// the file system's bytes; empty when the person does not want one. Nothing when there is no display to ask on.
-/// Needs a QApplication; GUI thread only.
+/// Asks the user which folder of pictures to open, in a modal dialog. Returns the path in the file system's bytes,
+/// empty if the user cancels; nothing if there is no display. Needs a QApplication; GUI thread only.
 [[nodiscard]] std::optional<QByteArray> askForPictureFolder();
 
-/// Asks the person at the display whether the folder \a from was moved to \a to: true or false, nothing when the person
-/// answers neither or when there is no display. As askForPictureFolder() otherwise.
+/// Asks the user whether the folder \a from was moved to \a to, in a modal dialog. Returns nothing if the user cancels
+/// or if there is no display. Needs a QApplication; GUI thread only.
 [[nodiscard]] std::optional<bool> askWhetherMoved(const QByteArray& from, const QByteArray& to);

@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/dialogs/missingpicturesquestion.h"
 
-#include "host/app/widgets/flatbuttonstyle.h"
-
 #include <QLocale>
 #include <QPushButton>
 
 MissingPicturesQuestion::MissingPicturesQuestion(int count, QWidget* parent)
-    : QMessageBox(parent)
+    : FramedMessageBox(parent)
 {
     setObjectName(QStringLiteral("missing_pictures_question"));
     setWindowTitle(tr("Remove Missing Pictures"));
-    setTextFormat(Qt::PlainText);
     setText(count == 1 ? tr("Remove 1 missing picture from the library?")
                        : tr("Remove %1 missing pictures from the library?").arg(QLocale().toString(count)));
     setInformativeText(tr("Their tags are forgotten. No file is touched."));
@@ -19,6 +16,5 @@ MissingPicturesQuestion::MissingPicturesQuestion(int count, QWidget* parent)
     QPushButton* const keep = addButton(tr("Keep"), QMessageBox::RejectRole);
     setDefaultButton(keep);
     setEscapeButton(keep);
-    setStyleSheet(flatButtonStyle());
     connect(remove, &QPushButton::clicked, this, &MissingPicturesQuestion::removalConfirmed);
 }

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QMessageBox>
+#include "host/app/widgets/framedmessagebox.h"
 
-/// Asks whether missing pictures shall leave the library. Escape and Enter keep them.
-class MissingPicturesQuestion : public QMessageBox
+/// Asks whether to remove missing pictures from the library. Escape and Enter keep them.
+class MissingPicturesQuestion : public FramedMessageBox
 {
     Q_OBJECT
 
 public:
-    /// \a count pictures are missing.
+    /// \a count is the number of missing pictures.
     explicit MissingPicturesQuestion(int count, QWidget* parent = nullptr);
 
 signals:

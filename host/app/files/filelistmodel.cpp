@@ -10,7 +10,7 @@ namespace {
 constexpr int thumbnailBytes = 96 * 1024 * 1024;
 constexpr int entryOverhead = 64;  // bytes of bookkeeping, roughly
 
-// Tool tips take text for markup when it looks like it.
+// Tool tips interpret text that looks like markup.
 QString pathToolTip(const QByteArray& path)
 {
     const QString text = QString::fromUtf8(path).toHtmlEscaped();
@@ -88,7 +88,7 @@ void FileListModel::forgetThumbnails()
 bool FileListModel::needsThumbnail(int row) const
 {
     const qint64 file = m_ids.at(row);
-    // Without a place on this computer it is relative, and would lead into the working directory.
+    // The path of a file whose root is not mounted is relative and would be resolved in the working directory.
     return path(row).startsWith('/') && (!m_thumbnails.contains(file) || m_outdated.contains(file));
 }
 

@@ -13,8 +13,8 @@
 
 /// The files that are shown, one row each. GUI thread only.
 ///
-/// Starts with the ids alone; paths and thumbnails are filled in for the rows that are looked at. Thumbnails are held
-/// up to a number of bytes: those shown longest ago are forgotten and are Pending again.
+/// Holds ids at first; paths and thumbnails are filled in for the rows in sight. Thumbnails are cached up to a number
+/// of bytes; the least recently shown are evicted and become Pending again.
 class FileListModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -29,26 +29,26 @@ public:
 
     explicit FileListModel(QObject* parent = nullptr);
 
-    /// Replaces all rows, each id at most once. Paths that stay are still known; their thumbnails are shown until they
-    /// have been loaded anew.
+    /// Replaces all rows; ids must be unique. Files that stay keep their path, and their thumbnail until a newer one is
+    /// set.
     void setFiles(const QVector<qint64>& ids);
-    /// Fills in what was asked for; files of \a ids that are not among \a files are Missing.
+    /// Sets the paths of \a ids; files that are not among \a files become Missing.
     void setPaths(const QVector<qint64>& ids, const QVector<FileRow>& files);
-    /// Does nothing for a file that is not shown.
+    /// Ignored for a file that is not in the model.
     void setThumbnail(qint64 id, const Thumbnail& thumbnail);
-    /// Makes every row Pending, because thumbnails of another size are needed.
+    /// Makes every row Pending, for thumbnails of another size.
     void forgetThumbnails();
 
-    /// The id of the file in \a row, for which setPaths() is to be called from now on.
+    /// Marks the path of \a row as requested, and returns the id for which setPaths() is then expected.
     qint64 askForPath(int row);
     [[nodiscard]] qint64 id(int row) const { return m_ids.at(row); }
     /// Empty while not known.
     [[nodiscard]] QByteArray path(int row) const { return m_paths.value(m_ids.at(row)).path; }
-    /// True until somebody has asked for the path.
+    /// True until askForPath() is called.
     [[nodiscard]] bool needsPath(int row) const { return !m_paths.contains(m_ids.at(row)); }
     /// True when the path is known and the thumbnail is not, or may be out of date.
     [[nodiscard]] bool needsThumbnail(int row) const;
-    /// What the thumbnail in \a row was made of.
+    /// Source of the cached thumbnail of \a row.
     [[nodiscard]] Thumbnail::Source thumbnailSource(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
@@ -64,7 +64,8 @@ private:
     void changed(int row);
 
     QVector<qint64> m_ids;
-    QHash<qint64, KnownFile> m_paths;                ///< Of the files asked for.
-    QSet<qint64> m_outdated;                         ///< Thumbnails that may show an older state of the file.
-    mutable QCache<qint64, Thumbnail> m_thumbnails;  ///< By id, costs in bytes; reading marks an entry as used.
+    QHash<qint64, KnownFile> m_paths;  ///< Files whose path was requested.
+    QSet<qint64> m_outdated;           ///< Files whose thumbnail may be out of date.
+    mutable QCache<qint64, Thumbnail>
+        m_thumbnails;  ///< By id, cost in bytes; mutable, as reading marks an entry as used.
 };

@@ -11,7 +11,7 @@ class QStackedWidget;
 class QToolButton;
 class WrappedLabel;
 
-/// The files that the user asked for, under a line that says which ones; or a message in their place.
+/// Shows the requested files, or a message in their place, below a title.
 class FilePanel : public QWidget
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ public:
     /// All texts are shown as plain text.
     void setTitle(const QString& title);
     void showMessage(const QString& message);
-    /// A sentence below the files; empty for none. Goes with the next files.
+    /// A sentence below the files; empty for none. showMessage() removes it.
     void setNotice(const QString& notice);
     void showFiles(const QVector<qint64>& ids, bool keepPlace);
 
@@ -35,7 +35,7 @@ public:
     [[nodiscard]] bool isHeaderAt(const QPoint& pos) const;
 
 signals:
-    /// The user wants the panel away.
+    /// The user closed the panel.
     void closeRequested();
 
 private:

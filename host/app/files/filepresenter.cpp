@@ -107,7 +107,7 @@ void FilePresenter::ask(bool keepPlace)
 void FilePresenter::showAnswer(const QVector<qint64>& ids, const QString& error, bool keepPlace)
 {
     m_asking = false;
-    // A deleted one has no name any more.
+    // A deleted tag or category has no name.
     const QString name = nameAskedFor();
     if (!name.isEmpty())
         m_name = name;
@@ -134,7 +134,7 @@ void FilePresenter::fillPaths(const QVector<qint64>& ids)
 
 void FilePresenter::openFile(const QByteArray& path)
 {
-    // A file whose root has no place on this computer has a relative path.
+    // The path of a file whose root is not mounted is relative.
     struct stat status = {};
     const bool isThere = path.startsWith('/') && ::stat(path.constData(), &status) == 0;
     const QString type = isThere && S_ISREG(status.st_mode) ? PictureFile::pictureType(path) : QString();

@@ -10,7 +10,7 @@
 class FilePanel;
 class Library;
 
-/// Answers the user's requests for files: asks the library and fills the panel, and keeps it up to date while it is
+/// Queries the library for the files that the user requests, fills the panel, and keeps it up to date while it is
 /// shown. GUI thread only. Both objects must outlive this one.
 class FilePresenter : public QObject
 {
@@ -21,11 +21,11 @@ public:
 
     void showTagFiles(const QVector<qint64>& tagIds);
     void showCategoryFiles(const QVector<qint64>& categoryIds);
-    /// Tells what to do when the library has no tags; leaves files that are shown alone. hintDecided() follows.
+    /// Shows a hint in the panel if the library has no tags and no files are shown. Emits hintDecided().
     void showHintIfEmpty();
 
 signals:
-    /// The hint is shown, or there is no need for it.
+    /// The hint is shown or not needed.
     void hintDecided();
 
 private:
@@ -37,15 +37,15 @@ private:
     void fillPaths(const QVector<qint64>& ids);
     void openFile(const QByteArray& path);
     [[nodiscard]] QString titleFor(int files) const;
-    /// The name of the only tag or category asked for; empty when there are several or it is gone.
+    /// Name of the only tag or category in the query; empty if there are several or it was deleted.
     [[nodiscard]] QString nameAskedFor() const;
     [[nodiscard]] bool hasTags() const;
 
     Library& m_library;
     FilePanel& m_panel;
     FileQuery m_query;
-    QString m_name;  ///< Of the one tag or category asked for, which may be deleted while its files are shown.
-    quint64 m_generation = 0;  ///< Counts what was asked for, so that late answers can be told.
+    QString m_name;            ///< Last known name of the only tag or category in the query.
+    quint64 m_generation = 0;  ///< Number of the last query, to drop answers to earlier ones.
     bool m_asking = false;
-    bool m_outdated = false;  ///< The library's files changed while an answer was under way.
+    bool m_outdated = false;  ///< The library's files changed while a query was pending.
 };

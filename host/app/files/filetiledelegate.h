@@ -6,7 +6,7 @@
 struct FileTileLayout;
 struct Thumbnail;
 
-/// Paints the tile of one file: its thumbnail, or what stands for it, and its name.
+/// Paints the tile of one file: its thumbnail or a placeholder, and its name.
 class FileTileDelegate : public QAbstractItemDelegate
 {
     Q_OBJECT

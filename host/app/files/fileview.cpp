@@ -62,7 +62,7 @@ void FileView::setPaths(const QVector<qint64>& ids, const QVector<FileRow>& file
 
 bool FileView::event(QEvent* event)
 {
-    // The window may have come to a screen of another scale.
+    // The new screen may have another scale.
     if (event->type() == QEvent::ScreenChangeInternal)
         m_request.start();
     return QListView::event(event);
@@ -88,13 +88,13 @@ void FileView::hideEvent(QHideEvent* event)
 
 void FileView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles)
 {
-    // QListView would lay out all rows again, although all tiles keep their size.
+    // QListView::dataChanged() would lay out all rows again, although no tile changes its size.
     QAbstractItemView::dataChanged(topLeft, bottomRight, roles);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void FileView::updateGeometries()
 {
-    // Also called after each batch of the layout, when rows in sight may have got their places.
+    // Also called after each batch of the layout, which may have placed rows in sight.
     QListView::updateGeometries();
     if (m_placeToRestore > 0 && m_placeToRestore <= verticalScrollBar()->maximum())
         verticalScrollBar()->setValue(std::exchange(m_placeToRestore, 0));
@@ -103,8 +103,8 @@ void FileView::updateGeometries()
 
 void FileView::setUpGrid()
 {
-    // The layout of list mode keeps one position for each row; that of icon mode sorts all rows into a tree, which
-    // stalls the window for a tenth of a second with a million files.
+    // List mode stores one position per row; icon mode sorts all rows into a tree, which blocks the window for 0.1 s
+    // with a million files.
     setViewMode(QListView::ListMode);
     setFlow(QListView::LeftToRight);
     setWrapping(true);

@@ -22,15 +22,15 @@ public:
     explicit FileView(QWidget* parent = nullptr);
     ~FileView() override;
 
-    /// Shows these files instead. \a keepPlace: stays where the user has scrolled to, as far as there are files.
+    /// Replaces the files. \a keepPlace keeps the scroll position, as far as there are files.
     void setFiles(const QVector<qint64>& ids, bool keepPlace);
     /// The answer to filesNeeded().
     void setPaths(const QVector<qint64>& ids, const QVector<FileRow>& files);
 
 signals:
-    /// These files have come into sight or near it: setPaths() is to be called for them.
+    /// The paths of these files are needed, as they are in sight or near it; answered by setPaths().
     void filesNeeded(const QVector<qint64>& ids);
-    /// The user wants to open this file.
+    /// The user double-clicked this file.
     void fileActivated(const QByteArray& path);
     /// No thumbnail can be made on this system, for \a reason. Emitted once.
     void thumbnailsUnavailable(const QString& reason);
@@ -52,7 +52,7 @@ private:
 
     FileListModel* m_model = nullptr;
     ThumbnailLoader* m_loader = nullptr;
-    QTimer m_request;          ///< Gathers all reasons of one turn of the event loop into one request.
-    int m_placeToRestore = 0;  ///< Logical pixels scrolled, until the layout reaches there again; 0 for none.
+    QTimer m_request;          ///< Coalesces the requests of one turn of the event loop.
+    int m_placeToRestore = 0;  ///< Scroll position in logical pixels to restore once the layout reaches it; 0 for none.
     int m_pixels = 0;          ///< Side of the thumbnails in the model, device pixels.
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/files/pictureopener.h"
 
-// A word of Qt's that GLib uses as a name.
+// GLib uses Qt's keyword as a name.
 #pragma push_macro("signals")
 #undef signals
 #include <gio/gdesktopappinfo.h>

@@ -4,18 +4,18 @@
 #include <QImage>
 #include <QMetaType>
 
-/// A small picture of a file, or why there is none.
+/// A small picture of a file, or the reason why there is none.
 struct Thumbnail
 {
     enum State
     {
         Pending,  ///< Not loaded yet.
         Loaded,
-        Unreadable,  ///< No picture that can be decoded, too large a one, or one that does harm.
-        Missing,     ///< No such file, or not to be opened.
-        Unchanged    ///< An answer only: the thumbnail that the request names is up to date.
+        Unreadable,  ///< Cannot be decoded: no picture, too large, or its reader process failed.
+        Missing,     ///< The file does not exist or cannot be opened.
+        Unchanged    ///< Answers only: the thumbnail of the request's source is up to date.
     };
-    /// The state of the file that was read, to tell whether it has changed.
+    /// The state of the file when it was read, to detect changes.
     struct Source
     {
         qint64 modified = -1;  ///< Nanoseconds since 1970-01-01 UTC; -1 when no file was read.

@@ -11,10 +11,10 @@
 
 namespace {
 
-// Milliseconds. The thread ends at once, unless it hangs in opening a file on a disk that does not answer.
+// Milliseconds. The thread ends at once unless open() blocks on a disk that does not respond.
 constexpr unsigned long closingLimit = 2000;
 
-// One core stays free for the window; one picture that takes its time does not hold up the others.
+// One core is left to the window. At least two, so that a slow picture does not delay the others.
 int processCount()
 {
     return std::max(2, QThread::idealThreadCount() - 1);
@@ -48,7 +48,7 @@ ThumbnailLoader::ThumbnailLoader(QObject* parent, const ReaderProcess::Settings&
 ThumbnailLoader::~ThumbnailLoader()
 {
     m_thread->quit();
-    // A thread that hangs is left to the end of the program.
+    // A blocked thread is leaked until the program ends.
     if (m_thread->wait(closingLimit))
         delete m_thread;
 }

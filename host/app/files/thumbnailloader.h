@@ -15,35 +15,35 @@ class ThumbnailWorker;
 /// A file whose thumbnail is wanted.
 struct ThumbnailRequest
 {
-    qint64 id = 0;    ///< Of the file, free to choose; at most one load of a file runs at a time.
+    qint64 id = 0;    ///< Chosen by the caller; at most one load per id runs at a time.
     QByteArray path;  ///< In the file system's bytes.
-    /// Of the thumbnail in that size that the sender has already; the answer is Unchanged if the file still is.
+    /// Source of the thumbnail of that size that the caller has; the answer is Unchanged if the file still is.
     Thumbnail::Source known = {};
 };
 
-/// Loads thumbnails in confined processes, so that a picture can do harm to its own thumbnail at most. GUI thread only,
-/// which is never blocked.
+/// Loads thumbnails in confined processes, so that a malicious picture affects its own thumbnail only. GUI thread only;
+/// never blocks it.
 ///
-/// Only what is wanted is loaded, in the order wanted: a new wish replaces what has not begun.
+/// Loads the requested files in their order. A new request replaces those that have not been started.
 class ThumbnailLoader : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The running program, which answers thumbnailReaderOption by runThumbnailReader().
+    /// Starts the running program with thumbnailReaderOption, which must call runThumbnailReader().
     [[nodiscard]] static ReaderProcess::Settings defaultSettings();
 
     explicit ThumbnailLoader(QObject* parent = nullptr, const ReaderProcess::Settings& settings = defaultSettings());
-    /// Ends what is being decoded.
+    /// Terminates the reader processes.
     ~ThumbnailLoader() override;
 
-    /// The files to load next, the most urgent first, to fit \a pixels device pixels.
+    /// The files to load next, the most urgent first, to fit a square of \a pixels device pixels.
     void setWanted(const QVector<ThumbnailRequest>& files, int pixels);
 
 signals:
-    /// \a pixels is the size that was wanted. May come for a file that is no longer wanted.
+    /// \a pixels is the requested size. May be emitted for a file that is no longer requested.
     void thumbnailLoaded(qint64 id, int pixels, const Thumbnail& thumbnail);
-    /// There are no thumbnails on this system, for \a reason. Emitted once.
+    /// No thumbnail can be made on this system, for \a reason. Emitted once.
     void unavailable(const QString& reason);
 
 private:
@@ -51,9 +51,9 @@ private:
     void handleLoaded(qint64 id, int pixels, const Thumbnail& thumbnail);
 
     QThread* m_thread;
-    ThumbnailWorker* m_worker;  ///< Lives on the thread and ends with it.
+    ThumbnailWorker* m_worker;  ///< Lives on the thread, which deletes it.
     int m_processes;
     QVector<ThumbnailRequest> m_wanted;  ///< The most urgent last.
-    QSet<qint64> m_running;              ///< One for each process at most.
+    QSet<qint64> m_running;              ///< At most one id per process.
     int m_pixels = 0;
 };

@@ -43,7 +43,7 @@ void ThumbnailWorker::load(const ThumbnailRequest& request, int pixels)
     }
 }
 
-// The one with the least to do, which is nothing as long as no more is asked for than there are processes.
+// The process with the fewest pending files: an idle one, as the loader sends no more files than there are processes.
 ReaderProcess* ThumbnailWorker::freeProcess()
 {
     const auto least = std::min_element(m_processes.begin(), m_processes.end(),
@@ -61,7 +61,7 @@ ReaderProcess* ThumbnailWorker::freeProcess()
 
 void ThumbnailWorker::handleAnswer(ReaderProcess* process, int index, const QByteArray& answer)
 {
-    // Given up when another process could not be started.
+    // The job was failed when another process could not be started.
     if (!m_jobs.contains(index))
         return;
     const std::optional<QImage> image = ThumbnailPixels::fromBytes(answer, m_jobs.value(index).pixels);

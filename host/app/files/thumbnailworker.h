@@ -13,8 +13,8 @@
 
 struct ThumbnailRequest;
 
-/// Opens files and has reader processes make thumbnails of them. Lives on a thread with an event loop, which it may
-/// block while it opens a file. The processes are started when they are needed, and kept.
+/// Opens files and passes them to reader processes, which make the thumbnails. Lives on a thread with an event loop,
+/// which it may block while it opens a file. Processes are started on demand and kept.
 class ThumbnailWorker : public QObject
 {
     Q_OBJECT

@@ -3,5 +3,5 @@
 
 #include <QString>
 
-/// Style sheet of the buttons beside the tag manager: flat, in the skin's colours.
+/// Style sheet of the program's own buttons: flat, in the skin's colours.
 QString flatButtonStyle();

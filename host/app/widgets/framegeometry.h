@@ -6,17 +6,17 @@
 
 #include <QtGlobal>
 
-/// The arithmetic of a frame that the user drags by its edges. All lengths in logical pixels.
+/// Geometry of a frame that is resized by its edges. All lengths in logical pixels.
 namespace FrameGeometry {
 
-/// The edges that a press at \a pos takes hold of: within \a border of an edge, or, along an edge, within \a corner of
-/// its end, both edges that meet there. None inside the frame or beyond it.
+/// The edges that a press at \a pos drags: the edge within \a border, and both edges of a corner within \a corner along
+/// an edge. None inside or outside the frame.
 [[nodiscard]] Qt::Edges edgesAt(const QSize& frame, const QPoint& pos, int border, int corner);
 
-/// The pointer that tells the user what dragging these edges does.
+/// The cursor for dragging these edges.
 [[nodiscard]] Qt::CursorShape cursorShape(Qt::Edges edges);
 
-/// \a start with \a edges moved by \a delta; the opposite edges stay where they are, also at the \a minimum size.
+/// \a start with \a edges moved by \a delta; the opposite edges are fixed, also at the \a minimum size.
 [[nodiscard]] QRect resized(const QRect& start, Qt::Edges edges, const QPoint& delta, const QSize& minimum);
 
 }  // namespace FrameGeometry

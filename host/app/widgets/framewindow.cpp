@@ -19,13 +19,13 @@ constexpr int cornerRadius = 8;
 
 }  // namespace
 
-FrameWindow::FrameWindow(QWidget* parent)
-    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint)
+FrameWindow::FrameWindow(QWidget* parent, Qt::WindowType type)
+    : QWidget(parent, type | Qt::FramelessWindowHint | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint)
     , m_content(new QWidget(this))
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setMouseTracking(true);
-    // Children inherit the frame's pointer unless something between them says otherwise.
+    // Otherwise children would inherit the cursor of the frame.
     m_content->setCursor(Qt::ArrowCursor);
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(0);
@@ -124,7 +124,7 @@ Qt::Edges FrameWindow::edgesAt(const QPoint& pos) const
 
 void FrameWindow::beginMove()
 {
-    // Once the window system moves the window, it keeps the pointer's events to itself.
+    // While the window system moves the window, no pointer events are delivered.
     m_drag = windowHandle()->startSystemMove() ? Drag::None : Drag::Move;
 }
 

@@ -5,8 +5,8 @@
 #include <QRect>
 #include <QWidget>
 
-/// A top-level window without the system's title bar: a thin rounded border of its own, edges and corners to resize by,
-/// and areas to move it by. Moving and resizing are left to the window system where it offers that.
+/// A top-level window without the system's title bar: it paints a thin rounded border and is resized by its edges and
+/// corners and moved by areas that subclasses define. The window system moves and resizes it where it can.
 ///
 /// All lengths in logical pixels.
 class FrameWindow : public QWidget
@@ -14,21 +14,22 @@ class FrameWindow : public QWidget
     Q_OBJECT
 
 public:
-    explicit FrameWindow(QWidget* parent = nullptr);
+    /// \a type is Qt::Window or Qt::Dialog.
+    explicit FrameWindow(QWidget* parent = nullptr, Qt::WindowType type = Qt::Window);
 
-    /// Where the content goes; stays clear of the border.
+    /// Parent of the content, inside the border.
     [[nodiscard]] QWidget* contentWidget() const { return m_content; }
 
 signals:
-    /// The window became maximised or normal again, whatever the cause.
+    /// The window was maximised or restored, by whatever means.
     void maximizedChanged(bool maximized);
 
 public slots:
     void toggleMaximized();
 
 protected:
-    /// True where dragging moves the window and a double click maximises or restores it. \a pos is relative to the
-    /// window; asked only for presses that no widget has taken.
+    /// Whether dragging from \a pos, relative to the window, moves it and a double click maximises or restores it.
+    /// Called only for presses that no widget accepted.
     [[nodiscard]] virtual bool isMoveArea(const QPoint& pos) const;
 
     void changeEvent(QEvent* event) override;
@@ -56,6 +57,6 @@ private:
     QWidget* m_content = nullptr;
     Drag m_drag = Drag::None;
     Qt::Edges m_edges;
-    QPoint m_pressPos;      ///< Of the pointer, on the screen.
-    QRect m_startGeometry;  ///< Of the window, when the drag began.
+    QPoint m_pressPos;      ///< Position of the pointer on the screen.
+    QRect m_startGeometry;  ///< Geometry of the window at the start of the drag.
 };

@@ -9,7 +9,7 @@ class QProgressBar;
 class QPushButton;
 class WrappedLabel;
 
-/// A strip at the window's foot that tells how an import goes and how it ended. Hidden while there is nothing to tell.
+/// A bar at the bottom of the window that shows the progress and the outcome of an import. Hidden without either.
 class ImportBar : public QWidget
 {
     Q_OBJECT
@@ -17,19 +17,19 @@ class ImportBar : public QWidget
 public:
     explicit ImportBar(QWidget* parent = nullptr);
 
-    /// \a found of 0 means that the files are still being looked for.
+    /// Shows \a done of \a found files as read; \a done of 0 means that files are still being searched for.
     void showProgress(int done, int found);
-    /// Shows errors, files left out, and pictures that are missing or away; hides the bar when there is nothing of it.
-    /// Files that could not be read at earlier imports either are no news.
+    /// Shows errors, files left out, and pictures that are missing or away; hides the bar if there are none. Files that
+    /// earlier imports could not read either do not count.
     void showOutcome(const ImportSummary& summary);
-    /// Shows that the folders, each a path, are not there, now and with every outcome.
+    /// Shows that \a folders, each a name, do not exist, now and with every later outcome.
     void showAbsence(const QStringList& folders);
 
 signals:
     void cancelRequested();
-    /// The user wants to see which files were left out.
+    /// The user asked for the list of files that were left out.
     void skippedRequested();
-    /// The user wants the missing pictures out of the library.
+    /// The user asked to remove missing pictures from the library.
     void removalRequested();
 
 private:

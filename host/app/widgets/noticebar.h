@@ -6,8 +6,8 @@
 
 class WrappedLabel;
 
-/// A strip at the window's foot that says what could not be done and why. It leaves on a click, and by itself after a
-/// while in which it could be read; one that lies below a dialog, or below the pointer, stays.
+/// A bar at the bottom of the window that shows why a request failed. It closes on a click and after a time to read it,
+/// unless a dialog is open or the pointer is on it.
 class NoticeBar : public QWidget
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ class NoticeBar : public QWidget
 public:
     explicit NoticeBar(QWidget* parent = nullptr);
 
-    /// Shows \a text, as plain text, in place of an earlier one.
+    /// Replaces the text by \a text, as plain text, and shows the bar.
     void showNotice(const QString& text);
 
 protected:

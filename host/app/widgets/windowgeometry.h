@@ -30,6 +30,6 @@ void resizeOnScreen(QWidget& window, const QSize& size);
 /// \a wanted, moved and cut so that it lies within \a screen.
 [[nodiscard]] QRect insideScreen(const QRect& wanted, const QRect& screen);
 
-/// \a kept when enough of its top can be seen and reached on one of \a screens (their available areas), made to fit
-/// that screen; otherwise a rectangle of \a fallback size in the middle of the first screen.
+/// \a kept, cut to the size of its screen, if enough of its top is on one of \a screens (their available areas) to drag
+/// it; otherwise a rectangle of \a fallback size in the centre of the first screen.
 [[nodiscard]] QRect placedOnScreen(const QRect& kept, const QSize& fallback, const QVector<QRect>& screens);

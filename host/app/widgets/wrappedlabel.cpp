@@ -24,7 +24,7 @@ WrappedLabel::WrappedLabel(QWidget* parent)
 
 void WrappedLabel::setText(const QString& text)
 {
-    // The line feeds and tabs of a name are spaces here.
+    // Line feeds and tabs of a name are shown as spaces.
     m_text = text.simplified();
     setAccessibleName(m_text);
     updateGeometry();

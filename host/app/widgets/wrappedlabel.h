@@ -5,8 +5,8 @@
 
 class QTextLayout;
 
-/// Plain text on as many lines as it needs, broken between words, and inside a word that is wider than the label; so a
-/// sentence with a file name in it is shown whole. Takes its colour and font from the widget.
+/// Plain text on as many lines as it needs, wrapped between words, and inside a word that is wider than the label, such
+/// as a file name. Uses the colour and font of the widget.
 class WrappedLabel : public QWidget
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// Lays the lines out for a label of that width, in logical pixels; returns their height.
+    /// Lays out the lines for a label of \a width and returns their height; logical pixels.
     qreal layOut(QTextLayout& layout, int width) const;
 
     QString m_text;
