@@ -3,6 +3,7 @@
 
 #include "dialogs/cpopuptitlebarwidget.h"
 #include "dialogs/styletext.h"
+#include "widgets/roundedmask.h"
 
 #include <vlskinsetting.h>
 
@@ -13,8 +14,8 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int kTitleBarMargin = 4;  // Logical pixels.
-constexpr int kCornerRadius = 8;    // Logical pixels.
+constexpr int titleBarMargin = 4;  // Logical pixels.
+constexpr int cornerRadius = 8;    // Logical pixels.
 }  // namespace
 
 CPopupDialog::CPopupDialog(QWidget* parent, bool closeButton, bool logo, bool title, bool movable, bool deleteOnClose)
@@ -58,6 +59,12 @@ void CPopupDialog::slotCloseBtnClicked(bool checked)
     close();
 }
 
+void CPopupDialog::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    setMask(roundedMask(size(), cornerRadius));
+}
+
 void CPopupDialog::paintEvent(QPaintEvent* event)
 {
     Q_UNUSED(event)
@@ -77,7 +84,7 @@ void CPopupDialog::buildFrame(bool closeButton, bool logo, bool title, bool mova
     mainLayout->setContentsMargins(0, 0, 0, 0);
     mainLayout->addWidget(m_mainWidget);
 
-    m_titleBar = new CPopupTitleBarWidget(closeButton, logo, title, movable, kTitleBarMargin, m_mainWidget);
+    m_titleBar = new CPopupTitleBarWidget(closeButton, logo, title, movable, titleBarMargin, m_mainWidget);
     m_titleBar->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     if (closeButton)
         connect(m_titleBar, SIGNAL(signalCloseBtnClicked(bool)), this, SLOT(slotCloseBtnClicked(bool)));
@@ -97,6 +104,6 @@ void CPopupDialog::styleFrame()
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
     m_mainWidget->setStyleSheet(QLatin1String("#wid_main{background-color:") +
                                 colorText(skin->GetPopupWinBackgroundColor()) + QLatin1String(";border-radius:") +
-                                QString::number(kCornerRadius) + QLatin1String("px;border:1px solid; border-color:") +
+                                QString::number(cornerRadius) + QLatin1String("px;border:1px solid; border-color:") +
                                 colorText(skin->GetPopupWinBorderColor()) + QLatin1String(";}"));
 }

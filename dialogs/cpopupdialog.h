@@ -32,6 +32,7 @@ public slots:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void buildFrame(bool closeButton, bool logo, bool title, bool movable);

@@ -8,7 +8,7 @@
 #include <QWindow>
 
 namespace {
-constexpr int kElementSize = 22;  // Logical pixels: fills a bar of 30 with a margin of 4.
+constexpr int elementSize = 22;  // Logical pixels: fills a bar of 30 with a margin of 4.
 }  // namespace
 
 CTitleBarWidget::CTitleBarWidget(bool closeButton, bool logo, bool title, bool movable, int margin, QWidget* parent)
@@ -55,7 +55,7 @@ void CTitleBarWidget::buildElements()
 {
     m_logo = new QLabel(this);
     m_logo->setObjectName(QStringLiteral("title_bar_logo"));
-    m_logo->setFixedSize(kElementSize, kElementSize);
+    m_logo->setFixedSize(elementSize, elementSize);
 
     m_title = new QLabel(this);
     m_title->setObjectName(QStringLiteral("title_bar_title"));
@@ -64,7 +64,7 @@ void CTitleBarWidget::buildElements()
     m_closeButton = new QPushButton(this);
     m_closeButton->setObjectName(QStringLiteral("title_bar_close_btn"));
     m_closeButton->setAccessibleName(tr("Close"));
-    m_closeButton->setFixedSize(kElementSize, kElementSize);
+    m_closeButton->setFixedSize(elementSize, elementSize);
     m_closeButton->setFocusPolicy(Qt::NoFocus);
     connect(m_closeButton, &QPushButton::clicked, this, &CTitleBarWidget::signalCloseBtnClicked);
 }

@@ -16,12 +16,12 @@
 
 namespace {
 // The body of VLMessageBox, in logical pixels.
-constexpr int kBodyWidth = 300;
-constexpr int kBodyHeight = 70;
-constexpr int kBodyFontSize = 13;
+constexpr int bodyWidth = 300;
+constexpr int bodyHeight = 70;
+constexpr int bodyFontSize = 13;
 
 // More characters than the body can ever show, so that measuring does not grow with the name.
-constexpr int kMostCharacters = 200;
+constexpr int mostCharacters = 200;
 
 QString filled(const QString& translatedTemplate, const QString& name, int count)
 {
@@ -34,14 +34,14 @@ QString filled(const QString& translatedTemplate, const QString& name, int count
 bool fitsBody(const QString& richText)
 {
     QFont font;
-    font.setPixelSize(kBodyFontSize);
+    font.setPixelSize(bodyFontSize);
     QTextDocument document;
     document.setDefaultFont(font);
     document.setDocumentMargin(0);
     document.setDefaultTextOption(QTextOption(Qt::AlignCenter));
     document.setHtml(richText);
-    document.setTextWidth(kBodyWidth);
-    return document.idealWidth() <= kBodyWidth && document.size().height() <= kBodyHeight;
+    document.setTextWidth(bodyWidth);
+    return document.idealWidth() <= bodyWidth && document.size().height() <= bodyHeight;
 }
 
 /// Where the characters of a text begin, as a reader counts them, and its end.
@@ -67,11 +67,11 @@ QString shownName(const QString& translatedTemplate, const QString& name, int co
 {
     const QVector<int> boundaries = characterBoundaries(name);
     const int characters = boundaries.size() - 1;
-    if (characters <= kMostCharacters && fitsBody(filled(translatedTemplate, name, count)))
+    if (characters <= mostCharacters && fitsBody(filled(translatedTemplate, name, count)))
         return name;
 
     int fitting = 1;
-    int tooMany = std::min(characters, kMostCharacters);
+    int tooMany = std::min(characters, mostCharacters);
     while (tooMany - fitting > 1) {
         const int kept = (fitting + tooMany) / 2;
         if (fitsBody(filled(translatedTemplate, keepEnds(name, boundaries, kept), count)))

@@ -8,34 +8,34 @@
 
 namespace {
 // Direction controls, named as in the Unicode Bidirectional Algorithm (UAX #9).
-constexpr ushort kAlm = 0x061C;
-constexpr ushort kLrm = 0x200E;
-constexpr ushort kRlm = 0x200F;
-constexpr ushort kLre = 0x202A;
-constexpr ushort kPdf = 0x202C;
-constexpr ushort kRlo = 0x202E;
-constexpr ushort kLri = 0x2066;
-constexpr ushort kFsi = 0x2068;
-constexpr ushort kPdi = 0x2069;
+constexpr ushort alm = 0x061C;
+constexpr ushort lrm = 0x200E;
+constexpr ushort rlm = 0x200F;
+constexpr ushort lre = 0x202A;
+constexpr ushort pdf = 0x202C;
+constexpr ushort rlo = 0x202E;
+constexpr ushort lri = 0x2066;
+constexpr ushort fsi = 0x2068;
+constexpr ushort pdi = 0x2069;
 
 // QTextDocument keeps these two for the ends of its frames.
-constexpr ushort kFrameBegin = 0xFDD0;
-constexpr ushort kFrameEnd = 0xFDD1;
+constexpr ushort frameBegin = 0xFDD0;
+constexpr ushort frameEnd = 0xFDD1;
 
 bool isDirectionControl(QChar c)
 {
     const ushort u = c.unicode();
-    return u == kAlm || u == kLrm || u == kRlm || (u >= kLre && u <= kRlo) || (u >= kLri && u <= kPdi);
+    return u == alm || u == lrm || u == rlm || (u >= lre && u <= rlo) || (u >= lri && u <= pdi);
 }
 
 bool opensEmbedding(ushort u)
 {
-    return u >= kLre && u <= kRlo && u != kPdf;
+    return u >= lre && u <= rlo && u != pdf;
 }
 
 bool opensIsolate(ushort u)
 {
-    return u >= kLri && u <= kFsi;
+    return u >= lri && u <= fsi;
 }
 
 /// What every direction control in a name that is still open needs to be closed with, the innermost last.
@@ -46,12 +46,12 @@ public:
     bool accept(ushort u)
     {
         if (opensEmbedding(u))
-            m_closers.append(kPdf);
+            m_closers.append(pdf);
         else if (opensIsolate(u))
-            m_closers.append(kPdi);
-        else if (u == kPdf)
+            m_closers.append(pdi);
+        else if (u == pdf)
             return closeEmbedding();
-        else if (u == kPdi)
+        else if (u == pdi)
             return closeIsolate();
         return true;
     }
@@ -66,7 +66,7 @@ public:
 private:
     bool closeEmbedding()
     {
-        if (m_closers.isEmpty() || m_closers.last() != kPdf)
+        if (m_closers.isEmpty() || m_closers.last() != pdf)
             return false;
         m_closers.removeLast();
         return true;
@@ -75,7 +75,7 @@ private:
     /// Ends the embeddings inside the isolate, too.
     bool closeIsolate()
     {
-        const int isolate = m_closers.lastIndexOf(kPdi);
+        const int isolate = m_closers.lastIndexOf(pdi);
         if (isolate < 0)
             return false;
         m_closers.resize(isolate);
@@ -95,7 +95,7 @@ QString isolated(const QString& name)
         if (open.accept(c.unicode()))
             balanced.append(c);
     }
-    return QChar(kFsi) + balanced + open.closers() + QChar(kPdi);
+    return QChar(fsi) + balanced + open.closers() + QChar(pdi);
 }
 
 /// One run of lines, so that no part of the sentence around becomes a paragraph with a direction of its own.
@@ -116,8 +116,8 @@ bool losesWhiteSpace(const QString& name)
 QString typedNameAsRichText(const QString& name)
 {
     QString shown = name;
-    shown.replace(QChar(kFrameBegin), QChar(QChar::ReplacementCharacter));
-    shown.replace(QChar(kFrameEnd), QChar(QChar::ReplacementCharacter));
+    shown.replace(QChar(frameBegin), QChar(QChar::ReplacementCharacter));
+    shown.replace(QChar(frameEnd), QChar(QChar::ReplacementCharacter));
     QString html = isolated(shown).toHtmlEscaped();
     if (!losesWhiteSpace(shown))
         return html;

@@ -2,8 +2,9 @@
 #include "dialogs/vlmessagebox.h"
 
 #include "dialogs/lowlabel.h"
-#include "dialogs/plaintooltip.h"
 #include "dialogs/styletext.h"
+#include "widgets/plaintooltip.h"
+#include "widgets/roundedmask.h"
 
 #include <vlskinsetting.h>
 
@@ -20,6 +21,8 @@
 #include <algorithm>
 
 namespace {
+constexpr int cornerRadius = 10;  // Logical pixels.
+
 QFont pixelFont(int pixelSize)
 {
     QFont font;
@@ -201,6 +204,7 @@ void VLMessageBox::translateForm()
 void VLMessageBox::placeElements()
 {
     setFixedSize(364, 225);
+    setMask(roundedMask(size(), cornerRadius));
     m_titleLabel->setGeometry(0, 30, 364, 17);
     m_bodyLabel->setGeometry(30, 76, 300, 70);
     m_closeButton->setGeometry(330, 10, 16, 16);
@@ -228,7 +232,8 @@ void VLMessageBox::applySkin()
     const QColor border = skin->GetPopupWinBorderColor();
     m_mainWidget->setStyleSheet(
         QLatin1String("#main_wid{background-color:") + colorText(skin->GetPopupWinBackgroundColor()) +
-        QLatin1String(";border-radius:10px;border:1px solid; border-color:") + colorText(border) +
+        QLatin1String(";border-radius:") + QString::number(cornerRadius) +
+        QLatin1String("px;border:1px solid; border-color:") + colorText(border) +
         QLatin1String(";}QPushButton{border:1px solid transparent;padding:0px;}QPushButton:hover,QPushButton:focus"
                       "{border-color:") +
         colorText(text) + QLatin1String(";}"));

@@ -6,7 +6,7 @@
 class QLabel;
 class QPushButton;
 
-/// Asks the user to confirm something or tells something: a title, a body and one to three buttons.
+/// Asks the user to confirm something or informs of something: a title, a body and one to three buttons.
 ///
 /// Deletes itself when closed. GUI thread only, but for signExecInThread(). With the keyboard: Left and Right move
 /// between the buttons, Enter presses one, Escape does what the close button does.

@@ -16,7 +16,7 @@
 #include <QPushButton>
 
 namespace {
-constexpr int kMaximumNameLength = 20;  // UTF-16 code units.
+constexpr int maximumNameLength = 20;  // UTF-16 code units.
 
 QFont pixelFont(int pixelSize)
 {
@@ -213,7 +213,7 @@ bool VLTagModifyWidget::checkTagName(const QString& name)
         return false;
     if (exists)
         return rejectName(m_tagExistsTip);
-    if (name.size() > kMaximumNameLength)
+    if (name.size() > maximumNameLength)
         return rejectName(m_tagTooLongTip);
     return true;
 }
@@ -222,7 +222,7 @@ bool VLTagModifyWidget::checkGroupName(const QString& name)
 {
     if (name.isEmpty())
         return rejectName(m_groupEmptyTip);
-    if (name.size() > kMaximumNameLength)
+    if (name.size() > maximumNameLength)
         return rejectName(m_groupTooLongTip);
     const QPointer<VLTagModifyWidget> self(this);
     const bool exists = !VLTagManagerSingleton::instance()->tagGroupByName(name).isNull();

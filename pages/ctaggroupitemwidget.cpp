@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "pages/ctaggroupitemwidget.h"
 
-#include "dialogs/plaintooltip.h"
 #include "pages/vlgrouplabel.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/tagdrag.h"
+#include "widgets/plaintooltip.h"
 
 #include <itagmanagerdataprovider.h>
 #include <ivltagmanagercontrol.h>

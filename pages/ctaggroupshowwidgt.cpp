@@ -141,6 +141,18 @@ CTagGroupItemWidget* CTagGroupShowWidgt::selectedTile() const
     return tile == m_tiles.cend() ? nullptr : *tile;
 }
 
+QModelIndex CTagGroupShowWidgt::indexOfSelectedTile() const
+{
+    const CTagGroupItemWidget* tile = selectedTile();
+    return tile ? model()->index(m_providers.indexOf(tile->provider()), 0) : QModelIndex();
+}
+
+void CTagGroupShowWidgt::layOutIfDue()
+{
+    if (m_layoutDue)
+        doItemsLayout();
+}
+
 void CTagGroupShowWidgt::doItemsLayout()
 {
     m_layoutDue = false;

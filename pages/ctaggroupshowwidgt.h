@@ -42,6 +42,10 @@ public:
     [[nodiscard]] CTagGroupItemWidget* selectedTile() const;
     /// The tile of a category; null when it has none.
     [[nodiscard]] CTagGroupItemWidget* tileOf(qint64 g_id) const { return m_tiles.value(g_id); }
+    /// Invalid when none is.
+    [[nodiscard]] QModelIndex indexOfSelectedTile() const;
+    /// Lays out now what waits for the event loop.
+    void layOutIfDue();
 
     /// Lays the tiles out and asks for the height that they take.
     void doItemsLayout() override;
@@ -87,7 +91,7 @@ private:
     /// In the order of the tiles: row i shows provider i.
     QVector<QSharedPointer<ITagGroupDataProvider>> m_providers;
     bool m_showAddTile = true;
-    /// The name by which row i was placed; always sorted, whatever the host's names are by now.
+    /// The name by which row i was placed. Sorted, while the names of the host may have changed since.
     QVector<QString> m_sortNames;
     QHash<qint64, CTagGroupItemWidget*> m_tiles;
     NewestReading<const ITagGroupDataProvider*> m_nameReadings;

@@ -47,7 +47,7 @@ bool DragScroller::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
         auto* drag = static_cast<QDragMoveEvent*>(event);
         const bool isChip = isChipDrag(drag);
-        // To be told of moves, the first event has to be accepted. A drop is only let go on while the area scrolls:
+        // Move events follow only when the enter event was accepted. A drop is accepted while the area scrolls only:
         // what lies below the pointer changes then without a move.
         drag->setAccepted(isChip && (event->type() == QEvent::DragEnter || stepAt(drag->pos().y()) != 0));
         if (isChip)
@@ -65,7 +65,7 @@ void DragScroller::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() != m_timer.timerId())
         return;
-    // A target that goes is not told that the drag has left it.
+    // A target that is deleted or hidden gets no leave event.
     if (!m_target || !m_target->isVisible()) {
         setDragTarget(nullptr, nullptr);
         return;
@@ -89,7 +89,7 @@ int DragScroller::stepAt(int y) const
     return up > 0 ? -up : step(m_area->viewport()->height() - 1 - y);
 }
 
-/// The pointer rests while the tiles move below it: without a word the old tile would get the drop.
+/// The pointer rests while the tiles move below it: without a move event the old tile would get the drop.
 void DragScroller::moveDrag() const
 {
     QWindow* window = m_area->window()->windowHandle();

@@ -35,7 +35,7 @@ public:
     /// position stays.
     void rebuild() override;
 
-    /// Scrolls to a tag's chip and makes it the current one of its list, after whatever waits to be read or laid out.
+    /// Scrolls to a tag's chip and makes it the current one of its list. What waits to be read or laid out comes first.
     /// False when the page does not show the tag, or is hidden itself.
     bool revealTag(qint64 tag_id);
     /// The tags that the search shows, the closest first; \a limit at the most, none without a search.
@@ -67,7 +67,7 @@ protected:
     void attachOverlayBar();
     /// Makes the create button at the right end of the title row; what a click does is left to the page.
     QPushButton* makeCreateButton();
-    /// Makes an empty list that forwards the wish to see files; owned by the page.
+    /// Makes an empty list whose requests to show files the page forwards; owned by the page.
     VLTagGroupListView* makeList(bool drag);
     /// Appends \a content to the scroll area's content; a rebuild brings all kept content back in the order of the
     /// keys.

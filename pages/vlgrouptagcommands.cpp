@@ -6,6 +6,7 @@
 #include "dialogs/vltagmodifywidget.h"
 #include "pages/ctaggroupshowwidgt.h"
 #include "pages/groupcommands.h"
+#include "pages/tilescrollarea.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "widgets/menupopup.h"
 
@@ -20,7 +21,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
-#include <QScrollArea>
 #include <QScrollBar>
 
 // The context menu of the categories page and what a person can do to a category.
@@ -117,7 +117,7 @@ void VLGroupTagWidget::askForDeletion(qint64 g_id, const QString& name, int tagC
         "The tag category<font color='%1'> %2 </font>is associated with<font color='%3'> %4 </font>tags，Are you sure "
         "you want to delete it?<font style='font-size:12px' color='%5'> (The tags will not be deleted.) </font>");
     auto* box = new VLMessageBox(window());
-    // The host may delete the tag window alone; nobody would hear the answer.
+    // The host may delete the tag window alone; the answer would have no receiver.
     connect(this, &QObject::destroyed, box, &QObject::deleteLater);
     connect(box, &VLMessageBox::signalResult, this, [this, g_id](VLMessageBox::ReturnValue value) {
         if (value == VLMessageBox::Confirm)

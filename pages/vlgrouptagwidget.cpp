@@ -4,6 +4,7 @@
 #include "pages/ctaggroupitemwidget.h"
 #include "pages/ctaggroupshowwidgt.h"
 #include "pages/dragscroller.h"
+#include "pages/tilescrollarea.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/chipscrollarea.h"
 #include "taglist/vltaggrouplistview.h"
@@ -23,7 +24,6 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -146,7 +146,7 @@ void VLGroupTagWidget::makeGroupList()
 
 QLayout* VLGroupTagWidget::makeCategoryHalf()
 {
-    m_groupScrollArea = new QScrollArea(this);
+    m_groupScrollArea = new TileScrollArea(m_groupList, this);
     m_groupScrollArea->setObjectName(QStringLiteral("tag_group_scroll"));
     m_groupScrollArea->setFocusPolicy(Qt::ClickFocus);
     m_groupScrollArea->setFrameShape(QFrame::NoFrame);
@@ -319,9 +319,7 @@ bool VLGroupTagWidget::selectGroup(qint64 g_id)
     tile->select();
     if (!tile)
         return false;
-    // The tiles that came last are laid out from the event loop.
-    m_groupList->doItemsLayout();
-    m_groupScrollWidget->layout()->activate();
+    m_groupScrollArea->layOutContent();
     m_groupScrollArea->ensureWidgetVisible(tile, 0, 0);
     return true;
 }

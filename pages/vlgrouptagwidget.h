@@ -19,7 +19,7 @@ class QAction;
 class QLabel;
 class QLayout;
 class QMenu;
-class QScrollArea;
+class TileScrollArea;
 
 /// The Tag Categories page: the categories as tiles on the left, the tags of the selected one on the right.
 ///
@@ -38,10 +38,11 @@ public:
     /// order. Null pointers are allowed. O(n log n) in the number of categories.
     void initialise(const QSharedPointer<ITagGroupDataProvider>& root,
                     const QVector<QSharedPointer<ITagGroupDataProvider>>& groups);
-    /// Shows these categories of the shared state and spreads the news. Unknown ones and those already shown are
-    /// ignored.
+    /// Shows these categories of the shared state and notifies the other lists through it. Unknown ones and those that
+    /// are shown already are ignored.
     void addGroups(const QVector<qint64>& g_ids);
-    /// Takes these categories away and spreads the news. When the selected one goes, the fixed category is selected.
+    /// Removes these categories and notifies the other lists through the shared state. When the selected one goes, the
+    /// fixed category is selected.
     void removeGroups(const QVector<qint64>& g_ids);
 
     /// The id in the record of the category that is selected; taggroupid::none without one.
@@ -95,7 +96,7 @@ private:
     void deleteGroup(qint64 g_id);
 
     CTagGroupItemWidget* m_rootTile = nullptr;
-    QScrollArea* m_groupScrollArea = nullptr;
+    TileScrollArea* m_groupScrollArea = nullptr;
     QWidget* m_groupScrollWidget = nullptr;
     QLabel* m_nameLabel = nullptr;
     QLabel* m_selectedCountLabel = nullptr;

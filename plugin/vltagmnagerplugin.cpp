@@ -62,7 +62,10 @@ bool VLTagMnagerPlugin::deactivate()
 
 IVLTagManagerWidget* VLTagMnagerPlugin::createTagManagerWidget(QWidget* parent)
 {
-    return new VLTagManagerWidget(parent);
+    const QPointer<QWidget> owner(parent);
+    auto* window = new VLTagManagerWidget(parent);
+    // The host may delete the parent, and the window with it, from inside what the window reads while it is built.
+    return parent && !owner ? nullptr : window;
 }
 
 void VLTagMnagerPlugin::setDataProvider(const QSharedPointer<ILibraryDataProvider>& provider)

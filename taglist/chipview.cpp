@@ -4,13 +4,16 @@
 #include "taglist/sortfilterproxymodel.h"
 #include "taglist/taglistrow.h"
 #include "widgets/inview.h"
+#include "widgets/plaintooltip.h"
 
 #include <QApplication>
 #include <QCursor>
+#include <QHelpEvent>
 #include <QHoverEvent>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -296,10 +299,23 @@ bool ChipView::viewportEvent(QEvent* event)
     case QEvent::HoverLeave:
         setHoveredIndex({});
         break;
+    case QEvent::ToolTip:
+        showToolTip(static_cast<QHelpEvent*>(event));
+        return true;
     default:
         break;
     }
     return QListView::viewportEvent(event);
+}
+
+/// Of a chip that is cut because it is wider than the view.
+void ChipView::showToolTip(const QHelpEvent* event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    if (index.isValid() && visualRect(index).right() >= viewport()->width())
+        QToolTip::showText(event->globalPos(), plainToolTip(tagAt(index).name), viewport());
+    else
+        QToolTip::hideText();
 }
 
 void ChipView::followPointerSoon()

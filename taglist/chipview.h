@@ -13,6 +13,8 @@
 
 #include <vector>
 
+class QHelpEvent;
+
 /// A wrapping flow of chips that is exactly as tall as they need and never scrolls. GUI thread only.
 ///
 /// Each chip is a TagListRow of a QStandardItemModel, seen through a SortFilterProxyModel. Where a chip stands is known
@@ -95,6 +97,7 @@ private:
     [[nodiscard]] ChipFlow& flow() const;
     void fitHeight();
     static void followPointer();
+    void showToolTip(const QHelpEvent* event);
     void setHoveredIndex(const QModelIndex& index);
     void updateChip(const QModelIndex& index);
     void paintChip(QPainter* painter, QStyleOptionViewItem option, const QModelIndex& index) const;

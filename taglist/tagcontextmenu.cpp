@@ -144,14 +144,14 @@ void TagContextMenu::arrange(bool inCategory)
     m_menu->addAction(m_delete);
 }
 
-void TagContextMenu::open(bool isFavorite, int colorIndex, const QPoint& place)
+void TagContextMenu::open(bool isFavorite, int colorIndex, const QRect& item)
 {
     m_groupMenu->menuAction()->setEnabled(m_groupList->count() > 0);
     m_favorite->setText(isFavorite ? VLTagGroupListView::tr("Cancel set as Favorite Tag")
                                    : VLTagGroupListView::tr("Set as Favorite Tag"));
     m_colorRow->setSelected(colorIndex);
     fitGroupMenu();
-    popUpMenu(m_menu, place);
+    popUpMenuBeside(m_menu, item);
 }
 
 void TagContextMenu::close()

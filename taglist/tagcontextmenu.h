@@ -11,13 +11,13 @@
 
 class QAction;
 class QMenu;
-class QPoint;
+class QRect;
 class QWidget;
 class QWidgetAction;
 class VLGroupListMenu;
 class VLTagColorAction;
 
-/// The context menu of a tag. It knows entries and their order; what they do is left to whoever hears the signals.
+/// The context menu of a tag. It knows the entries and their order; receivers of its signals do what the entries say.
 class TagContextMenu : public QObject
 {
     Q_OBJECT
@@ -36,8 +36,9 @@ public:
 
     /// Puts the entries in their order. \a inCategory: the tags shown can be removed from their category.
     void arrange(bool inCategory);
-    /// Pops the menu up at \a place, in logical pixels of the screen. \a colorIndex: the swatch to mark.
-    void open(bool isFavorite, int colorIndex, const QPoint& place);
+    /// Pops the menu up beside \a item, in logical pixels of the screen, or at its corner when it is empty.
+    /// \a colorIndex: the swatch to mark.
+    void open(bool isFavorite, int colorIndex, const QRect& item);
     void close();
     [[nodiscard]] VLGroupListMenu* groupList() const { return m_groupList; }
 

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] const TagItem& tag() const { return m_tag; }
     /// Replaces the record and reports the change as the model's dataChanged().
     void setTag(TagItem item);
-    /// Replaces the record by one of the same name. Nobody is told: the caller reports the change where it matters.
+    /// Replaces the record by one of the same name. Emits nothing: the caller notifies where it matters.
     void replaceTag(TagItem item);
 
     [[nodiscard]] QVariant data(int role) const override;

@@ -29,7 +29,7 @@ public:
     /// Connects the changes of a tag's data to the owner.
     using Follow = std::function<QMetaObject::Connection(const ITagDataProvider& provider, qint64 tag_id)>;
 
-    /// Without \a follow somebody else hears of changes and reports them with noteChanged().
+    /// Without \a follow the owner receives the signals of changes and calls noteChanged().
     TagReader(QObject* owner, Follow follow);
     ~TagReader();
 

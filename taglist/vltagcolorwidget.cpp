@@ -5,8 +5,8 @@
 
 namespace {
 // Logical pixels.
-constexpr int kSwatchSize = 21;
-constexpr int kInset = 2;
+constexpr int swatchSize = 21;
+constexpr int inset = 2;
 }  // namespace
 
 VLTagColorWidget::VLTagColorWidget(const QColor& color, QWidget* parent)
@@ -14,7 +14,7 @@ VLTagColorWidget::VLTagColorWidget(const QColor& color, QWidget* parent)
     , m_color(color)
 {
     setAttribute(Qt::WA_MouseTracking);
-    setFixedSize(kSwatchSize, kSwatchSize);
+    setFixedSize(swatchSize, swatchSize);
 }
 
 void VLTagColorWidget::setSelected(bool selected)
@@ -58,12 +58,12 @@ void VLTagColorWidget::paintEvent(QPaintEvent* event)
     Q_UNUSED(event)
     QPainter painter(this);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-    QRect circle = rect().adjusted(kInset, kInset, -kInset, -kInset);
+    QRect circle = rect().adjusted(inset, inset, -inset, -inset);
     if (m_selected) {
         painter.setPen(Qt::white);
     } else if (!m_hovered && !m_highlighted) {
         painter.setPen(Qt::NoPen);
-        circle.adjust(kInset, kInset, -kInset, -kInset);
+        circle.adjust(inset, inset, -inset, -inset);
     }
     painter.setBrush(m_color);
     const int radius = circle.width() / 2;

@@ -78,10 +78,10 @@ void VLTagGroupListView::slotCheckTagLinkFile(qint64 tag_id, QString)
 
 void VLTagGroupListView::slotPopMenu(qint64 tag_id, QString name)
 {
-    openMenu(tag_id, name, QCursor::pos());
+    openMenu(tag_id, name, QRect(QCursor::pos(), QSize(0, 0)));
 }
 
-void VLTagGroupListView::openMenu(qint64 tag_id, const QString& name, const QPoint& place)
+void VLTagGroupListView::openMenu(qint64 tag_id, const QString& name, const QRect& chip)
 {
     m_menuTagId = tag_id;
     m_menuTagName = name;
@@ -93,7 +93,7 @@ void VLTagGroupListView::openMenu(qint64 tag_id, const QString& name, const QPoi
     const auto info = provider ? provider->tagInfo() : nullptr;
     const bool isFavorite = VLTagManagerSingleton::instance()->isFavoriteTag(tag_id);
     if (self && m_menu)
-        m_menu->open(isFavorite, info ? info->colorIndex() : -1, place);
+        m_menu->open(isFavorite, info ? info->colorIndex() : -1, chip);
 }
 
 void VLTagGroupListView::viewMenuTagFiles()
@@ -178,7 +178,7 @@ void VLTagGroupListView::slotDelTag(qint64 tag_id)
         "The Tag<font color='%1'> %2 </font>is associated with<font color='%3'> %4 </font>files，Are you sure you want "
         "to delete it?<font style='font-size:12px' color='%5'> (The files will not be deleted.) </font>");
     auto* box = new VLMessageBox(window());
-    // The host may delete the tag window alone; nobody would hear the answer.
+    // The host may delete the tag window alone; the answer would have no receiver.
     connect(this, &QObject::destroyed, box, &QObject::deleteLater);
     connect(box, &VLMessageBox::signalResult, this, [this, tag_id](VLMessageBox::ReturnValue answer) {
         if (answer == VLMessageBox::Confirm)

@@ -41,7 +41,8 @@ public:
     /// for a list on a page that a person may never open.
     void setReadWhenShown();
     /// As setDataProvider(), but reads no tag until reload() is called with a filter, and leaves it to its owner to
-    /// hear of changes of the tags' data and to call refreshResult(): for the search results beside a list of all tags.
+    /// receive the signals of changed tags and to call refreshResult(): for the search results beside a list of all
+    /// tags.
     void setSearchProvider(const QSharedPointer<ITagGroupDataProvider>& provider);
     /// Shows the tags whose names contain \a filter, compared without case, as one list sorted by closeness to it; with
     /// an empty filter every tag in its letter section.
@@ -133,7 +134,7 @@ private:
     void giveRoom(VLTagListView* list);
     void removeSection(VLTagListView* section);
     void openNameDialog(VLTagModifyWidget* dialog);
-    void openMenu(qint64 tag_id, const QString& name, const QPoint& place);
+    void openMenu(qint64 tag_id, const QString& name, const QRect& chip);
     void viewMenuTagFiles();
     void setMenuTagColor(int colorIndex);
 

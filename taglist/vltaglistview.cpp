@@ -305,8 +305,8 @@ void VLTagListView::askForMenuByKey()
         return;
     scrollTo(currentIndex());
     const TagItem tag = tagAt(currentIndex());
-    const QPoint corner = visualRect(currentIndex()).bottomLeft() + QPoint(0, 1);
-    emit signPopMenuByKey(tag.id, tag.name, viewport()->mapToGlobal(corner));
+    const QRect chip = visualRect(currentIndex());
+    emit signPopMenuByKey(tag.id, tag.name, {viewport()->mapToGlobal(chip.topLeft()), chip.size()});
 }
 
 /// Runs the drag in its own event loop, in which anything may happen to this view.

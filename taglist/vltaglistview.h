@@ -6,6 +6,7 @@
 
 #include <QPoint>
 #include <QPointer>
+#include <QRect>
 #include <QSharedPointer>
 #include <QVector>
 
@@ -22,7 +23,7 @@ class VLTagListView : public ChipView
     Q_OBJECT
 
 public:
-    /// Who hears the category's signals.
+    /// Who receives the category's signals.
     enum class Following
     {
         View,  ///< This view, by itself.
@@ -71,9 +72,8 @@ signals:
     void signalCharNoMatch(QVector<qint64> tag_ids);
     /// A tag of this view reported a change.
     void signTagUpdated(qint64 tag_id);
-    /// The context menu of the current chip is wanted by key. \a place: the chip's lower left corner on the screen, in
-    /// logical pixels.
-    void signPopMenuByKey(qint64 tag_id, QString name, QPoint place);
+    /// The context menu of the current chip is wanted by key. \a chip: its place on the screen, in logical pixels.
+    void signPopMenuByKey(qint64 tag_id, QString name, QRect chip);
 
 public slots:
     void slotDelItem(qint64 tag_id);

@@ -7,6 +7,7 @@
 #include <QHoverEvent>
 #include <QMenu>
 #include <QPointer>
+#include <QScreen>
 #include <QSharedPointer>
 
 namespace {
@@ -43,7 +44,7 @@ void narrowWideEntries(QMenu* menu)
     }
 }
 
-// While a menu is open, Qt keeps the news that the pointer leaves from the widget below, which would stay highlighted.
+// While a menu is open, Qt sends no leave event to the widget below, which would stay highlighted.
 void leaveWidgetBelowWhenClosed(QMenu* menu)
 {
     const QPointer<QWidget> below = QApplication::widgetAt(QCursor::pos());
@@ -78,6 +79,18 @@ void popUpMenu(QMenu* menu, const QPoint& place)
     leaveWidgetBelowWhenClosed(menu);
     menu->popup(place);
     menu->raise();
+}
+
+void popUpMenuBeside(QMenu* menu, const QRect& item)
+{
+    const QPoint below = item.bottomLeft() + QPoint(0, 1);
+    const QScreen* screen = QGuiApplication::screenAt(item.center());
+    narrowWideEntries(menu);
+    const int height = menu->sizeHint().height();
+    // QMenu would let its lower edge stand at the lower edge of the item and so cover it.
+    const bool goesAbove = screen && !item.isEmpty() && below.y() + height > screen->geometry().bottom() &&
+                           item.top() - height >= screen->geometry().top();
+    popUpMenu(menu, goesAbove ? item.topLeft() - QPoint(0, height) : below);
 }
 
 void deleteMenuSoon(QMenu* menu)

@@ -212,7 +212,7 @@ void VLTagManagerWidget::showPage(QWidget* page, QPushButton* button)
 {
     for (QPushButton* each : {m_allTagsBtn, m_groupBtn, m_commonBtn})
         each->setChecked(each == button);
-    // Last: whoever hears of it may delete the window.
+    // Last, as a receiver of the signal may delete the window.
     m_stackedWidget->setCurrentWidget(page);
 }
 

@@ -1,19 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "pages/addtocategory/vlgrouplistmenu.h"
 
+#include "widgets/plaintooltip.h"
+
 #include <vleventtrack.h>
 #include <vlskinsetting.h>
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPointer>
+#include <QToolTip>
 
 namespace {
 // Logical pixels.
-constexpr int kRowHeight = 30;
-constexpr int kFullHeight = 300;
+constexpr int rowHeight = 30;
+constexpr int fullHeight = 300;
 
-constexpr int kRowsOfFullHeight = 11;
+constexpr int rowsOfFullHeight = 11;
 }  // namespace
 
 VLGroupListMenu::VLGroupListMenu(QWidget* parent)
@@ -40,7 +44,7 @@ void VLGroupListMenu::slotAddItem(qint64 id, QString name)
     auto* item = new QListWidgetItem(name);
     item->setData(Qt::UserRole, id);
     // Without a width of its own a row is as wide as the list, so that a long name is elided.
-    item->setSizeHint(QSize(1, kRowHeight));
+    item->setSizeHint(QSize(1, rowHeight));
     insertItem(count(), item);
     m_ids.append(id);
     m_knownIds.insert(id);
@@ -54,7 +58,7 @@ void VLGroupListMenu::slotRemoveItem(qint64 id)
     delete takeItem(row);
     m_ids.remove(row);
     m_knownIds.remove(id);
-    setFixedHeight(count() < kRowsOfFullHeight ? count() * kRowHeight : kFullHeight);
+    setFixedHeight(count() < rowsOfFullHeight ? count() * rowHeight : fullHeight);
 }
 
 void VLGroupListMenu::slotUpdateItem(qint64 id, QString name)
@@ -101,6 +105,31 @@ void VLGroupListMenu::keyPressEvent(QKeyEvent* event)
     default:
         QListWidget::keyPressEvent(event);
     }
+}
+
+/// A row whose name is elided shows all of it in a tool tip.
+bool VLGroupListMenu::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QListWidget::viewportEvent(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const QListWidgetItem* row = itemAt(help->pos());
+    if (row && isElided(row))
+        QToolTip::showText(help->globalPos(), plainToolTip(row->text()), viewport());
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+bool VLGroupListMenu::isElided(const QListWidgetItem* row) const
+{
+    QStyleOptionViewItem option = viewOptions();
+    option.rect = visualItemRect(row);
+    option.features |= QStyleOptionViewItem::HasDisplay;
+    option.text = row->text();
+    const int room = style()->subElementRect(QStyle::SE_ItemViewItemText, &option, this).width();
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, this) + 1;
+    return option.fontMetrics.horizontalAdvance(row->text()) > room - 2 * margin;
 }
 
 void VLGroupListMenu::pick(QListWidgetItem* item)

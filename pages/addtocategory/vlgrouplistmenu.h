@@ -38,12 +38,14 @@ protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
 
 private:
     void pick(QListWidgetItem* item);
     /// For a menu that was opened with the keyboard, as menus do with their first entry.
     void highlightFirst();
     [[nodiscard]] bool hasHighlight() const;
+    [[nodiscard]] bool isElided(const QListWidgetItem* row) const;
 
     QVector<qint64> m_ids;
     bool m_picking = false;

@@ -6,7 +6,7 @@
 #include <QUrl>
 #include <QUuid>
 
-/// What a plug-in tells about itself; every text may be shown to the user.
+/// What a plug-in says of itself; every text may be shown to the user.
 struct PluginInfo
 {
     QString name;

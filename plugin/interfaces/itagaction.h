@@ -21,19 +21,19 @@ public:
     explicit ITagAction(QObject* parent = nullptr);
     ~ITagAction() override;
 
-    /// [0]
+    /// [0] Creates a tag of each record.
     virtual qint64 createTags(const QVector<NewTagRecord>& tags) = 0;
     /// [1]
     virtual qint64 renameTag(qint64 tagId, const QString& newName) = 0;
     /// [2] \a colorIndex is an index of the host's palette.
     virtual qint64 setTagColor(qint64 tagId, int colorIndex) = 0;
-    /// [3]
+    /// [3] Their files stay.
     virtual qint64 deleteTags(const QVector<qint64>& tagIds) = 0;
     /// [4] Adding to category 1 makes favourites.
     virtual qint64 addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) = 0;
     virtual void reserved5() {}
     virtual void reserved6() {}
-    /// [7]
+    /// [7] Removing from category 1 ends their being favourites.
     virtual qint64 removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) = 0;
 
 Q_SIGNALS:

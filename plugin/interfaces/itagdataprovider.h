@@ -20,7 +20,7 @@ public:
     /// [0] Number of files that carry the tag. \a flag is reserved; callers pass 1.
     virtual int fileCount(int flag) const = 0;
     virtual void reserved1() {}
-    /// [2]
+    /// [2] Display name, as in the record.
     virtual QString name() const = 0;
     virtual void reserved3() {}
     virtual void reserved4() {}

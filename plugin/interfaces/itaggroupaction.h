@@ -16,7 +16,7 @@ public:
     explicit ITagGroupAction(QObject* parent = nullptr);
     ~ITagGroupAction() override;
 
-    /// [0]
+    /// [0] Creates an empty category.
     virtual qint64 addTagGroup(const QString& name) = 0;
     /// [1] The category's tags stay.
     virtual qint64 removeTagGroup(qint64 groupId) = 0;

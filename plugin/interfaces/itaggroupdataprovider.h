@@ -30,7 +30,7 @@ public:
     virtual void reserved5() {}
     /// [6] The category's record; may be null once the category is gone.
     virtual QSharedPointer<const ITagGroupInfo> groupInfo() const = 0;
-    /// [7]
+    /// [7] The same as in the record, also without one.
     virtual qint64 groupId() const = 0;
     /// [8] Fills \a out with every tag of the category and returns their number.
     virtual int tags(QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const = 0;

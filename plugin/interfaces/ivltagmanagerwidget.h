@@ -6,7 +6,8 @@
 #include <QVector>
 #include <QWidget>
 
-/// Base class of the tag manager window: what it asks of the host's window, and what the host tells it.
+/// Base class of the tag manager window: what it requests of the host's window, and what the host notifies it of.
+/// More is in IVLTagManagerControl. GUI thread only.
 class VLHOST_EXPORT IVLTagManagerWidget : public QWidget
 {
     Q_OBJECT
@@ -15,7 +16,7 @@ public:
     explicit IVLTagManagerWidget(QWidget* parent = nullptr);
     ~IVLTagManagerWidget() override;
 
-    /// [0] The host's window became maximised, or normal again.
+    /// [0] To be called whenever the host's window became maximised, or normal again.
     virtual void updateMaximizeButton(bool maximized) = 0;
 
 Q_SIGNALS:
@@ -23,8 +24,10 @@ Q_SIGNALS:
     void signalCheckoutTagFile(const QVector<qint64>& tagIds);
     /// The user wants to see the files of these categories.
     void signalCheckoutGroupFile(const QVector<qint64>& groupIds);
+    /// Minimise the host's window.
     void signalSoftWareMin();
     /// Maximise the host's window, or restore it when it is maximised.
     void signalSoftWareMax();
+    /// Close the host's window, or hide it.
     void signalSoftWareClose();
 };

@@ -39,8 +39,8 @@ Q_SIGNALS:
     void searchResultActivated(qint64 tagId);
     /// The Tag Categories page shows the tags of another category; taggroupid::none for none.
     void selectedCategoryChanged(qint64 categoryId);
-    /// A dialog was opened in which a person types the name of a tag or category. Whatever is signalled about a tag
-    /// that is shown, and any tag that is added, closes it.
+    /// A dialog was opened in which a person types the name of a tag or category. Every signal about a tag that is
+    /// shown, and every tag that is added, closes it.
     void nameInputStarted();
     /// The last such dialog is gone, whether a name was sent or not.
     void nameInputFinished();

@@ -9,7 +9,7 @@ class ITagAction;
 class ITagGroupAction;
 
 /// What to do on the GUI thread once a request was carried out. It may run long after the widget that sent the request
-/// is gone, so it guards whatever it captures.
+/// is gone, so it guards what it captures.
 using RequestSucceeded = std::function<void()>;
 
 /// Waits for the answer to the request \a requestId of \a action. A failure is only logged: \a failureText, a string

@@ -16,7 +16,8 @@ class ITagGroupAction;
 class ITagGroupDataProvider;
 class ITagManagerDataProvider;
 
-/// The one place through which every widget reaches the host's data, and the relay of category news between widgets.
+/// The one place through which every widget reaches the host's data, and the relay of changes of categories between
+/// widgets.
 ///
 /// GUI thread only, but for the first call of instance(). Without a library every operation answers empty: null
 /// pointers, no categories, no colours. Nothing is followed here: widgets connect to the host's providers themselves.

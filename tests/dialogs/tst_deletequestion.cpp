@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/deletequestion.h"
-#include "dialogs/plaintooltip.h"
+#include "widgets/plaintooltip.h"
 
 #include <vlskinsetting.h>
 
@@ -10,8 +10,8 @@
 #include <QtTest>
 
 namespace {
-const QString kTemplate = QStringLiteral("The Tag<font color='%1'> %2 </font>has<font color='%3'> %4 </font>files\uFF0C"
-                                         "delete?<font style='font-size:12px' color='%5'> (Remark.) </font>");
+const QString question = QStringLiteral("The Tag<font color='%1'> %2 </font>has<font color='%3'> %4 </font>files\uFF0C"
+                                        "delete?<font style='font-size:12px' color='%5'> (Remark.) </font>");
 
 QString plainText(const QString& html)
 {
@@ -34,7 +34,7 @@ private slots:
               QStringLiteral(" a  b\tc "), QString::fromUtf8("\u5C71\u6C34 \U0001F600")}) {
             const QString expected =
                 QStringLiteral("The Tag ") + name + QStringLiteral(" has 7 files\uFF0Cdelete? (Remark.) ");
-            QCOMPARE(plainText(fillDeleteQuestion(kTemplate, name, 7)).trimmed(), expected.trimmed());
+            QCOMPARE(plainText(fillDeleteQuestion(question, name, 7)).trimmed(), expected.trimmed());
             QCOMPARE(plainText(plainToolTip(name)), name);
         }
     }
@@ -44,7 +44,7 @@ private slots:
         const VLSkinSetting* skin = VLSkinSetting::GetInstance();
         const QString blue = skin->GetPopupWinBlueColor().name(QColor::HexArgb);
         const QString weak = skin->GetTextColor(1).name(QColor::HexArgb);
-        QCOMPARE(fillDeleteQuestion(kTemplate, QStringLiteral("A & B"), 0),
+        QCOMPARE(fillDeleteQuestion(question, QStringLiteral("A & B"), 0),
                  QString(QStringLiteral("The Tag<font color='") + blue +
                          QStringLiteral("'> A &amp; B </font>has<font color='") + blue +
                          QStringLiteral("'> 0 </font>files\uFF0Cdelete?<font style='font-size:12px' color='") + weak +
@@ -57,7 +57,7 @@ private slots:
              {QStringLiteral("x\u202Eabc"), QStringLiteral("\u2067a\u202Ebc"),
               QStringLiteral("\u202Ea\u202C\u202C\u2069\u2069\u202Ebc"), QStringLiteral("a\u202E\nb\u2029c")}) {
             QTextDocument document;
-            document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
+            document.setHtml(fillDeleteQuestion(question, name, 7));
             document.setTextWidth(10000);
             QVERIFY(document.size().isValid());  // Lays the text out.
             QCOMPARE(document.blockCount(), 1);
@@ -79,8 +79,8 @@ private slots:
         for (const QString& name :
              {QString(2000, QLatin1Char('W')), QString(2000, QChar(0x5C71)),
               QString::fromUtf8("\U0001F600").repeated(1000), QStringLiteral("a\n").repeated(1000)}) {
-            QVERIFY(isShortenedInQuestion(kTemplate, name, 7));
-            document.setHtml(fillDeleteQuestion(kTemplate, name, 7));
+            QVERIFY(isShortenedInQuestion(question, name, 7));
+            document.setHtml(fillDeleteQuestion(question, name, 7));
             document.setTextWidth(300);
             QVERIFY(document.size().height() <= 70 && document.idealWidth() <= 300);
             const QString shown = document.toPlainText();

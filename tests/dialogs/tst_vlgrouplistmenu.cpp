@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pages/addtocategory/vlgrouplistmenu.h"
 
+#include <QTextDocument>
+#include <QToolTip>
 #include <QtTest>
 
 class TestVLGroupListMenu : public QObject
@@ -8,6 +10,24 @@ class TestVLGroupListMenu : public QObject
     Q_OBJECT
 
 private slots:
+    void rowsThatAreCutHaveAToolTip()
+    {
+        VLGroupListMenu list;
+        list.setFixedSize(168, 230);
+        const QString cut = QStringLiteral("a category's name that is too <b>long");
+        list.slotAddItem(2, QStringLiteral("short"));
+        list.slotAddItem(3, cut);
+        list.show();
+        for (int row = 0; row < list.count(); ++row) {
+            const QPoint pos = list.visualItemRect(list.item(row)).center();
+            QHelpEvent help(QEvent::ToolTip, pos, list.viewport()->mapToGlobal(pos));
+            QCoreApplication::sendEvent(list.viewport(), &help);
+            QTextDocument text;
+            text.setHtml(QToolTip::text());
+            QCOMPARE(text.toPlainText(), row == 0 ? QString() : cut);
+        }
+    }
+
     void fitsItsRowsAndForgivesWrongIds()
     {
         VLGroupListMenu list;

@@ -10,8 +10,8 @@
 #include <QtTest>
 
 namespace {
-const QString kLongTag = QStringLiteral("a tag of 25 characters ab");
-const QString kLongGroup = QStringLiteral("a group of 25 characters!");
+const QString longTag = QStringLiteral("a tag of 25 characters ab");
+const QString longGroup = QStringLiteral("a group of 25 characters!");
 
 QPushButton* confirmButton(const VLTagModifyWidget& dialog)
 {
@@ -36,8 +36,8 @@ private slots:
     void init()
     {
         m_host.reset(new MemoryHost);
-        m_host->addTags(QStringList{QStringLiteral("Zebra"), kLongTag});
-        m_host->addGroups({QStringLiteral("Animals"), kLongGroup});
+        m_host->addTags(QStringList{QStringLiteral("Zebra"), longTag});
+        m_host->addGroups({QStringLiteral("Animals"), longGroup});
         VLTagManagerSingleton::instance()->setDataProvider(m_host->library());
         VLTagManagerSingleton::instance()->tagManagerProvider();
     }
@@ -69,6 +69,32 @@ private slots:
         }
     }
 
+    void titleIsWholeAndCornersAreOpen()
+    {
+        VLTagModifyWidget dialog(VLTagModifyWidget::RenameGroup, nullptr);
+        dialog.setAttribute(Qt::WA_DeleteOnClose, false);
+        auto* title = dialog.findChild<QLabel*>(QStringLiteral("tag_popup_ttile"));
+        const QImage shown = title->grab().toImage();
+        QSet<int> rows;
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                if (shown.pixel(x, y) != shown.pixel(0, 0))
+                    rows.insert(y);
+            }
+        }
+        // From the capitals to the descenders; the edges are soft.
+        QVERIFY(rows.size() >= QFontMetrics(title->font()).tightBoundingRect(title->text()).height() - 1);
+
+        QVERIFY(!dialog.mask().contains(QPoint(0, 0)) && dialog.mask().contains(QPoint(0, 20)));
+        QImage frame(dialog.size(), QImage::Format_ARGB32_Premultiplied);
+        frame.fill(Qt::transparent);
+        dialog.render(&frame, {}, {}, QWidget::DrawChildren);
+        for (int y = 0; y < frame.height(); ++y) {
+            for (int x = 0; x < frame.width(); ++x)
+                QVERIFY(qAlpha(frame.pixel(x, y)) == 0 || dialog.mask().contains(QPoint(x, y)));
+        }
+    }
+
     void checksNames()
     {
         const QString empty = QStringLiteral("Please insert a name");
@@ -84,12 +110,12 @@ private slots:
         const QVector<Case> cases = {{false, QStringLiteral("  \t "), empty},
                                      {false, QStringLiteral(" Zebra "), taken},
                                      {false, full + QLatin1Char('x'), tooLong},
-                                     {false, kLongTag, taken},
+                                     {false, longTag, taken},
                                      {false, QStringLiteral("Animals"), {}},
                                      {false, QLatin1Char(' ') + full + QLatin1Char(' '), {}},
                                      {true, QStringLiteral("   "), empty},
                                      {true, QStringLiteral("Animals"), taken},
-                                     {true, kLongGroup, tooLong},
+                                     {true, longGroup, tooLong},
                                      {true, QStringLiteral("Zebra"), {}},
                                      {true, QStringLiteral("\U0001F600").repeated(11), tooLong}};
         const char* const signalsByMode[] = {SIGNAL(signRenameTag(QString)), SIGNAL(signCreateTag(QString)),

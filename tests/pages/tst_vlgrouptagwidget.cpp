@@ -15,6 +15,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -44,6 +46,39 @@ private slots:
         m_log.reset();
         m_user.reset();
         m_host.reset();
+    }
+
+    void tilesStayWhereTheyAreWhenTheWidthChanges()
+    {
+        QStringList names;
+        for (int n = 10; n < 90; ++n)
+            names << QStringLiteral("c%1").arg(n);
+        m_host->addGroups(names);
+        settle();
+        auto* area = m_page->findChild<QScrollArea*>(QStringLiteral("tag_group_scroll"));
+        QScrollBar* bar = area->verticalScrollBar();
+        bar->setValue(bar->maximum() / 2);
+        const int value = bar->value();
+        const auto topOf = [area](const QWidget* tile) { return tile->mapTo(area->viewport(), QPoint()).y(); };
+        const auto inView = [&](const QString& name) {
+            const int top = topOf(m_user->tile(name));
+            return top > 0 && top + CTagGroupItemWidget::sideLength < area->viewport()->height();
+        };
+        const auto clicked = std::find_if(names.cbegin(), names.cend(), inView);
+        QVERIFY(clicked != names.cend());
+        const QSize size = m_user->window()->size();
+        for (const bool selects : {false, true}) {
+            // Without a selected one in view, it is the topmost tile that stays.
+            if (selects)
+                m_user->clickTile(m_user->tile(*clicked));
+            const int top = topOf(m_user->tile(*clicked));
+            m_user->window()->resize(size.width() - 330, size.height());
+            QVERIFY(inView(*clicked));
+            if (selects)
+                QCOMPARE(topOf(m_user->tile(*clicked)), top);
+            m_user->window()->resize(size);
+            QCOMPARE(bar->value(), value);
+        }
     }
 
     void filesOfACategory()

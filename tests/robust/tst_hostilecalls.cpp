@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/state/tagitem.h"
 #include "plugin/state/vltagmanagersingleton.h"
+#include "plugin/vltagmnagerplugin.h"
 #include "taglist/initialletter.h"
 #include "taglist/vltaggrouplistview.h"
 #include "tests/robust/hostilesession.h"
@@ -171,6 +172,26 @@ private slots:
             s.user = std::make_unique<WindowUser>();
             s.host.setInsideCall({});
             QCOMPARE(s.user->chips(), expectedChips(s.host));
+        }
+    }
+
+    void parentGoesWhileTheWindowIsBuilt()
+    {
+        // In each reading that building a window makes. While widgets are made, only the action objects are asked for.
+        for (int number = 0, seen = 1; seen > number; ++number) {
+            HostileSession s;
+            VLTagMnagerPlugin plugin;
+            auto parent = std::make_unique<QWidget>();
+            seen = 0;
+            s.host.setInsideCall([&](const char* operation) {
+                const bool isReading = !QByteArray(operation).endsWith("Action");
+                if (isReading && seen++ == number)
+                    parent.reset();
+            });
+            const QWidget* window = plugin.createTagManagerWidget(parent.get());
+            s.host.setInsideCall({});
+            QCOMPARE(window == nullptr, parent == nullptr);
+            settle();
         }
     }
 

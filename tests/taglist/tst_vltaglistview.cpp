@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QRandomGenerator>
 #include <QSignalSpy>
+#include <QToolTip>
 #include <QtTest>
 
 #include <algorithm>
@@ -210,7 +211,25 @@ private slots:
         QCOMPARE(menu.size(), 2);
         const QRect chip = view.visualRect(view.model()->index(1, 0));
         for (const QVariantList& asked : qAsConst(menu))
-            QCOMPARE(asked, (QVariantList{2LL, "ass", view.viewport()->mapToGlobal(chip.bottomLeft() + QPoint(0, 1))}));
+            QCOMPARE(asked,
+                     (QVariantList{2LL, "ass", QRect(view.viewport()->mapToGlobal(chip.topLeft()), chip.size())}));
+    }
+
+    void chipsThatAreCutHaveAToolTip()
+    {
+        const QString cut = QString(40, QLatin1Char('w'));
+        const InstalledHost host({QStringLiteral("a"), cut});
+        VLTagListView view(itemsOf(host, {1, 2}), nullptr);
+        view.setItemDelegate(new VLTagDelegate(&view));
+        view.fitToWidth(200);
+        view.show();
+        for (int row = 0; row < 2; ++row) {
+            const QPoint pos = view.visualRect(view.model()->index(row, 0)).topLeft() + QPoint(5, 5);
+            QHelpEvent help(QEvent::ToolTip, pos, view.viewport()->mapToGlobal(pos));
+            QCoreApplication::sendEvent(view.viewport(), &help);
+            QCOMPARE(QToolTip::text().contains(cut), row == 1);
+            QCOMPARE(QToolTip::text().isEmpty(), row == 0);
+        }
     }
 
     void headingOfHalfACharacterShowsAWholeOne()

@@ -2,6 +2,7 @@
 #include "widgets/menupopup.h"
 
 #include <QMenu>
+#include <QScreen>
 #include <QTest>
 
 class TestMenuPopup : public QObject
@@ -27,6 +28,23 @@ private slots:
         wide->setText(QStringLiteral("Short"));
         popUpMenuAtCursor(&menu);
         QCOMPARE(wide->font(), QFont());
+    }
+
+    void menuOfAnItemLeavesItInSight()
+    {
+        const QRect screen = QGuiApplication::primaryScreen()->geometry();
+        QMenu menu;
+        for (int i = 0; i < 5; ++i)
+            menu.addAction(QStringLiteral("entry"));
+        const QRect high(50, 30, 60, 24);
+        popUpMenuBeside(&menu, high);
+        QTRY_VERIFY(menu.isVisible());
+        QCOMPARE(menu.geometry().topLeft(), high.bottomLeft() + QPoint(0, 1));
+        menu.hide();
+        const QRect low(50, screen.bottom() - 40, 60, 24);
+        popUpMenuBeside(&menu, low);
+        QTRY_VERIFY(menu.isVisible());
+        QCOMPARE(menu.geometry().bottomLeft(), low.topLeft() - QPoint(0, 1));
     }
 };
 

@@ -50,6 +50,23 @@ class TestScrollBar : public QObject
     Q_OBJECT
 
 private slots:
+    /// Beside its handle the bar shows what lies below it, at every opacity.
+    void onlyTheHandleIsSeen()
+    {
+        OverlaidArea overlaid(1000);
+        overlaid.content->setStyleSheet(QStringLiteral("background-color:#204060;"));
+        QTRY_COMPARE(overlaid.bar->maximum(), 800);
+        overlaid.bar->show();
+        const QColor content = overlaid.area.grab().toImage().pixelColor(10, 190);
+        for (const double opacity : {0.0, 0.3, 0.6, 1.0}) {
+            qobject_cast<QGraphicsOpacityEffect*>(overlaid.bar->graphicsEffect())->setOpacity(opacity);
+            const QImage shown = overlaid.area.grab().toImage();
+            for (int x = restingPlace.left(); x <= restingPlace.right(); ++x)
+                QCOMPARE(shown.pixelColor(x, 150), content);
+            QCOMPARE(shown.pixelColor(restingPlace.center().x(), 20) != content, opacity > 0.0);
+        }
+    }
+
     void barAndAreaMoveEachOther()
     {
         OverlaidArea overlaid(1000);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "dialogs/plaintooltip.h"
+#include "widgets/plaintooltip.h"
 
 #include <QTextBoundaryFinder>
 
 namespace {
-constexpr int kLineLength = 60;  // Characters as a reader counts them.
+constexpr int longestLine = 60;  // Characters as a reader counts them.
 
 /// Rich text wraps at word boundaries only; a long word gets places where it may break.
 QString withBreakingPlaces(const QString& text)
@@ -13,7 +13,7 @@ QString withBreakingPlaces(const QString& text)
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     int lineLength = 0;
     for (int from = 0, to = finder.toNextBoundary(); to > from; from = to, to = finder.toNextBoundary()) {
-        if (++lineLength > kLineLength) {
+        if (++lineLength > longestLine) {
             result.append(QChar(0x200B));
             lineLength = 1;
         }
