@@ -360,6 +360,9 @@ void ChipView::setHoveredIndex(const QModelIndex& index)
 
 void ChipView::updateChip(const QModelIndex& index)
 {
+    // To ask for the place of no chip would have all of them measured, before they have their final look.
+    if (!index.isValid())
+        return;
     // A chip is painted one pixel beyond its rectangle.
     viewport()->update(visualRect(index) + QMargins(0, 0, 1, 0));
 }
