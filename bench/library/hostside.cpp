@@ -129,7 +129,7 @@ double bench::HostSide::import(const LibraryContent& content)
         });
         loop.exec();
         importer.join();
-        waitUntilTold();
+        waitUntilEmitted();
         if (!succeeded)
             throw std::runtime_error("The host did not take the files.");
     });
@@ -150,7 +150,7 @@ double bench::HostSide::importFolder(const LibraryContent& content)
         else
             m_session->startImport();
         loop.exec();
-        waitUntilTold();
+        waitUntilEmitted();
     });
     if (outcome.added != content.importedFiles())
         throw std::runtime_error("The host did not import every picture.");
@@ -160,10 +160,10 @@ double bench::HostSide::importFolder(const LibraryContent& content)
 int bench::HostSide::tagCount() const
 {
     const auto manager = m_session->library().dataProvider()->tagManagerDataProvider();
-    return manager->tagGroup(reservedcategory::AllTags)->tagCount(1);
+    return manager->tagGroup(reservedcategory::allTags)->tagCount(1);
 }
 
-void bench::HostSide::waitUntilTold()
+void bench::HostSide::waitUntilEmitted()
 {
     QEventLoop loop;
     const auto provider = m_session->library().dataProvider();

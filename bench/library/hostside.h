@@ -33,8 +33,8 @@ public:
     [[nodiscard]] HostWindow& window() const { return *m_window; }
     [[nodiscard]] LibrarySession& session() const { return *m_session; }
     [[nodiscard]] int tagCount() const;
-    /// Runs the event loop until everything that the library has committed by now is in memory and told.
-    void waitUntilTold();
+    /// Runs the event loop until everything that the library has committed by now is in memory and emitted.
+    void waitUntilEmitted();
 
 private:
     [[nodiscard]] double elapsed(const std::function<void()>& action) const;

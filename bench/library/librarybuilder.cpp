@@ -23,7 +23,7 @@ constexpr qint64 spreaders[bench::LibraryContent::tagsOfFile] = {2654435761, 224
 void insertTags(LibraryDatabase& database, const bench::LibraryContent& content)
 {
     for (int id = 1; id <= content.tags(); ++id)
-        tagtable::insertTag(database, content.tagName(id), id % TagPalette::Size);
+        tagtable::insertTag(database, content.tagName(id), id % TagPalette::size);
 }
 
 /// Four of five tags are in a category.
@@ -33,9 +33,9 @@ void insertCategories(LibraryDatabase& database, const bench::LibraryContent& co
         categorytable::insertCategory(database, bench::LibraryContent::categoryName(i));
     const int cycle = content.categories() * 5 / 4;
     LibraryStatement(database, "INSERT INTO tag_categories SELECT ? + id % ?, id FROM tags WHERE id % ? < ?")
-        .run(reservedcategory::FirstUserId, cycle, cycle, content.categories());
+        .run(reservedcategory::firstUserId, cycle, cycle, content.categories());
     LibraryStatement(database, "INSERT INTO tag_categories SELECT ?, id FROM tags WHERE id % ? = 0")
-        .run(reservedcategory::Favorites, favoriteEvery);
+        .run(reservedcategory::favorites, favoriteEvery);
     LibraryStatement(database, "UPDATE categories SET tag_count ="
                                " (SELECT count(*) FROM tag_categories WHERE category_id = id)")
         .run();

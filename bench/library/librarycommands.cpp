@@ -38,7 +38,7 @@ LibraryCommand renameTag(qint64 id, const QString& name)
 
 LibraryCommand recolourTag(qint64 id)
 {
-    const int unlike = static_cast<int>((id + 1) % TagPalette::Size);
+    const int unlike = static_cast<int>((id + 1) % TagPalette::size);
     return {"recolour_tag", [=](ITagAction& tags, ITagGroupAction&) { return tags.setTagColor(id, unlike); },
             "UPDATE tags SET color = " + literal(unlike) + " WHERE id = " + literal(id) + ';'};
 }
@@ -89,13 +89,13 @@ LibraryCommand deleteTag(const char* operation, qint64 id)
 QVector<bench::LibraryCommand> bench::libraryCommands(const LibraryContent& content, int turn)
 {
     const qint64 rare = content.tags() - 1 - 2 * turn;  // one before the next, so that it is in no favourites
-    const qint64 category = reservedcategory::FirstUserId + turn;
+    const qint64 category = reservedcategory::firstUserId + turn;
     const qint64 emptied = category + content.categories() / 2;
     const qint64 created = category + content.categories();
     QVector<LibraryCommand> commands{createTag(content.freeName(turn)),
                                      renameTag(rare, content.freeName(libraryTurns + turn)),
                                      recolourTag(rare),
-                                     addToCategory("favourite_tag", reservedcategory::Favorites, rare),
+                                     addToCategory("favourite_tag", reservedcategory::favorites, rare),
                                      createCategory(QStringLiteral("New category %1").arg(turn)),
                                      addToCategory("add_to_category", created, rare),
                                      removeFromCategory(created, rare),

@@ -8,7 +8,7 @@
 #include "bench/measurements.h"
 #include "bench/median.h"
 #include "bench/memoryusage.h"
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 
 #include <stdexcept>
 
@@ -19,7 +19,7 @@ constexpr double bytesPerKib = 1024;
 /// What the file holds, read past the program that wrote it.
 qint64 sizeOf(const QString& file)
 {
-    const auto reader = LibraryReader::open(file);
+    const auto reader = ReadOnlyLibrary::open(file);
     const LibraryTotals totals = reader ? reader->totals().value : LibraryTotals();
     return totals.tags + totals.links;
 }

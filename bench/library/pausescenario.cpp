@@ -31,7 +31,7 @@ constexpr int scrollSteps = 400;
 
 QSharedPointer<ITagGroupDataProvider> allTags(const bench::HostSide& host)
 {
-    return host.session().library().dataProvider()->tagManagerDataProvider()->tagGroup(reservedcategory::AllTags);
+    return host.session().library().dataProvider()->tagManagerDataProvider()->tagGroup(reservedcategory::allTags);
 }
 
 /// Another program adds tags to the library, all at once: a picture that has them all.
@@ -56,7 +56,7 @@ void waitForTags(bench::HostSide* host, int count)
     });
     if (host->tagCount() < count)
         loop.exec();
-    host->waitUntilTold();
+    host->waitUntilEmitted();
 }
 
 qint64 idOfTag(const bench::HostSide& host, const QString& name)

@@ -8,8 +8,8 @@
 #include "host/app/librarysession.h"
 #include "host/app/screenshot.h"
 #include "host/app/widgets/windowgeometry.h"
-#include "host/importer/escapedtext.h"
 #include "host/library/library.h"
+#include "host/library/records/escapedtext.h"
 #include "host/library/records/tagpalette.h"
 
 #include <ilibrarydataprovider.h>

@@ -66,7 +66,7 @@ HostWindow::HostWindow(LibrarySession& session, IVLTagManagerPlugin& plugin, QWi
 HostWindow::~HostWindow()
 {
     // A name dialog may still be open, and the library outlives this window.
-    m_session.library().releaseNews();
+    m_session.library().releaseNotifications();
 }
 
 IVLTagManagerWidget* HostWindow::tagWindow() const
@@ -204,8 +204,10 @@ void HostWindow::connectTagManager()
             [this](qint64 tagId) { m_presenter->showTagFiles({tagId}); });
     connect(events, &VLTagManagerEvents::searchSubmitted, this, &HostWindow::showFirstResult);
     // Any change of a tag that the tag window is notified of closes the dialog, and the typed name is lost.
-    connect(events, &VLTagManagerEvents::nameInputStarted, this, [this] { m_session.library().holdNews(longestHold); });
-    connect(events, &VLTagManagerEvents::nameInputFinished, this, [this] { m_session.library().releaseNews(); });
+    connect(events, &VLTagManagerEvents::nameInputStarted, this,
+            [this] { m_session.library().holdNotifications(longestHold); });
+    connect(events, &VLTagManagerEvents::nameInputFinished, this,
+            [this] { m_session.library().releaseNotifications(); });
 }
 
 void HostWindow::connectSession()

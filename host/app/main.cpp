@@ -5,9 +5,9 @@
 #include "host/app/commands/listcommand.h"
 #include "host/app/commands/messagehandler.h"
 #include "host/app/hostapplication.h"
-#include "host/importer/escapedtext.h"
 #include "host/importer/metadata/metadatareader.h"
 #include "host/importer/metadata/thumbnailreader.h"
+#include "host/library/records/escapedtext.h"
 
 #include <QApplication>
 #include <QThread>

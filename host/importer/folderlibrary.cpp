@@ -3,7 +3,8 @@
 
 #include "host/library/computer/computerstate.h"
 #include "host/library/computer/datafolder.h"
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
+#include "host/library/records/plainpath.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -13,8 +14,6 @@
 #include <filesystem>
 #include <sys/stat.h>
 
-using folderlibrary::plainPath;
-
 namespace {
 
 // Bytes of the hash in a file name; enough that no two folders of a person share one.
@@ -23,8 +22,8 @@ constexpr int sampleSize = 200;
 
 bool exists(const QByteArray& path)
 {
-    struct stat status = {};
-    return stat(path.constData(), &status) == 0;
+    std::error_code error;
+    return std::filesystem::exists(path.toStdString(), error);
 }
 
 bool isAtOrBelow(const QByteArray& path, const QByteArray& folder)
@@ -56,8 +55,8 @@ QVector<KnownLibrary> knownDefaultLibraries(const QByteArray& directory)
 QHash<qint64, QByteArray> namedMountsOf(const QByteArray& libraryFile)
 {
     const QString name = QFile::decodeName(libraryFile);
-    if (LibraryReader::isCurrent(name)) {
-        if (const std::unique_ptr<LibraryReader> reader = LibraryReader::open(name))
+    if (ReadOnlyLibrary::isCurrent(name)) {
+        if (const std::unique_ptr<ReadOnlyLibrary> reader = ReadOnlyLibrary::open(name))
             return ComputerState(reader->id()).namedMounts();
     }
     const QByteArray file = plainPath(libraryFile);
@@ -90,23 +89,26 @@ bool isGoneFrom(const QByteArray& folder, const Sample& sample)
                         [&folder](const QByteArray& path) { return exists(folder + '/' + path); });
 }
 
-Sample sampleOf(LibraryReader& reader, qint64 rootId)
+Sample sampleOf(ReadOnlyLibrary& reader, qint64 rootId)
 {
-    return reader.fileStates(rootId, reader.pathsBelow(rootId, {}, {}, sampleSize).value).value;
+    Sample sample;
+    (void)reader.forEachFileBelow(rootId, {}, [&sample](const FileRow& file) {
+        sample.insert(file.relativePath, file.known);
+        return sample.size() < sampleSize;
+    });
+    return sample;
+}
+
+// Where a root may be when somebody names \a path. People also name a folder in it, or the one that it was put into.
+QVector<QByteArray> placesFor(const QByteArray& path, const QString& rootName)
+{
+    QVector<QByteArray> places = {path, path + '/' + rootName.toUtf8()};
+    for (int slash = path.lastIndexOf('/'); slash > 0; slash = path.lastIndexOf('/', slash - 1))
+        places.append(path.left(slash));
+    return places;
 }
 
 }  // namespace
-
-QByteArray folderlibrary::plainPath(const QByteArray& path)
-{
-    std::error_code error;
-    const std::filesystem::path absolute = std::filesystem::absolute(path.toStdString(), error);
-    const std::filesystem::path plain = std::filesystem::weakly_canonical(absolute, error);
-    QByteArray bytes = QByteArray::fromStdString(error ? absolute.string() : plain.string());
-    while (bytes.size() > 1 && bytes.endsWith('/'))
-        bytes.chop(1);
-    return bytes;
-}
 
 QByteArray folderlibrary::defaultFile(const QByteArray& folder)
 {
@@ -136,7 +138,7 @@ QByteArray folderlibrary::defaultFile(const QByteArray& folder)
 
 std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& libraryFile, const QByteArray& folder)
 {
-    const std::unique_ptr<LibraryReader> reader = LibraryReader::open(QFile::decodeName(libraryFile));
+    const std::unique_ptr<ReadOnlyLibrary> reader = ReadOnlyLibrary::open(QFile::decodeName(libraryFile));
     if (!reader)
         return {};
     const QByteArray path = plainPath(folder);
@@ -151,8 +153,12 @@ std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& libraryFile,
     for (const RootRow& root : roots) {
         const QByteArray from = mounts.value(root.id);
         const Sample sample = sampleOf(*reader, root.id);
-        if (isMostlyIn(path, sample) && (from.isEmpty() || isGoneFrom(from, sample)))
-            return MovedRoot{libraryFile, root.id, from, root.name};
+        if (!from.isEmpty() && !isGoneFrom(from, sample))
+            continue;
+        for (const QByteArray& place : placesFor(path, root.name)) {
+            if (isMostlyIn(place, sample))
+                return MovedRoot{libraryFile, root.id, place, from, root.name};
+        }
     }
     return {};
 }
@@ -163,7 +169,7 @@ std::optional<MovedRoot> folderlibrary::movedRoot(const QByteArray& folder)
     // Not only those that this computer knows of: what it knows may be lost.
     for (const QString& name : directory.entryList({QStringLiteral("*.vellum")}, QDir::Files)) {
         const QString file = directory.filePath(name);
-        if (!LibraryReader::isCurrent(file))
+        if (!ReadOnlyLibrary::isCurrent(file))
             continue;
         if (std::optional<MovedRoot> moved = movedRoot(QFile::encodeName(file), folder))
             return moved;

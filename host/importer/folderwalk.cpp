@@ -2,13 +2,13 @@
 #include "host/importer/folderwalk.h"
 
 #include "host/importer/metadata/pictureformats.h"
+#include "host/library/records/plainpath.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
 #include <cstring>
 #include <dirent.h>
+#include <filesystem>
 #include <memory>
 #include <sys/stat.h>
 
@@ -117,7 +117,7 @@ void FolderWalk::lookAt(const QByteArray& folder, const QByteArray& name, Listin
     }
     const bool isLink = S_ISLNK(status.st_mode);
     if (isLink && stat(path.constData(), &status) != 0) {
-        if (PictureFormats::isPicture(name))
+        if (pictureformats::isPicture(name))
             addProblem(path, errno);
         m_outOfSight.insert(path);
         return;
@@ -126,11 +126,11 @@ void FolderWalk::lookAt(const QByteArray& folder, const QByteArray& name, Listin
     const qint64 statusChanged = nanoseconds(status.st_ctim);
     if (S_ISDIR(status.st_mode)) {
         (isLink ? m_linkedFolders : m_folders).push_back(path);
-    } else if (S_ISREG(status.st_mode) && PictureFormats::isSidecar(name)) {
+    } else if (S_ISREG(status.st_mode) && pictureformats::isSidecar(name)) {
         const QByteArray stamp = name.toPercentEncoding() + '=' + QByteArray::number(qint64(status.st_size)) + ',' +
                                  QByteArray::number(modified) + ';';
         listing.sidecars[withoutExtension(name)].append({path, stamp, statusChanged});
-    } else if (S_ISREG(status.st_mode) && PictureFormats::isPicture(name)) {
+    } else if (S_ISREG(status.st_mode) && pictureformats::isPicture(name)) {
         listing.pictures.push_back(
             {name, isLink, status.st_size, modified, statusChanged, {status.st_dev, status.st_ino}});
     }
@@ -174,9 +174,9 @@ void FolderWalk::addProblem(const QByteArray& path, int errorNumber)
 
 std::optional<QByteArray> canonicalFolder(const QByteArray& folder)
 {
-    const std::unique_ptr<char, decltype(&free)> path(realpath(folder.constData(), nullptr), &free);
-    struct stat status = {};
-    if (!path || stat(path.get(), &status) != 0 || !S_ISDIR(status.st_mode))
+    const QByteArray path = plainPath(folder);
+    std::error_code error;
+    if (folder.isEmpty() || !std::filesystem::is_directory(path.toStdString(), error))
         return {};
-    return QByteArray(path.get());
+    return path;
 }

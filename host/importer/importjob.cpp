@@ -16,8 +16,6 @@ namespace {
 
 // Files of one transaction: enough to spread the cost of a commit, few enough that readers of the library barely wait.
 constexpr int batchSize = 500;
-// Paths looked up in the library at once.
-constexpr int lookUpSize = 2000;
 // UTF-16 units. What is longer is no keyword but damage: a window takes 46 seconds to lay out 15 million of them.
 constexpr int longestKeyword = 1000;
 // Milliseconds between two reports of progress.
@@ -83,26 +81,33 @@ bool ImportJob::collectChanged()
 {
     for (const FolderWalk::Problem& problem : m_walk.problems())
         noteUnreadable(problem.path, {}, problem.reason);
+    // Both lists are in order. Reading all of the library's shows whether its index can be trusted before anything is
+    // written: pictures that a damaged one does not find would get into the library a second time.
     const std::vector<FoundPicture>& pictures = m_walk.pictures();
-    for (size_t begin = 0; begin < pictures.size() && !m_cancelled; begin += lookUpSize) {
-        const size_t end = std::min(begin + lookUpSize, pictures.size());
-        QVector<QByteArray> paths;
-        for (size_t i = begin; i < end; ++i)
-            paths.append(pictures.at(i).path);
-        const QHash<QByteArray, KnownFile> states = m_target.states(paths);
-        m_summary.error = m_target.error();
-        if (!m_summary.error.isEmpty())
-            return false;
-        for (size_t i = begin; i < end; ++i) {
-            const FoundPicture& picture = pictures.at(i);
-            const auto known = states.constFind(picture.path);
-            if (isToBeRead(picture, known != states.constEnd() ? &*known : nullptr))
-                addReading(picture);
-            else
-                ++m_done;
-        }
-    }
-    return !m_cancelled;
+    auto next = pictures.cbegin();
+    const auto collectUntil = [&](const auto& isReached) {
+        for (; next != pictures.cend() && !isReached(*next); ++next)
+            collect(*next, nullptr);
+    };
+    const bool areRead = m_target.forEachFile([&](const QByteArray& path, const KnownFile& known) {
+        collectUntil([&path](const FoundPicture& picture) { return picture.path >= path; });
+        if (next != pictures.cend() && next->path == path)
+            collect(*next++, &known);
+        return !m_cancelled;
+    });
+    m_summary.error = m_target.error();
+    if (!areRead || m_cancelled)
+        return false;
+    collectUntil([](const FoundPicture&) { return false; });
+    return true;
+}
+
+void ImportJob::collect(const FoundPicture& picture, const KnownFile* known)
+{
+    if (isToBeRead(picture, known))
+        addReading(picture);
+    else
+        ++m_done;
 }
 
 bool ImportJob::isToBeRead(const FoundPicture& picture, const KnownFile* known)
@@ -222,17 +227,22 @@ void ImportJob::writeBatch()
 void ImportJob::lookForVanished()
 {
     VanishedFiles vanished(m_walk);
-    QByteArray after;
-    for (;;) {
-        const QVector<QByteArray> paths = m_target.pathsAfter(after, lookUpSize);
+    QVector<QByteArray> missing;
+    bool goesOn = true;
+    const auto forget = [&] {
+        goesOn = missing.isEmpty() || !m_options.forgetsMissing || account(m_target.forget(std::exchange(missing, {})));
+    };
+    const bool areRead = m_target.forEachFile([&](const QByteArray& path, const KnownFile&) {
+        if (vanished.add(path) && m_options.forgetsMissing)
+            missing.append(path);
+        if (missing.size() == batchSize)
+            forget();
+        return goesOn && !m_cancelled;
+    });
+    if (!areRead)
         m_summary.error = m_target.error();
-        if (paths.isEmpty() || m_cancelled)
-            break;
-        after = paths.last();
-        const QVector<QByteArray> missing = vanished.add(paths);
-        if (m_options.forgetsMissing && !missing.isEmpty() && !account(m_target.forget(missing)))
-            break;
-    }
+    else if (goesOn && !m_cancelled)
+        forget();
     m_summary.away = vanished.away();
     m_summary.missing = vanished.missing() - m_summary.removed;
 }
@@ -299,10 +309,10 @@ void ImportJob::end()
         const bool complete = m_summary.error.isEmpty() && !m_summary.cancelled;
         m_unreadable->save([this, complete](const QByteArray& path) { return complete && !m_walk.isOutOfSight(path); });
         m_summary.unreadable = m_options.rereads ? 0 : m_unreadable->known();
-        m_summary.totals = m_target.totals();
-        if (m_summary.error.isEmpty())
-            m_summary.error = m_target.error();
     }
+    m_summary.totals = m_target.totals();
+    if (m_summary.error.isEmpty())
+        m_summary.error = m_target.error();
     if (m_summary.error.isEmpty() && !m_summary.cancelled)
         reportProgress(true);
     emit finished(m_summary);

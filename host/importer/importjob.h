@@ -29,7 +29,7 @@ public:
     ~ImportJob() override;
 
 public slots:
-    /// Does everything; finished() tells the end. Called once.
+    /// Does everything; finished() is emitted at the end. Called once.
     void run();
     /// Ends the reading at once if the flag is set by now.
     void checkCancelled();
@@ -62,6 +62,8 @@ private:
 
     [[nodiscard]] bool walk();
     [[nodiscard]] bool collectChanged();
+    /// \a known is null for a picture that the library does not have.
+    void collect(const FoundPicture& picture, const KnownFile* known);
     [[nodiscard]] bool isToBeRead(const FoundPicture& picture, const KnownFile* known);
     void addReading(const FoundPicture& picture);
     void startReading();

@@ -19,8 +19,12 @@ struct ImportSummary
     int removed = 0;            ///< Missing files that were taken out of the library.
     int skipped = 0;            ///< Files and folders that could not be read and were not known to be so.
     int unreadable = 0;         ///< Files and folders that could not be read before either and have not changed since.
-    int missing = 0;  ///< Files of the library that are gone from folders that are there. They stay in the library.
-    int away = 0;     ///< Files of the library whose folder is empty or cannot be seen: a disk not connected, say.
+    /// Files that the library has of this folder and that are gone, while the folders around them are there. They stay
+    /// in the library.
+    int missing = 0;
+    /// Files that the library has of this folder and whose own folder is empty or cannot be seen: a disk that is not
+    /// connected, say.
+    int away = 0;
 
     /// Makes this the summary of this import and \a later, one of another folder.
     void add(const ImportSummary& later);

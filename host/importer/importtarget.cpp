@@ -2,9 +2,7 @@
 #include "host/importer/importtarget.h"
 
 #include "host/library/library.h"
-#include "host/library/libraryreader.h"
-
-#include <QCoreApplication>
+#include "host/library/readonlylibrary.h"
 
 ImportTarget::ImportTarget(Library* library, const std::atomic_bool& cancelled)
     : m_library(library)
@@ -14,26 +12,18 @@ ImportTarget::ImportTarget(Library* library, const std::atomic_bool& cancelled)
 
 ImportTarget::~ImportTarget() = default;
 
-template <typename Request>
-LibraryResult ImportTarget::untilUnlocked(Request request) const
-{
-    for (;;) {
-        LibraryResult result = request();
-        if (result.status != LibraryStatus::Locked || m_cancelled)
-            return result;
-    }
-}
-
 bool ImportTarget::open(const QByteArray& folder)
 {
     m_folder = folder;
-    const LibraryResult root = untilUnlocked([&] { return m_library->addRootAndWait(folder); });
+    m_reader = ReadOnlyLibrary::open(m_library->path(), &m_error);
+    if (!m_reader)
+        return false;
+    const LibraryResult root = m_library->addRootAndWait(folder, &m_cancelled);
     m_rootId = root.rootId;
     m_folderInRoot = root.folderInRoot;
-    m_error = root.message;
-    if (root.succeeded())
-        m_reader = LibraryReader::open(m_library->path(), &m_error);
-    return m_reader != nullptr;
+    if (root.status != LibraryStatus::Cancelled)
+        m_error = root.message;
+    return root.succeeded();
 }
 
 QString ImportTarget::libraryId() const
@@ -41,33 +31,18 @@ QString ImportTarget::libraryId() const
     return m_library->id();
 }
 
-QHash<QByteArray, KnownFile> ImportTarget::states(const QVector<QByteArray>& paths)
+bool ImportTarget::forEachFile(const std::function<bool(const QByteArray&, const KnownFile&)>& visitor)
 {
-    const auto known = m_reader->fileStates(m_rootId, pathsInRoot(paths));
-    m_error = known.error;
-    QHash<QByteArray, KnownFile> states;
-    for (auto file = known.value.cbegin(); file != known.value.cend(); ++file)
-        states.insert(pathOf(file.key()), file.value());
-    return states;
-}
-
-QVector<QByteArray> ImportTarget::pathsAfter(const QByteArray& after, int limit)
-{
-    const auto known =
-        m_reader->pathsBelow(m_rootId, m_folderInRoot, after.isEmpty() ? after : pathInRoot(after), limit);
-    m_error = known.error;
-    QVector<QByteArray> paths;
-    for (const QByteArray& path : known.value)
-        paths.append(pathOf(path));
-    if (paths.isEmpty() || after < paths.last())
-        return paths;
-    // A damaged index may give the same paths for ever.
-    m_error = QCoreApplication::translate("ImportTarget", "The library is damaged: its list of files is out of order.");
-    return {};
+    const auto visited = m_reader->forEachFileBelow(
+        m_rootId, m_folderInRoot, [&](const FileRow& file) { return visitor(pathOf(file.relativePath), file.known); });
+    m_error = visited.error;
+    return m_error.isEmpty();
 }
 
 LibraryTotals ImportTarget::totals()
 {
+    if (!m_reader)
+        return {};
     const auto totals = m_reader->totals();
     m_error = totals.error;
     return totals.value;
@@ -82,12 +57,15 @@ LibraryResult ImportTarget::write(QVector<ImportedFile> files)
 
 LibraryResult ImportTarget::settle()
 {
-    return m_library->settleAndWait(m_rootId, &m_cancelled);
+    return m_library->settleAndWait(&m_cancelled);
 }
 
 LibraryResult ImportTarget::forget(const QVector<QByteArray>& paths)
 {
-    return untilUnlocked([&] { return m_library->forgetAndWait(m_rootId, pathsInRoot(paths)); });
+    QVector<QByteArray> inRoot;
+    for (const QByteArray& path : paths)
+        inRoot.append(pathInRoot(path));
+    return m_library->forgetAndWait(m_rootId, inRoot, &m_cancelled);
 }
 
 /// Of a path below the folder.
@@ -95,15 +73,6 @@ QByteArray ImportTarget::pathInRoot(const QByteArray& path) const
 {
     const QByteArray inFolder = path.mid(m_folder == "/" ? 1 : m_folder.size() + 1);
     return m_folderInRoot.isEmpty() ? inFolder : m_folderInRoot + '/' + inFolder;
-}
-
-QVector<QByteArray> ImportTarget::pathsInRoot(const QVector<QByteArray>& paths) const
-{
-    QVector<QByteArray> inRoot;
-    inRoot.reserve(paths.size());
-    for (const QByteArray& path : paths)
-        inRoot.append(pathInRoot(path));
-    return inRoot;
 }
 
 QByteArray ImportTarget::pathOf(const QByteArray& pathInRoot) const

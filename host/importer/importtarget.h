@@ -3,13 +3,12 @@
 
 #include "host/library/records/libraryresult.h"
 
-#include <QHash>
-
 #include <atomic>
+#include <functional>
 #include <memory>
 
 class Library;
-class LibraryReader;
+class ReadOnlyLibrary;
 
 /// The part of a library that one import is about: what it knows of the pictures in one folder, and the way of batches
 /// into it. Paths are absolute. Waits for the library; to be used on the import's thread.
@@ -22,16 +21,16 @@ public:
     ImportTarget(Library* library, const std::atomic_bool& cancelled);
     ~ImportTarget();
 
-    /// \a folder: without links, with no slash at its end.
+    /// \a folder: without links, with no slash at its end. False without a reason in error() when it was cancelled.
     [[nodiscard]] bool open(const QByteArray& folder);
     [[nodiscard]] QString libraryId() const;
     /// The root that the folder belongs to, and the folder's path in it; set by open().
     [[nodiscard]] qint64 rootId() const { return m_rootId; }
     [[nodiscard]] const QByteArray& folderInRoot() const { return m_folderInRoot; }
-    /// What the library knows of those of \a paths that it holds.
-    [[nodiscard]] QHash<QByteArray, KnownFile> states(const QVector<QByteArray>& paths);
-    /// At most \a limit files of the library in the folder, in byte order, that follow \a after.
-    [[nodiscard]] QVector<QByteArray> pathsAfter(const QByteArray& after, int limit);
+    /// Visits the library's files in the folder by path, in byte order, until \a visitor returns false. False when they
+    /// cannot be read.
+    bool forEachFile(const std::function<bool(const QByteArray& path, const KnownFile& known)>& visitor);
+    /// Zeros where there is no library to read.
     [[nodiscard]] LibraryTotals totals();
 
     LibraryResult write(QVector<ImportedFile> files);
@@ -42,15 +41,12 @@ public:
     [[nodiscard]] const QString& error() const { return m_error; }
 
 private:
-    template <typename Request>
-    [[nodiscard]] LibraryResult untilUnlocked(Request request) const;
     [[nodiscard]] QByteArray pathInRoot(const QByteArray& path) const;
-    [[nodiscard]] QVector<QByteArray> pathsInRoot(const QVector<QByteArray>& paths) const;
     [[nodiscard]] QByteArray pathOf(const QByteArray& pathInRoot) const;
 
     Library* m_library;
     const std::atomic_bool& m_cancelled;
-    std::unique_ptr<LibraryReader> m_reader;
+    std::unique_ptr<ReadOnlyLibrary> m_reader;
     QByteArray m_folder;
     qint64 m_rootId = 0;
     QByteArray m_folderInRoot;

@@ -22,21 +22,17 @@ VanishedFiles::VanishedFiles(const FolderWalk& walk)
 {
 }
 
-QVector<QByteArray> VanishedFiles::add(const QVector<QByteArray>& paths)
+bool VanishedFiles::add(const QByteArray& path)
 {
     const std::vector<FoundPicture>& pictures = m_walk.pictures();
-    QVector<QByteArray> missing;
-    for (const QByteArray& path : paths) {
-        const auto place = std::lower_bound(
-            pictures.begin(), pictures.end(), path,
-            [](const FoundPicture& picture, const QByteArray& sought) { return picture.path < sought; });
-        if (place != pictures.end() && place->path == path)
-            continue;
-        if (m_walk.isOutOfSight(path))
-            ++m_away;
-        else if (!exists(path))
-            missing.append(path);
-    }
-    m_missing += missing.size();
-    return missing;
+    const auto place =
+        std::lower_bound(pictures.begin(), pictures.end(), path,
+                         [](const FoundPicture& picture, const QByteArray& sought) { return picture.path < sought; });
+    if (place != pictures.end() && place->path == path)
+        return false;
+    const bool isOutOfSight = m_walk.isOutOfSight(path);
+    m_away += isOutOfSight ? 1 : 0;
+    const bool isMissing = !isOutOfSight && !exists(path);
+    m_missing += isMissing ? 1 : 0;
+    return isMissing;
 }

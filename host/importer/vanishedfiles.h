@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QVector>
 
 class FolderWalk;
 
@@ -14,8 +13,8 @@ public:
     /// \a walk is complete and outlives this object.
     explicit VanishedFiles(const FolderWalk& walk);
 
-    /// Counts \a paths; returns those among them that are missing. One look at the disk for each file not met.
-    QVector<QByteArray> add(const QVector<QByteArray>& paths);
+    /// Counts the file at \a path; true when it is missing. One look at the disk for a file that was not met.
+    bool add(const QByteArray& path);
 
     [[nodiscard]] int missing() const { return m_missing; }
     [[nodiscard]] int away() const { return m_away; }

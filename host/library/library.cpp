@@ -6,25 +6,25 @@
 #include "host/library/database/libraryerror.h"
 #include "host/library/libraryengine.h"
 #include "host/library/libraryopening.h"
-#include "host/library/libraryreader.h"
 #include "host/library/librarythread.h"
-#include "host/library/memory/librarygroupaction.h"
-#include "host/library/memory/librarymanager.h"
+#include "host/library/memory/librarycategoryaction.h"
+#include "host/library/memory/librarycategorylist.h"
 #include "host/library/memory/librarymemory.h"
 #include "host/library/memory/libraryprovider.h"
 #include "host/library/memory/librarytagaction.h"
+#include "host/library/readonlylibrary.h"
+#include "host/library/records/plainpath.h"
 #include "host/library/requests/importbatch.h"
 #include "host/library/requests/rootrequests.h"
 #include "host/library/requests/version1keywords.h"
 
-#include <QDir>
 #include <QFile>
 #include <QPointer>
 
 namespace {
 
 using WritingThread = LibraryThread<LibraryWriter>;
-using ReadingThread = LibraryThread<LibraryReader>;
+using ReadingThread = LibraryThread<ReadOnlyLibrary>;
 
 /// For the writing thread; leaves what was read in \a memory, which nobody else uses yet.
 std::unique_ptr<LibraryWriter> openForWriting(const QString& path, LibraryMemory& memory, QString* error)
@@ -37,14 +37,6 @@ std::unique_ptr<LibraryWriter> openForWriting(const QString& path, LibraryMemory
         *error = failure.message();
         return nullptr;
     }
-}
-
-/// Without links where the folder is there.
-QByteArray canonicalFolder(const QByteArray& folder)
-{
-    const QString canonical = QDir(QFile::decodeName(folder)).canonicalPath();
-    const QByteArray bytes = QFile::encodeName(canonical);
-    return bytes.isEmpty() ? folder : bytes;
 }
 
 }  // namespace
@@ -66,11 +58,11 @@ struct Library::Private
 void Library::Private::start(const std::shared_ptr<LibraryMemory>& memory, std::unique_ptr<WritingThread> writer)
 {
     engine = std::make_unique<LibraryEngine>(memory, std::move(writer));
-    const auto manager = QSharedPointer<LibraryManager>::create(memory);
+    const auto manager = QSharedPointer<LibraryCategoryList>::create(memory);
     engine->setManager(manager);
     provider =
         QSharedPointer<LibraryProvider>::create(QSharedPointer<LibraryTagAction>::create(engine.get()),
-                                                QSharedPointer<LibraryGroupAction>::create(engine.get()), manager);
+                                                QSharedPointer<LibraryCategoryAction>::create(engine.get()), manager);
 }
 
 bool Library::Private::startReader(QString* error)
@@ -78,7 +70,7 @@ bool Library::Private::startReader(QString* error)
     if (reader)
         return true;
     auto thread = std::make_unique<ReadingThread>();
-    if (!thread->start([path = path](QString* reason) { return LibraryReader::open(path, reason); }, error))
+    if (!thread->start([path = path](QString* reason) { return ReadOnlyLibrary::open(path, reason); }, error))
         return false;
     reader = std::move(thread);
     return true;
@@ -138,21 +130,21 @@ QString Library::id() const
     return d->id;
 }
 
-QStringList Library::takeNotes()
+QStringList Library::takeUpgradeNotices()
 {
-    return libraryopening::takeNotes(d->path);
+    return libraryopening::takeUpgradeNotices(d->path);
 }
 
-LibraryResult Library::addRootAndWait(const QByteArray& folder)
+LibraryResult Library::addRootAndWait(const QByteArray& folder, const std::atomic_bool* cancelled)
 {
-    const QByteArray canonical = canonicalFolder(folder);
-    const auto body = [&](LibraryRequest& request) { rootrequests::add(request, ComputerState(d->id), canonical); };
-    LibraryResult result = d->engine->sendAndWait(ChangeKind::AddRoot, body, nullptr);
+    const QByteArray plain = plainPath(folder);
+    const auto body = [&](LibraryRequest& request) { rootrequests::add(request, ComputerState(d->id), plain); };
+    LibraryResult result = d->engine->sendAndWait(ChangeKind::AddRoot, body, cancelled);
     if (result.change.isEmpty())
         return result;
     // Not before the commit: a mount must not be lost to a request that is rolled back.
     ComputerState computer(d->id);
-    computer.setMount(result.rootId, canonical);
+    computer.setMount(result.rootId, plain);
     for (qint64 adopted : qAsConst(result.rootsAdopted))
         computer.removeRoot(adopted);
     return result;
@@ -165,16 +157,15 @@ LibraryResult Library::importAndWait(qint64 rootId, const QVector<ImportedFile>&
     return d->engine->sendAndWait(ChangeKind::Import, body, cancelled);
 }
 
-LibraryResult Library::settleAndWait(qint64 rootId, const std::atomic_bool* cancelled)
+LibraryResult Library::settleAndWait(const std::atomic_bool* cancelled)
 {
-    Q_UNUSED(rootId)
     return d->engine->sendAndWait(ChangeKind::Settle, version1keywords::settle, cancelled);
 }
 
-LibraryResult Library::forgetAndWait(qint64 rootId, const QVector<QByteArray>& paths)
+LibraryResult Library::forgetAndWait(qint64 rootId, const QVector<QByteArray>& paths, const std::atomic_bool* cancelled)
 {
     const auto body = [&](LibraryRequest& request) { ImportBatch(request, rootId).forget(paths); };
-    return d->engine->sendAndWait(ChangeKind::Forget, body, nullptr);
+    return d->engine->sendAndWait(ChangeKind::Forget, body, cancelled);
 }
 
 template <typename Answer, typename Read>
@@ -194,7 +185,7 @@ void Library::query(Read read, QObject* context, std::function<void(const Answer
             Qt::QueuedConnection);
         return;
     }
-    d->reader->post([this, read, answer, closing = d->closing](LibraryReader& reader) {
+    d->reader->post([this, read, answer, closing = d->closing](ReadOnlyLibrary& reader) {
         if (*closing)
             return;
         const Answer result = read(reader);
@@ -205,20 +196,20 @@ void Library::query(Read read, QObject* context, std::function<void(const Answer
 
 void Library::queryFileIds(const FileQuery& query, QObject* context, FileIdsCallback callback)
 {
-    this->query([query](LibraryReader& reader) { return reader.fileIds(query); }, context, std::move(callback));
+    this->query([query](ReadOnlyLibrary& reader) { return reader.fileIds(query); }, context, std::move(callback));
 }
 
 void Library::queryFiles(const QVector<qint64>& ids, QObject* context, FilesCallback callback)
 {
-    query([ids](LibraryReader& reader) { return reader.files(ids); }, context, std::move(callback));
+    query([ids](ReadOnlyLibrary& reader) { return reader.files(ids); }, context, std::move(callback));
 }
 
-void Library::holdNews(int longest)
+void Library::holdNotifications(int longest)
 {
-    d->engine->holdNews(longest);
+    d->engine->holdNotifications(longest);
 }
 
-void Library::releaseNews()
+void Library::releaseNotifications()
 {
-    d->engine->releaseNews();
+    d->engine->releaseNotifications();
 }

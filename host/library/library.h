@@ -21,8 +21,8 @@ class ILibraryDataProvider;
 /// them, once it is committed, and on the thread that opened the library: memory is brought up to date, then the data
 /// signals of the providers are emitted, for up to 200 tags at once, then the request is answered, exactly once. A
 /// request that fails changes nothing and is answered with the reason. A library that another program holds locked is
-/// waited for up to 5 seconds, on that thread. A library whose file was moved, deleted or replaced meanwhile refuses
-/// every request.
+/// waited for up to 5 seconds, on that thread. A library whose file was moved, deleted, replaced or written over
+/// meanwhile refuses every request.
 ///
 /// What other programs commit to the same file is noticed before the next request, or within about a second, and
 /// emitted as a request's change is. A library in a folder that is read-only is shown, and requests are answered so;
@@ -50,9 +50,9 @@ public:
     [[nodiscard]] QString path() const;
     /// Unlike that of any other library; names what this computer knows of it (ComputerState).
     [[nodiscard]] QString id() const;
-    /// For the person: what was changed to bring the library to this version, such as names that cannot be kept. The
-    /// library remembers it, whoever opened it first, until it was asked for once.
-    [[nodiscard]] QStringList takeNotes();
+    /// For the person: what was changed to bring the library to this version, such as names that cannot be kept. Kept
+    /// in the library until it was taken once, by any program.
+    [[nodiscard]] QStringList takeUpgradeNotices();
     /// What the tag manager window is given. The same object at every call; never null.
     [[nodiscard]] QSharedPointer<ILibraryDataProvider> dataProvider() const;
 
@@ -63,17 +63,18 @@ public:
     /// The root for \a folder, an absolute path: LibraryResult::rootId, and in folderInRoot where in it the folder is.
     /// That is a root that is mounted there or above on this computer, else a new one, which takes over the files of
     /// roots that are mounted below, and the files there of a root whose mount was guessed.
-    [[nodiscard]] LibraryResult addRootAndWait(const QByteArray& folder);
+    [[nodiscard]] LibraryResult addRootAndWait(const QByteArray& folder, const std::atomic_bool* cancelled = nullptr);
     /// Writes a batch in one transaction. A file's tags become those that its keywords lead to (a keyword that is new
     /// leads to the tag of its name, which is made when missing and coloured by a hash of the name) and those that a
     /// person gave it, without those that a person took away. A file without any change costs look-ups only.
     [[nodiscard]] LibraryResult importAndWait(qint64 rootId, const QVector<ImportedFile>& files,
                                               const std::atomic_bool* cancelled = nullptr);
     /// To be called at the end of each import: decides about keywords of libraries that were made by version 1.
-    [[nodiscard]] LibraryResult settleAndWait(qint64 rootId, const std::atomic_bool* cancelled = nullptr);
+    [[nodiscard]] LibraryResult settleAndWait(const std::atomic_bool* cancelled = nullptr);
     /// Removes files from the library (not from the disk) together with their tag links. Unknown paths are ignored;
     /// tags stay.
-    [[nodiscard]] LibraryResult forgetAndWait(qint64 rootId, const QVector<QByteArray>& paths);
+    [[nodiscard]] LibraryResult forgetAndWait(qint64 rootId, const QVector<QByteArray>& paths,
+                                              const std::atomic_bool* cancelled = nullptr);
 
     /// Asks for the ids of files, ordered by path; answered on the GUI thread unless \a context is gone by then. Runs
     /// on a thread for reading, beside the requests, and sees what is committed when it runs. 8 bytes for each file.
@@ -85,9 +86,9 @@ public:
     /// From now on holds back the signals of what other programs and imports change, so that nothing that is shown
     /// changes while a person types a name: for up to \a longest milliseconds after the first such change. The answer
     /// to a request comes after the signals of what was committed before it, in that order, as ever.
-    void holdNews(int longest);
+    void holdNotifications(int longest);
     /// Ends that; what was held back follows from the event loop.
-    void releaseNews();
+    void releaseNotifications();
 
 signals:
     /// Files joined or left the library, or their tags changed, by an import, a removal or a deleted tag.

@@ -4,8 +4,8 @@
 #include "host/library/database/librarydatabase.h"
 #include "host/library/database/libraryerror.h"
 #include "host/library/librarythread.h"
-#include "host/library/memory/librarygroup.h"
-#include "host/library/memory/librarymanager.h"
+#include "host/library/memory/librarycategory.h"
+#include "host/library/memory/librarycategorylist.h"
 #include "host/library/memory/librarymemory.h"
 #include "host/library/memory/librarytag.h"
 
@@ -17,14 +17,14 @@
 namespace {
 
 /// How long the queue may keep the event loop waiting, in milliseconds: half a frame of a 60 Hz screen.
-constexpr int Slice = 8;
+constexpr int longestSlice = 8;
 /// Rows that come into memory at once and are emitted by one signal. A window with 100,000 tags takes up to 10 ms to
 /// follow it; for 5,000 rows it took 140 ms.
-constexpr int MostRows = 200;
-/// How often to look for what other programs changed, in milliseconds.
-constexpr int OutsideInterval = 1000;
+constexpr int mostRows = 200;
+/// How often to poll for what other programs changed, in milliseconds.
+constexpr int pollInterval = 1000;
 /// How long a request waits for a lock of another program, and closing for all that are left, in milliseconds.
-constexpr int Patience = 5000;
+constexpr int longestWait = 5000;
 
 }  // namespace
 
@@ -33,15 +33,15 @@ LibraryEngine::LibraryEngine(const std::shared_ptr<LibraryMemory>& memory,
     : m_memory(memory)
     , m_writer(std::move(writer))
 {
-    connect(&m_outsideTimer, &QTimer::timeout, this, &LibraryEngine::lookOutside);
-    m_outsideTimer.start(OutsideInterval);
+    connect(&m_pollTimer, &QTimer::timeout, this, &LibraryEngine::pollForeignChanges);
+    m_pollTimer.start(pollInterval);
     m_holdTimer.setSingleShot(true);
-    connect(&m_holdTimer, &QTimer::timeout, this, &LibraryEngine::releaseNews);
+    connect(&m_holdTimer, &QTimer::timeout, this, &LibraryEngine::releaseNotifications);
 }
 
 LibraryEngine::~LibraryEngine()
 {
-    m_closingUntil = QDeadlineTimer(Patience).deadline();
+    m_closingUntil = QDeadlineTimer(longestWait).deadline();
     m_writer.reset();
 }
 
@@ -69,9 +69,9 @@ LibraryResult LibraryEngine::carryOut(LibraryWriter& writer, ChangeKind kind, co
                                       const LibraryTransaction::MayWait& mayWait, const Answer& answer)
 {
     m_isIdle = false;
-    LibraryWriter::Others others;
-    LibraryResult result = writer.carryOut(kind, body, mayWait, others);
-    deliver(others);
+    LibraryWriter::ForeignChanges foreign;
+    LibraryResult result = writer.carryOut(kind, body, mayWait, foreign);
+    deliver(foreign);
     if (answer || !result.change.isEmpty())
         deliver(result.change, answer ? [answer, result] { answer(result); } : std::function<void()>());
     return result;
@@ -79,25 +79,25 @@ LibraryResult LibraryEngine::carryOut(LibraryWriter& writer, ChangeKind kind, co
 
 LibraryTransaction::MayWait LibraryEngine::patience() const
 {
-    return [this, own = QDeadlineTimer(Patience)] {
+    return [this, own = QDeadlineTimer(longestWait)] {
         const qint64 closing = m_closingUntil;
         return !own.hasExpired() && (closing == 0 || QDeadlineTimer::current().deadline() < closing);
     };
 }
 
-void LibraryEngine::lookOutside()
+void LibraryEngine::pollForeignChanges()
 {
     // One at a time: they must not pile up behind a long import.
-    if (m_looksOutside.exchange(true))
+    if (m_isPolling.exchange(true))
         return;
     m_writer->post([this](LibraryWriter& writer) {
         QString error;
-        const LibraryWriter::Others others = writer.takeOthers(&error);
-        deliver(others);
-        // Whoever looks after the log is emptied cannot tell a change by hand from that: they get another interval.
-        m_isIdle = m_isIdle && others.isEmpty();
+        const LibraryWriter::ForeignChanges foreign = writer.takeForeignChanges(&error);
+        deliver(foreign);
+        // After the log is emptied, other programs cannot tell that from a change by hand: they get another interval.
+        m_isIdle = m_isIdle && foreign.isEmpty();
         QMetaObject::invokeMethod(
-            this, [this, error] { reportOutside(error); }, Qt::QueuedConnection);
+            this, [this, error] { reportPollFailure(error); }, Qt::QueuedConnection);
         if (m_isIdle) {
             try {
                 writer.database().tidy();
@@ -106,11 +106,11 @@ void LibraryEngine::lookOutside()
             }
         }
         m_isIdle = true;
-        m_looksOutside = false;
+        m_isPolling = false;
     });
 }
 
-void LibraryEngine::reportOutside(const QString& error)
+void LibraryEngine::reportPollFailure(const QString& error)
 {
     if (error == m_lastFailure)
         return;
@@ -120,19 +120,19 @@ void LibraryEngine::reportOutside(const QString& error)
 }
 
 /// Called on the writing thread.
-void LibraryEngine::deliver(const LibraryWriter::Others& others)
+void LibraryEngine::deliver(const LibraryWriter::ForeignChanges& foreign)
 {
-    for (const LibraryChange& change : others.changes)
+    for (const LibraryChange& change : foreign.changes)
         deliver(change, {});
-    if (others.contents)
-        post({{{}, others.contents, {}}});
+    if (foreign.contents)
+        post({{{}, foreign.contents, {}}});
 }
 
 /// Called on the writing thread.
 void LibraryEngine::deliver(const LibraryChange& change, const std::function<void()>& answer)
 {
     QVector<Delivery> deliveries;
-    for (const LibraryChange& piece : change.inPieces(MostRows))
+    for (const LibraryChange& piece : change.inPieces(mostRows))
         deliveries.append({piece, {}, {}});
     if (deliveries.isEmpty())
         deliveries.append(Delivery());
@@ -146,7 +146,7 @@ void LibraryEngine::post(const QVector<Delivery>& deliveries)
         this, [this, deliveries] { receive(deliveries); }, Qt::QueuedConnection);
 }
 
-void LibraryEngine::setManager(const QSharedPointer<LibraryManager>& manager)
+void LibraryEngine::setManager(const QSharedPointer<LibraryCategoryList>& manager)
 {
     m_manager = manager;
 }
@@ -156,26 +156,26 @@ void LibraryEngine::receive(const QVector<Delivery>& deliveries)
     m_deliveries.insert(m_deliveries.end(), deliveries.cbegin(), deliveries.cend());
     m_answers += static_cast<int>(std::count_if(deliveries.cbegin(), deliveries.cend(),
                                                 [](const Delivery& delivery) { return bool(delivery.answer); }));
-    if (m_holdsNews && !m_holdTimer.isActive())
+    if (m_holdsNotifications && !m_holdTimer.isActive())
         m_holdTimer.start();
-    if (!m_goesOn)
+    if (!m_isSliceQueued)
         emitNext();
 }
 
-void LibraryEngine::holdNews(int longest)
+void LibraryEngine::holdNotifications(int longest)
 {
-    m_holdsNews = true;
+    m_holdsNotifications = true;
     m_holdTimer.setInterval(longest);
     if (!isQueueEmpty())
         m_holdTimer.start();
 }
 
-void LibraryEngine::releaseNews()
+void LibraryEngine::releaseNotifications()
 {
-    m_holdsNews = false;
+    m_holdsNotifications = false;
     m_holdTimer.stop();
-    if (!m_goesOn && !isQueueEmpty()) {
-        m_goesOn = true;
+    if (!m_isSliceQueued && !isQueueEmpty()) {
+        m_isSliceQueued = true;
         QMetaObject::invokeMethod(this, &LibraryEngine::emitNext, Qt::QueuedConnection);
     }
 }
@@ -188,7 +188,7 @@ void LibraryEngine::bringNextIntoMemory()
         LibraryChange change = m_memory->changeTo(*delivery.contents);
         // Which files the tags have may be other than before, though there are as many.
         change.filesChanged = true;
-        const QVector<LibraryChange> pieces = change.inPieces(MostRows);
+        const QVector<LibraryChange> pieces = change.inPieces(mostRows);
         for (auto piece = pieces.crbegin(); piece != pieces.crend(); ++piece)
             m_deliveries.push_front({*piece, {}, {}});
         return;
@@ -204,47 +204,47 @@ void LibraryEngine::bringNextIntoMemory()
 
 void LibraryEngine::queueNotifications(const LibraryNotifications& notifications)
 {
-    if (!notifications.groupsAdded.isEmpty())
+    if (!notifications.categoriesAdded.isEmpty())
         m_notifications.emplace_back(
-            [this, ids = notifications.groupsAdded] { emit m_manager->signalAddTagGroups(ids); });
+            [this, ids = notifications.categoriesAdded] { emit m_manager->signalAddTagGroups(ids); });
     for (const auto& tag : notifications.tagsUpdated) {
         m_notifications.emplace_back([tag] {
             if (const auto provider = tag->provider.toStrongRef())
                 emit provider->signalUpdated();
         });
     }
-    for (const GroupNotification& group : notifications.groups)
-        queueGroupNotification(group);
-    if (!notifications.groupsRemoved.isEmpty())
+    for (const CategoryNotification& category : notifications.categories)
+        queueCategoryNotification(category);
+    if (!notifications.categoriesRemoved.isEmpty())
         m_notifications.emplace_back(
-            [this, ids = notifications.groupsRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
+            [this, ids = notifications.categoriesRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
     if (notifications.filesChanged)
         m_notifications.emplace_back([this] { emit filesChanged(); });
 }
 
-void LibraryEngine::queueGroupNotification(const GroupNotification& notification)
+void LibraryEngine::queueCategoryNotification(const CategoryNotification& notification)
 {
     // Nobody can be connected to a provider that does not exist when its turn comes.
     m_notifications.emplace_back([notification] {
-        const auto provider = notification.group->provider.toStrongRef();
+        const auto provider = notification.category->provider.toStrongRef();
         if (provider && !notification.tagsRemoved.isEmpty())
             emit provider->signalRemoveTags(notification.tagsRemoved);
         if (provider && !notification.tagsAdded.isEmpty())
             emit provider->signalAddTags(notification.tagsAdded);
-        if (provider && !notification.group->gone)
+        if (provider && !notification.category->gone)
             emit provider->signalUpdated();
     });
 }
 
 void LibraryEngine::emitNext()
 {
-    m_goesOn = false;
+    m_isSliceQueued = false;
     QElapsedTimer slice;
     slice.start();
     const QPointer<LibraryEngine> self = this;
     while (self && !isQueueEmpty() && !holdsQueue()) {
-        if (slice.elapsed() >= Slice) {
-            m_goesOn = true;
+        if (slice.elapsed() >= longestSlice) {
+            m_isSliceQueued = true;
             QMetaObject::invokeMethod(this, &LibraryEngine::emitNext, Qt::QueuedConnection);
             return;
         }

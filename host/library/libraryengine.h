@@ -12,13 +12,13 @@
 #include <atomic>
 #include <deque>
 
-class LibraryManager;
+class LibraryCategoryList;
 class LibraryMemory;
 template <typename Connection>
 class LibraryThread;
 
 /// What carries requests to the writing thread and their results back: first into memory, then to the providers'
-/// signals, then to the answer. What other programs change in the same library goes the same way, looked for before
+/// signals, then to the answer. What other programs change in the same library goes the same way, polled for before
 /// every request and once a second.
 ///
 /// Lives on the GUI thread. Results wait in one queue, brought into memory and emitted in order, also when a receiver
@@ -40,12 +40,12 @@ public:
     [[nodiscard]] LibraryResult sendAndWait(ChangeKind kind, LibraryRequestBody body,
                                             const std::atomic_bool* cancelled);
     /// The provider whose category signals follow the library.
-    void setManager(const QSharedPointer<LibraryManager>& manager);
+    void setManager(const QSharedPointer<LibraryCategoryList>& manager);
 
-    /// Until releaseNews(), and for \a longest milliseconds after the first of them, changes stay in the queue unless
-    /// an answer is in it, too: that is emitted, after what comes before it.
-    void holdNews(int longest);
-    void releaseNews();
+    /// Until releaseNotifications(), and for \a longest milliseconds after the first of them, changes stay in the queue
+    /// unless an answer is in it, too: that is emitted, after what comes before it.
+    void holdNotifications(int longest);
+    void releaseNotifications();
 
 signals:
     void filesChanged();
@@ -53,7 +53,7 @@ signals:
     void failed(const QString& reason);
 
 private slots:
-    void lookOutside();
+    void pollForeignChanges();
     void emitNext();
 
 private:
@@ -69,29 +69,29 @@ private:
     [[nodiscard]] LibraryResult carryOut(LibraryWriter& writer, ChangeKind kind, const LibraryRequestBody& body,
                                          const LibraryTransaction::MayWait& mayWait, const Answer& answer);
     [[nodiscard]] LibraryTransaction::MayWait patience() const;
-    void deliver(const LibraryWriter::Others& others);
+    void deliver(const LibraryWriter::ForeignChanges& foreign);
     void deliver(const LibraryChange& change, const std::function<void()>& answer);
     void post(const QVector<Delivery>& deliveries);
-    void reportOutside(const QString& error);
+    void reportPollFailure(const QString& error);
     void receive(const QVector<Delivery>& deliveries);
     [[nodiscard]] bool isQueueEmpty() const { return m_notifications.empty() && m_deliveries.empty(); }
-    [[nodiscard]] bool holdsQueue() const { return m_holdsNews && m_answers == 0; }
+    [[nodiscard]] bool holdsQueue() const { return m_holdsNotifications && m_answers == 0; }
     void bringNextIntoMemory();
     void queueNotifications(const LibraryNotifications& notifications);
-    void queueGroupNotification(const GroupNotification& notification);
+    void queueCategoryNotification(const CategoryNotification& notification);
 
     std::shared_ptr<LibraryMemory> m_memory;
     std::unique_ptr<LibraryThread<LibraryWriter>> m_writer;
-    QSharedPointer<LibraryManager> m_manager;
+    QSharedPointer<LibraryCategoryList> m_manager;
     std::deque<Delivery> m_deliveries;
     std::deque<Notification> m_notifications;  ///< Of what is in memory, emitted before the next change comes into it.
     int m_answers = 0;                         ///< In both queues.
-    bool m_holdsNews = false;
-    QTimer m_holdTimer;     ///< Runs while something is held back.
-    bool m_goesOn = false;  ///< The next slice of notifications is on its way.
-    QTimer m_outsideTimer;
-    std::atomic<bool> m_looksOutside = false;
+    bool m_holdsNotifications = false;
+    QTimer m_holdTimer;            ///< Runs while something is held back.
+    bool m_isSliceQueued = false;  ///< The next slice of notifications is on its way.
+    QTimer m_pollTimer;
+    std::atomic<bool> m_isPolling = false;
     std::atomic<qint64> m_closingUntil = 0;  ///< When to give up on locks, as QDeadlineTimer counts; 0 while open.
-    bool m_isIdle = true;                    ///< No request since the last look outside. Writing thread only.
+    bool m_isIdle = true;                    ///< No request since the last poll. Writing thread only.
     QString m_lastFailure;                   ///< That was emitted.
 };

@@ -24,7 +24,7 @@ libraryopening::Opened libraryopening::openOrCreate(const QString& path)
     return opened;
 }
 
-QStringList libraryopening::takeNotes(const QString& path)
+QStringList libraryopening::takeUpgradeNotices(const QString& path)
 {
     QStringList notes;
     try {

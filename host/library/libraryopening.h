@@ -22,7 +22,7 @@ struct Opened
 /// Opens the library for writing, making it or bringing it to the current version first. Throws a LibraryError.
 [[nodiscard]] Opened openOrCreate(const QString& path);
 /// For the person: what was changed to open the library for the first time; each once. \a path is Opened::path.
-[[nodiscard]] QStringList takeNotes(const QString& path);
+[[nodiscard]] QStringList takeUpgradeNotices(const QString& path);
 /// Another connection to a library that is open; \a path is Opened::path. Throws a LibraryError.
 [[nodiscard]] std::unique_ptr<LibraryDatabase> connectForWriting(const QString& path);
 /// Whether the library can be read as it is. Throws a LibraryError unless it is a library. Writes nothing.

@@ -8,8 +8,8 @@
 #include <future>
 #include <memory>
 
-/// A thread with a connection of its own to a library (a LibraryDatabase or a LibraryReader), which runs jobs one after
-/// the other in the order posted.
+/// A thread with a connection of its own to a library (a LibraryDatabase or a ReadOnlyLibrary), which runs jobs one
+/// after the other in the order posted.
 template <typename Connection>
 class LibraryThread
 {

@@ -203,7 +203,7 @@ private slots:
         QCOMPARE(tags->tagCount(1), 2);
         emit window.events()->nameInputFinished();
         QTRY_COMPARE(tags->tagCount(1), 3);
-        library.holdNews(0);
+        library.holdNotifications(0);
         QVERIFY(imported("c"));
         QTRY_VERIFY2(tags->tagCount(1) == 4, "held for longer than was asked for");
     }

@@ -86,9 +86,9 @@ private slots:
     {
         const QByteArray mng("\x8aMNG\r\n\x1a\n\0\0\0\x1cMHDR", 16);
         for (const char* const name : {"a.bmp", "a.png", "a.mng", "a.svg", "a.ico", "a.xpm"})
-            QVERIFY2(ImageContent::format(mng, name).isEmpty(), name);
-        QCOMPARE(ImageContent::format(QByteArray("\0\0\2\0", 4), "a.tga"), QByteArray("tga"));
-        QVERIFY(ImageContent::format("icns\0\0\0", "a.ico").isEmpty());
+            QVERIFY2(imagecontent::format(mng, name).isEmpty(), name);
+        QCOMPARE(imagecontent::format(QByteArray("\0\0\2\0", 4), "a.tga"), QByteArray("tga"));
+        QVERIFY(imagecontent::format("icns\0\0\0", "a.ico").isEmpty());
         QCOMPARE(load(m_folder.write("a.bmp", mng), 64).state, Thumbnail::Unreadable);
         const QByteArray plain = fileBytes(m_folder.writePng("plain.png"));
         QCOMPARE(load(m_folder.write("png.jpg", plain), 64).state, Thumbnail::Loaded);

@@ -52,13 +52,13 @@ QByteArray created(int imageType)
 /// TIFF 6.0 with one directory after \a extension; raw formats replace the \a mark.
 QByteArray tiff(const QByteArray& mark = QByteArray("II*\0", 4), const QByteArray& extension = {})
 {
-    constexpr quint16 ByteType = 1;
-    constexpr quint16 XmpTag = 700;
+    constexpr quint16 byteType = 1;
+    constexpr quint16 xmpTag = 700;
     const QByteArray packet = xmpPacket();
     const int directory = 8 + extension.size();
-    constexpr int DirectorySize = 2 + 12 + 4;
-    return mark + little(quint32(directory)) + extension + little(quint16(1)) + little(XmpTag) + little(ByteType) +
-           little(quint32(packet.size())) + little(quint32(directory + DirectorySize)) + zeros(4) + packet;
+    constexpr int directorySize = 2 + 12 + 4;
+    return mark + little(quint32(directory)) + extension + little(quint16(1)) + little(xmpTag) + little(byteType) +
+           little(quint32(packet.size())) + little(quint32(directory + directorySize)) + zeros(4) + packet;
 }
 
 QByteArray exifHeader()
@@ -122,10 +122,10 @@ QByteArray psd()
 QByteArray raf()
 {
     const QByteArray preview = QByteArray("\xff\xd8\xff\xe1\x10\x00", 6) + exifHeader() + tiff();
-    constexpr int HeaderSize = 160;
+    constexpr int headerSize = 160;
     QByteArray header = QByteArray("FUJIFILMCCD-RAW 0201FF000000TEST").leftJustified(84, '\0') +
-                        big(quint32(HeaderSize)) + big(quint32(preview.size()));
-    return header.leftJustified(HeaderSize, '\0') + preview;
+                        big(quint32(headerSize)) + big(quint32(preview.size()));
+    return header.leftJustified(headerSize, '\0') + preview;
 }
 
 QByteArray mrw()

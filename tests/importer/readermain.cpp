@@ -41,7 +41,7 @@ QByteArray liberties()
     if (child == 0)
         _exit(0);
     tried("fork", child);
-    const size_t tooMuch = size_t(Confinement::memoryLimit) + 1;
+    const size_t tooMuch = size_t(confinement::memoryLimit) + 1;
     void* const large = mmap(nullptr, tooMuch, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     tried("memory", large != MAP_FAILED ? 0 : -1);
     if (large != MAP_FAILED)
@@ -59,7 +59,7 @@ QByteArray harmfulAnswer(const ReaderRequest& request)
         return "{\"keywords\":7}\n";
     if (request.name.contains("endless"))
         return readKeywords(request.file.number(), request.name).toLine() +
-               QByteArray(ReaderMessage::longestAnswer, ' ');
+               QByteArray(readermessage::longestAnswer, ' ');
     if (request.name.contains("liberties")) {
         MetadataAnswer answer;
         answer.keywords.append(QStringLiteral("can: ") + QString::fromLatin1(liberties()));
@@ -70,9 +70,9 @@ QByteArray harmfulAnswer(const ReaderRequest& request)
 
 int runHarmfulReader()
 {
-    Confinement::limit();
+    confinement::limit();
     setUpExiv2();
-    _exit(ReaderService::serve(harmfulAnswer));
+    _exit(readerservice::serve(harmfulAnswer));
 }
 
 int runCommand(int argc, char** argv)

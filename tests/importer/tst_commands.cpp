@@ -96,6 +96,25 @@ private slots:
         }
     }
 
+    void importThatWaitsForALockIsInterrupted()
+    {
+        QCOMPARE(import("pictures", "locked.db").status, 0);
+        QSqlDatabase other = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other"));
+        other.setDatabaseName(file("locked.db"));
+        QVERIFY(other.open());
+        QSqlQuery lock(QStringLiteral("BEGIN IMMEDIATE"), other);
+        QVERIFY(lock.isActive());
+        QVERIFY(QDir().mkpath(file("unseen")));
+        QProcess process;
+        start(process, {QStringLiteral("--import"), file("unseen"), QStringLiteral("--library"), file("locked.db")});
+        QVERIFY(process.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(catchesInterrupts(process.processId()), 30000);
+        kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(process.waitForFinished(30000));
+        QCOMPARE(process.exitCode(), 130);
+        QCOMPARE(process.readAllStandardOutput(), totals("files: 2, tags: 3, links: 4", 0));
+    }
+
     void importSurvivesBeingKilled()
     {
         QVERIFY(QDir().mkpath(file("many")));
@@ -192,6 +211,15 @@ private slots:
         const QByteArray files = run({QStringLiteral("--list"), QStringLiteral("files"), file("new")}).output;
         QCOMPARE(files.count(path("new/")), 2);
 
+        // A person may name the folder that the moved one was put into, or one in it.
+        QVERIFY(QDir().mkpath(file("around it")) && QDir().rename(file("new"), file("around it/new")));
+        QCOMPARE(imported("around it/new", yes).output, whole);
+        QVERIFY(QDir().rename(file("around it"), file("elsewhere")));
+        QCOMPARE(imported("elsewhere/new/sub").status, 2);
+        QCOMPARE(imported("elsewhere/new/sub", yes).output, whole);
+        QVERIFY(QDir().rename(file("elsewhere/new"), file("new")) && QDir().rmdir(file("elsewhere")));
+        QCOMPARE(imported("new", yes).output, whole);
+
         // A copy is no move, and what a person calls another folder is another one.
         QVERIFY(QDir().mkpath(file("old")) && QFile::copy(file("new/a.jpg"), file("old/a.jpg")));
         const QByteArray copy = totals("files: 1, tags: 1, links: 1", 0);
@@ -240,9 +268,9 @@ private slots:
 
     void manyImportsAtOnce()
     {
-        constexpr int Imports = 10;
+        constexpr int imports = 10;
         std::vector<std::unique_ptr<QProcess>> processes;
-        for (int i = 0; i < Imports; ++i) {
+        for (int i = 0; i < imports; ++i) {
             const QByteArray folder = "at once " + QByteArray::number(i);
             QVERIFY(QDir().mkpath(file(folder)));
             writePicture(path(folder + "/a.jpg"), {QStringLiteral("shared"), QString::number(i)});
@@ -292,6 +320,15 @@ private:
         };
         return library + part("skipped", skipped) + part("unreadable", unreadable) + part("missing", missing) +
                part("away", away) + '\n';
+    }
+    static bool catchesInterrupts(qint64 process)
+    {
+        QFile status(QStringLiteral("/proc/%1/status").arg(process));
+        if (!status.open(QIODevice::ReadOnly))
+            return false;
+        const QByteArray lines = status.readAll();
+        const QByteArray caught = lines.mid(lines.indexOf("SigCgt:") + 7).split('\n').constFirst().trimmed();
+        return (caught.toULongLong(nullptr, 16) >> (SIGINT - 1) & 1U) != 0;
     }
     static bool makeVersion1(const QString& library, const QList<QByteArray>& pictures)
     {

@@ -57,6 +57,7 @@ private slots:
         QVERIFY(state.mounts().isEmpty());
         state.setMount(1, "/b");
         QCOMPARE(ComputerState(id).mounts().value(1), QByteArray("/b"));
+        QVERIFY(QFile::exists(QFile::decodeName(personalDataFolder()) + "/computer-1.sqlite.damaged"));
 
         // Nowhere to keep it: for this process only.
         qputenv("XDG_DATA_HOME", "/dev/null");

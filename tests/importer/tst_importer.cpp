@@ -2,7 +2,7 @@
 #include "host/importer/importer.h"
 #include "host/importer/metadata/metadatareader.h"
 #include "host/library/library.h"
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 #include "tests/importer/readermain.h"
 #include "tests/importer/taggedpicture.h"
 #include "tests/importer/testfolder.h"
@@ -139,7 +139,7 @@ private slots:
     {
         writePicture(path("a.jpg"), {QStringLiteral("one")});
         import();
-        const qint64 tag = LibraryReader::open(m_library->path())->tags().value.first().id;
+        const qint64 tag = ReadOnlyLibrary::open(m_library->path())->tags().value.first().id;
         m_library->dataProvider()->tagAction()->renameTag(tag, QStringLiteral("renamed"));
         QTRY_COMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
 
@@ -161,9 +161,12 @@ private slots:
         const qint64 root = m_library->addRootAndWait(m_root).rootId;
         ImportedFile file;
         file.path = "a.jpg";
-        file.state = LibraryReader::open(m_library->path())->fileStates(root, {file.path}).value.value(file.path).state;
+        (void)ReadOnlyLibrary::open(m_library->path())->forEachFileBelow(root, {}, [&file](const FileRow& known) {
+            file.state = known.known.state;
+            return true;
+        });
         file.readerVersion = metadataReaderVersion - 1;
-        file.keywords = QVector<QString>{};
+        file.keywords.clear();
         QVERIFY(m_library->importAndWait(root, {file}).succeeded());
         QCOMPARE(tags().value("a.jpg"), QStringList());
         QCOMPARE(import().summary.changed, 1);
@@ -204,6 +207,32 @@ private slots:
         QCOMPARE(tags().keys(), (QList<QByteArray>{"b.jpg", "moved/d.jpg", "sub more/e.jpg", "sub/f.jpg"}));
     }
 
+    /// An index that is out of order does not find what is there: nothing gets into the library a second time.
+    void damagedListOfFilesIsNoticed()
+    {
+        for (const char* const name : {"a.jpg", "b.jpg", "c.jpg"})
+            writePicture(path(name), {QStringLiteral("tag")});
+        import();
+        const QString file = m_library->path();
+        const auto execute = [&file](const QStringList& statements) {
+            QProcess program;
+            program.start(QStringLiteral("sqlite3"), QStringList{file} + statements);
+            QVERIFY(program.waitForFinished() && program.exitCode() == 0);
+        };
+        m_library.reset();
+        const QString writable = QStringLiteral("PRAGMA writable_schema = ON");
+        const QString replace = QStringLiteral("UPDATE sqlite_master SET sql = replace(sql, '%1', '%2')"
+                                               " WHERE name = 'files_by_path'");
+        execute({writable, replace.arg(QStringLiteral("path)"), QStringLiteral("path DESC)"))});
+        execute({QStringLiteral("REINDEX files_by_path")});
+        execute({writable, replace.arg(QStringLiteral("path DESC)"), QStringLiteral("path)"))});
+        m_library = Library::open(file);
+        QVERIFY(m_library);
+        const ImportSummary summary = import().summary;
+        QVERIFY2(summary.error.contains(QLatin1String("out of order")), qPrintable(summary.error));
+        QCOMPARE(summary.totals.files, qint64(3));
+    }
+
     void filesOutOfSightStay()
     {
         makeFolder("disk");
@@ -218,7 +247,8 @@ private slots:
         forgetting.forgetsMissing = true;
         const auto staysWhole = [&] {
             const ImportSummary summary = ImportRun(*m_library, m_root, {}, forgetting).summary;
-            return summary.removed == 0 && tags() == before && (summary.away == 2 || summary.found == 2);
+            return summary.removed == 0 && tags() == before && filesAway() == summary.away &&
+                   (summary.away == 2 || summary.found == 2);
         };
         makeFolder("disk");
         QVERIFY2(staysWhole(), "a mount point without its disk");
@@ -301,7 +331,7 @@ private:
     [[nodiscard]] QMap<QByteArray, QStringList> tags(const QByteArray& root) const
     {
         QMap<QByteArray, QStringList> result;
-        const std::unique_ptr<LibraryReader> reader = LibraryReader::open(m_library->path());
+        const std::unique_ptr<ReadOnlyLibrary> reader = ReadOnlyLibrary::open(m_library->path());
         QHash<qint64, QString> names;
         const QVector<TagRow> allTags = reader->tags().value;
         for (const TagRow& tag : allTags)
@@ -318,6 +348,17 @@ private:
     }
 
     [[nodiscard]] QMap<QByteArray, QStringList> tags() const { return tags(m_root); }
+
+    /// As the list of files says it.
+    [[nodiscard]] int filesAway() const
+    {
+        int away = 0;
+        (void)ReadOnlyLibrary::open(m_library->path())->forEachFile([&away](const FileRow& file) {
+            away += file.isAway ? 1 : 0;
+            return true;
+        });
+        return away;
+    }
 
     std::unique_ptr<TestFolder> m_folder;
     QByteArray m_root;

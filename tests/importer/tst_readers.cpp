@@ -84,6 +84,25 @@ private slots:
         }
     }
 
+    /// As where the system has no room for another process.
+    void filesOfReadersThatCannotBeRunAreReadByOthers()
+    {
+        const QByteArray program = m_folder.file("program");
+        writeFile(program, "#!/bin/sh\nmkdir \"$0.runs\" 2>/dev/null && exec '" +
+                               QFile::encodeName(QCoreApplication::applicationFilePath()) + "' \"$@\"\nexit 1\n");
+        QCOMPARE(chmod(program.constData(), S_IRWXU), 0);
+        QVector<QByteArray> paths;
+        for (int i = 0; i < 40; ++i)
+            paths.append(picture(QByteArray::number(i) + ".jpg"));
+        ReaderPool::Settings settings;
+        settings.program = QFile::decodeName(program);
+        settings.processes = 3;
+        const QMap<int, MetadataAnswer> answers = read(paths, settings);
+        QCOMPARE(answers.size(), 40);
+        for (const MetadataAnswer& answer : answers)
+            QCOMPARE(answer.keywords, QStringList{"sea"});
+    }
+
     void pipesAndFoldersAreNotOpened()
     {
         const QByteArray pipe = m_folder.file("pipe.jpg");
@@ -138,10 +157,10 @@ private:
     }
 
     /// The answers by index.
-    static QMap<int, MetadataAnswer> read(const QVector<QByteArray>& paths)
+    static QMap<int, MetadataAnswer> read(const QVector<QByteArray>& paths, const ReaderPool::Settings& settings = {})
     {
         QMap<int, MetadataAnswer> answers;
-        ReaderPool pool({});
+        ReaderPool pool(settings);
         connect(&pool, &ReaderPool::answered,
                 [&answers](int index, const MetadataAnswer& answer) { answers.insert(index, answer); });
         pool.read(paths);

@@ -14,14 +14,14 @@
 
 namespace {
 
-constexpr int MostAnswers = 60;
+constexpr int mostAnswers = 60;
 
 int carryOut(Library& library, quint32 seed)
 {
     int answers = 0;
     std::optional<CommandScript> script;
     script.emplace(&library, seed, [&] {
-        if (::write(STDOUT_FILENO, ".", 1) == 1 && ++answers < MostAnswers)
+        if (::write(STDOUT_FILENO, ".", 1) == 1 && ++answers < mostAnswers)
             script->next();
         else
             QCoreApplication::quit();

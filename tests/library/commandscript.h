@@ -32,7 +32,7 @@ public:
         const QString name = QStringLiteral("name %1 \u6c34").arg(m_step);
         const qint64 tag = m_random.bounded(1, 2 + m_step / 5);
         const qint64 category = m_random.bounded(1, 3 + m_step / 10);
-        const int color = m_random.bounded(int(TagPalette::Size));
+        const int color = m_random.bounded(int(TagPalette::size));
         switch (m_random.bounded(10)) {
         case 0:
             tags()->createTags({{name, 0, color}});

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tests/library/libraryfixture.h"
 
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 
 #include <ilibrarydataprovider.h>
 
@@ -192,7 +192,7 @@ QStringList LibraryFixture::takeLog()
     return std::exchange(m_log, {});
 }
 
-QStringList LibraryFixture::told(qint64 requestId)
+QStringList LibraryFixture::logUntil(qint64 requestId)
 {
     answerTo(requestId);
     return takeLog();
@@ -218,6 +218,16 @@ QStringList LibraryFixture::shown() const
     return lines;
 }
 
+QMap<QByteArray, KnownFile> LibraryFixture::knownFiles(qint64 rootId, const QByteArray& folder) const
+{
+    QMap<QByteArray, KnownFile> files;
+    (void)ReadOnlyLibrary::open(path())->forEachFileBelow(rootId, folder, [&files](const FileRow& file) {
+        files.insert(file.relativePath, file.known);
+        return true;
+    });
+    return files;
+}
+
 bool LibraryFixture::openOnce(const QString& path)
 {
     useDataFolderOfTest();
@@ -236,7 +246,7 @@ QStringList LibraryFixture::stored() const
 QStringList LibraryFixture::storedIn(const QString& path)
 {
     useDataFolderOfTest();
-    const auto reader = LibraryReader::open(path);
+    const auto reader = ReadOnlyLibrary::open(path);
     if (!reader)
         return {};
     QStringList lines;

@@ -10,6 +10,7 @@
 #include <itaggroupdataprovider.h>
 #include <itagmanagerdataprovider.h>
 
+#include <QMap>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -56,7 +57,10 @@ public:
     /// The log so far, cleared by reading it.
     QStringList takeLog();
     /// Waits for the answer to the request; the log until then, cleared by reading it.
-    QStringList told(qint64 requestId);
+    QStringList logUntil(qint64 requestId);
+
+    /// The files that the library knows of the root, in \a folder if that is given, by path.
+    [[nodiscard]] QMap<QByteArray, KnownFile> knownFiles(qint64 rootId, const QByteArray& folder = {}) const;
 
     /// Opens the library file and closes it again; false when that fails.
     static bool openOnce(const QString& path);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QFile>
@@ -60,7 +60,7 @@ private:
         ImportedFile file;
         file.path = QByteArray::number(number) + ".png";
         file.state.size = number;
-        file.keywords = QVector<QString>{QStringLiteral("keyword %1").arg(number % 40), QStringLiteral("apple")};
+        file.keywords = {QStringLiteral("keyword %1").arg(number % 40), QStringLiteral("apple")};
         return file;
     }
 
@@ -85,10 +85,10 @@ private:
 
     static void readAll(const QString& path)
     {
-        const std::unique_ptr<LibraryReader> reader = LibraryReader::open(path);
+        const std::unique_ptr<ReadOnlyLibrary> reader = ReadOnlyLibrary::open(path);
         if (!reader)
             return;
-        const LibraryReader::Snapshot snapshot(*reader);
+        const ReadOnlyLibrary::Snapshot snapshot(*reader);
         (void)reader->tags();
         (void)reader->categories();
         (void)reader->tagLinks();

@@ -2,7 +2,7 @@
 #include "host/library/database/libraryerror.h"
 #include "host/library/database/sqlite/sqlitedatabase.h"
 #include "host/library/database/sqlite/sqliteschema.h"
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QDir>
@@ -23,6 +23,12 @@ bool write(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// Brings the log into the file, as another program may at any moment.
+void checkpoint(const QString& path)
+{
+    QCOMPARE(LibraryFixture::rowsOf(path, {"PRAGMA wal_checkpoint(TRUNCATE)"}), QStringList("0"));
 }
 
 }  // namespace
@@ -57,8 +63,8 @@ private slots:
         QCOMPARE(database.number("PRAGMA busy_timeout"), 5000);
         QCOMPARE(database.number("PRAGMA trusted_schema"), 0);
         QCOMPARE(database.number("SELECT journal_mode = 'wal' FROM pragma_journal_mode"), 1);
-        QCOMPARE(database.number("PRAGMA user_version"), qint64(sqliteschema::CurrentVersion));
-        QCOMPARE(quint32(database.number("PRAGMA application_id")), sqliteschema::ApplicationId);
+        QCOMPARE(database.number("PRAGMA user_version"), qint64(sqliteschema::currentVersion));
+        QCOMPARE(quint32(database.number("PRAGMA application_id")), sqliteschema::applicationId);
     }
 
     void refusedFilesStayAsTheyAre_data()
@@ -73,12 +79,12 @@ private slots:
             << QByteArray() << QStringList{"CREATE TABLE tags (id)"} << "another program";
         QTest::newRow("newer")
             << QByteArray()
-            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::ApplicationId),
+            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::applicationId),
                            "PRAGMA user_version = 99", "CREATE TABLE tags (other)"}
             << "newer";
         QTest::newRow("negative version")
             << QByteArray()
-            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::ApplicationId),
+            << QStringList{QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::applicationId),
                            "PRAGMA user_version = -1", "CREATE TABLE tags (other)"}
             << "damaged";
     }
@@ -96,7 +102,7 @@ private slots:
         QString error;
         QVERIFY(!Library::open(path, &error));
         QVERIFY2(error.contains(reason), qPrintable(error));
-        QVERIFY(!LibraryReader::open(path, &error));
+        QVERIFY(!ReadOnlyLibrary::open(path, &error));
         QVERIFY2(error.contains(reason), qPrintable(error));
         QCOMPARE(bytesOf(path), before);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 1);
@@ -133,7 +139,7 @@ private slots:
         QVERIFY2(error.contains("No such file"), qPrintable(error));
         QVERIFY(QFile::link(folder.filePath("none/target"), folder.filePath("link")));
         QVERIFY(!Library::open(folder.filePath("link"), &error));
-        QVERIFY(!LibraryReader::open(folder.filePath("never"), &error));
+        QVERIFY(!ReadOnlyLibrary::open(folder.filePath("never"), &error));
         QVERIFY(!QFile::exists(folder.filePath("never")));
     }
 
@@ -161,7 +167,7 @@ private slots:
             QString error;
             QVERIFY(!Library::open(f.path(), &error));
             QVERIFY2(error.contains("tables"), qPrintable(error));
-            QVERIFY(!LibraryReader::open(f.path(), &error));
+            QVERIFY(!ReadOnlyLibrary::open(f.path(), &error));
         }
     }
 
@@ -215,6 +221,46 @@ private slots:
         QVERIFY(LibraryFixture::storedIn(f.path() + ".moved").join(' ').contains("one"));
     }
 
+    /// A backup of the same library, or another library, that is copied over the file is not taken for it.
+    void fileThatWasWrittenOverRefusesRequests()
+    {
+        for (const bool isBackup : {false, true}) {
+            LibraryFixture f;
+            QVERIFY(f.createTags({"one"}));
+            checkpoint(f.path());
+            LibraryFixture other;
+            other.close();
+            const QByteArray content = bytesOf(isBackup ? f.path() : other.path());
+            QVERIFY(f.createTags({"two"}));
+            checkpoint(f.path());
+            // What other programs do with the file is no reason to refuse.
+            QCOMPARE(f.statusOf(f.tags()->setTagColor(1, 1)), 0);
+            checkpoint(f.path());
+            QVERIFY(write(f.path(), content));
+            QCOMPARE(f.statusOf(f.tags()->renameTag(1, "three")), int(LibraryStatus::Moved));
+            QCOMPARE(f.statusOf(f.tags()->renameTag(1, "three")), int(LibraryStatus::Moved));
+            f.close();
+            QCOMPARE(bytesOf(f.path()), content);
+        }
+    }
+
+    /// Reading what another program cut off the shared memory ends a program at once.
+    void sharedMemoryThatWasCutIsMadeAnew()
+    {
+        LibraryFixture f;
+        QVERIFY(f.createTags({"one"}));
+        const auto reader = ReadOnlyLibrary::open(f.path());
+        QCOMPARE(reader->tags().value.size(), 1);
+        for (const int size : {0, 4096}) {
+            QVERIFY(QFile::resize(f.path() + "-shm", size));
+            QCOMPARE(f.statusOf(f.tags()->setTagColor(1, size == 0 ? 1 : 2)), 0);
+            QVERIFY(QFile::resize(f.path() + "-shm", size));
+            QCOMPARE(reader->tags().value.first().colorIndex, size == 0 ? 1 : 2);
+        }
+        f.close();
+        QCOMPARE(LibraryFixture::integrity(f.path()), QStringLiteral("ok"));
+    }
+
     /// A log left beside the file would be added to a backup that is put in the file's place.
     void logIsEmptiedWhenThereIsNothingToDo()
     {
@@ -229,7 +275,7 @@ private slots:
         const QTemporaryDir folder;
         const QString path = folder.filePath("empty");
         QVERIFY(write(path, {}));
-        QVERIFY(LibraryReader::open(path));
+        QVERIFY(ReadOnlyLibrary::open(path));
         QCOMPARE(LibraryFixture::storedIn(path).size(), 2);
     }
 

@@ -15,10 +15,10 @@ class TstLibraryKilled : public QObject
 private slots:
     void killedAtAnyWrite()
     {
-        constexpr quint32 Seed = 20240229;
+        constexpr quint32 seed = 20240229;
         LibraryFixture uninterrupted;
         QEventLoop answer;
-        CommandScript script(uninterrupted.library(), Seed, [&answer] { answer.quit(); });
+        CommandScript script(uninterrupted.library(), seed, [&answer] { answer.quit(); });
         QVector<QStringList> contents = {uninterrupted.stored()};
         bool isKilled = true;
         // Every write of opening and of the first requests, then every seventh.
@@ -27,7 +27,7 @@ private slots:
             const QString path = folder.filePath(QStringLiteral("library.vellum"));
             QProcess runner;
             runner.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-            runner.start(QStringLiteral(COMMAND_RUNNER), {path, QString::number(Seed), QString::number(write)});
+            runner.start(QStringLiteral(COMMAND_RUNNER), {path, QString::number(seed), QString::number(write)});
             QVERIFY(runner.waitForFinished(60000));
             isKilled = runner.exitStatus() == QProcess::CrashExit;
             const int answered = runner.readAllStandardOutput().size();

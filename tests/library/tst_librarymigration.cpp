@@ -2,7 +2,7 @@
 #include "host/library/database/libraryerror.h"
 #include "host/library/database/sqlite/sqlitedatabase.h"
 #include "host/library/database/sqlite/sqliteschema.h"
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 #include "host/library/requests/version1keywords.h"
 #include "tests/library/libraryfixture.h"
 
@@ -72,7 +72,7 @@ private slots:
         QVERIFY(makeVersion1(path));
         const LibraryFixture fresh;
         // Whoever opens it first, the person is told.
-        QVERIFY(LibraryReader::open(path));
+        QVERIFY(ReadOnlyLibrary::open(path));
         LibraryFixture f(path);
         QVERIFY(f.isOpen());
         const QStringList expected = {R"(tag 1 "sea" color 3 files 2)",
@@ -86,12 +86,12 @@ private slots:
                                       "category 4 \"empty\": "};
         QCOMPARE(f.shown(), expected);
         QCOMPARE(f.stored(), expected);
-        const QStringList notes = f.library()->takeNotes();
+        const QStringList notes = f.library()->takeUpgradeNotices();
         QCOMPARE(notes.size(), 1);
         QVERIFY(notes.first().contains(QStringLiteral("a\ufffd")));
-        QCOMPARE(f.library()->takeNotes(), QStringList());
-        const auto reader = LibraryReader::open(path);
-        const auto states = reader->fileStates(1, {"a.jpg", "caf\xe9.jpg"}).value;
+        QCOMPARE(f.library()->takeUpgradeNotices(), QStringList());
+        const auto reader = ReadOnlyLibrary::open(path);
+        const auto states = f.knownFiles(1);
         QCOMPARE(states.value("a.jpg").state.size, 100);
         QCOMPARE(states.value("a.jpg").readerVersion, 0);
         QCOMPARE(states.value("caf\xe9.jpg").state.sidecars, QByteArray("x.xmp"));
@@ -230,12 +230,12 @@ private slots:
         for (const Version1File& old : files)
             readAgain.append(file(old.name, old.keywords));
         QVERIFY(f.import(readAgain).succeeded());
-        QVERIFY(f.library()->settleAndWait(1).succeeded());
+        QVERIFY(f.library()->settleAndWait().succeeded());
         f.statusOf(f.tags()->deleteTags({}));
         QCOMPARE(f.shown(), before);
         QStringList found;
         QStringList foundUndecided;
-        const QVector<KeywordRow> rows = LibraryReader::open(path)->keywordsIgnored().value;
+        const QVector<KeywordRow> rows = ReadOnlyLibrary::open(path)->keywordsIgnored().value;
         for (const KeywordRow& row : rows)
             (row.isUndecided ? foundUndecided : found).append(row.name);
         QCOMPARE(found.join(' '), ignored);
@@ -272,7 +272,7 @@ private slots:
             for (const auto& [name, keyword] : files)
                 read.append({name, {1, 1, {}}, 1, {}, {{keyword}}});
             QVERIFY(f.import(read).succeeded());
-            QVERIFY(f.library()->settleAndWait(1).succeeded());
+            QVERIFY(f.library()->settleAndWait().succeeded());
             f.statusOf(f.tags()->deleteTags({}));
             const QString wanted = "SELECT keywords.tag_id, file_id FROM file_keywords JOIN keywords ON keywords.id ="
                                    " keyword_id WHERE tag_id IS NOT NULL UNION SELECT tag_id, file_id FROM decisions";
@@ -306,11 +306,11 @@ private slots:
         QVERIFY(makeVersion1(path, {"B"}, {{"a", {"A"}, {1}}, {"b", {"B"}, {}}}));
         LibraryFixture f(path);
         QVERIFY(f.import({{"a", {1, 1, {}}, 1, {}, {{"A"}}}, {"b", {1, 1, {}}, 1, {}, {{"B"}}}}).succeeded());
-        QVERIFY(f.library()->settleAndWait(1).succeeded());
+        QVERIFY(f.library()->settleAndWait().succeeded());
         f.statusOf(f.tags()->deleteTags({}));
         QCOMPARE(f.tag(1)->fileCount(1), 2);
         QCOMPARE(f.shown(), f.stored());
-        QCOMPARE(LibraryReader::open(path)->keywordsIgnored().value.size(), 0);
+        QCOMPARE(ReadOnlyLibrary::open(path)->keywordsIgnored().value.size(), 0);
     }
 
     /// Two keywords of the same files, two tags that are called otherwise: nobody knows which is which.
@@ -323,9 +323,9 @@ private slots:
         const QStringList before = f.shown();
         QVERIFY(f.import({{"one", {1, 1, {}}, 1, {}, {{"A", "B"}}}, {"changed", {2, 2, {}}, 1, {}, {{"fresh"}}}})
                     .succeeded());
-        QVERIFY(f.library()->settleAndWait(1).succeeded());
+        QVERIFY(f.library()->settleAndWait().succeeded());
         f.statusOf(f.tags()->deleteTags({}));
-        const auto listed = LibraryReader::open(path)->keywordsIgnored().value;
+        const auto listed = ReadOnlyLibrary::open(path)->keywordsIgnored().value;
         QCOMPARE(listed.size(), 2);
         QVERIFY(listed.first().isUndecided && listed.last().isUndecided);
         QCOMPARE(f.shown().mid(0, 2), before.mid(0, 2));

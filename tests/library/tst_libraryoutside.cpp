@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 #include "tests/library/libraryfixture.h"
 
 #include <QProcess>
@@ -97,7 +97,7 @@ private slots:
         };
         QVERIFY(f->createTags({"x before"}));
         QVERIFY(LibraryFixture::openOnce(f->path()));
-        QVERIFY(LibraryReader::open(f->path()));
+        QVERIFY(ReadOnlyLibrary::open(f->path()));
         QCOMPARE(seenByAnotherProgram(), QByteArray("x before"));
         QVERIFY(f->createTags({"y after"}));
         QCOMPARE(seenByAnotherProgram(), QByteArray("y after"));

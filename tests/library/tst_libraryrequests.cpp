@@ -51,48 +51,48 @@ private slots:
     void createdTagsAreToldInBulkBeforeTheAnswer()
     {
         f->follow({-1, 0, 1, 2});
-        QCOMPARE(f->told(f->tags()->createTags({{"four", 0, 0}, {"five", 0, 7}})),
+        QCOMPARE(f->logUntil(f->tags()->createTags({{"four", 0, 0}, {"five", 0, 7}})),
                  (QStringList{"add -1: 4 5", "updated category -1", "add 0: 4 5", "updated category 0", "answer 0"}));
         QCOMPARE(f->tag(5)->tagInfo()->colorIndex(), 7);
-        QCOMPARE(f->told(f->tags()->createTags({})), QStringList{"answer 0"});
+        QCOMPARE(f->logUntil(f->tags()->createTags({})), QStringList{"answer 0"});
     }
 
     void changedRecordsTellTheirProviders()
     {
         f->follow({-1, 0, 2, 3});
-        QCOMPARE(f->told(f->tags()->renameTag(2, "  zwei ")), (QStringList{"updated tag 2", "answer 0"}));
+        QCOMPARE(f->logUntil(f->tags()->renameTag(2, "  zwei ")), (QStringList{"updated tag 2", "answer 0"}));
         QVERIFY(!f->group(-1)->tagByName("two"));
         QCOMPARE(f->group(-1)->tagByName("zwei"), f->tag(2));
-        QCOMPARE(f->told(f->tags()->setTagColor(3, 5)), (QStringList{"updated tag 3", "answer 0"}));
+        QCOMPARE(f->logUntil(f->tags()->setTagColor(3, 5)), (QStringList{"updated tag 3", "answer 0"}));
         QCOMPARE(f->tag(3)->tagInfo()->colorIndex(), 5);
-        QCOMPARE(f->told(f->categories()->renameTagGroup(3, "gauche")),
+        QCOMPARE(f->logUntil(f->categories()->renameTagGroup(3, "gauche")),
                  (QStringList{"updated category 3", "answer 0"}));
         QCOMPARE(f->group(3)->groupName(), QStringLiteral("gauche"));
         QCOMPARE(f->manager()->tagGroupByName("gauche"), f->group(3));
         // The names that became free may be taken.
         QVERIFY(f->createTags({"two"}));
         f->takeLog();
-        QCOMPARE(f->told(f->categories()->addTagGroup("right")), (QStringList{"add categories: 4", "answer 0"}));
+        QCOMPARE(f->logUntil(f->categories()->addTagGroup("right")), (QStringList{"add categories: 4", "answer 0"}));
     }
 
     void tagsComeFromAndGoToUncategorized()
     {
         f->follow({-1, 0, 1, 2, 3});
-        QCOMPARE(f->told(f->tags()->addTagsToGroups({2, 3}, {1, 2})),
+        QCOMPARE(f->logUntil(f->tags()->addTagsToGroups({2, 3}, {1, 2})),
                  (QStringList{"add 2: 1 2", "updated category 2", "remove 0: 1 2", "updated category 0", "add 3: 1 2",
                               "updated category 3", "answer 0"}));
-        QCOMPARE(f->told(f->tags()->removeTagsFromGroups({2}, {1, 3})),
+        QCOMPARE(f->logUntil(f->tags()->removeTagsFromGroups({2}, {1, 3})),
                  (QStringList{"remove 2: 1", "updated category 2", "answer 0"}));
-        QCOMPARE(f->told(f->tags()->removeTagsFromGroups({3}, {1})),
+        QCOMPARE(f->logUntil(f->tags()->removeTagsFromGroups({3}, {1})),
                  (QStringList{"remove 3: 1", "updated category 3", "add 0: 1", "updated category 0", "answer 0"}));
         // Favourites do not count as a category.
-        QCOMPARE(f->told(f->tags()->addTagsToGroups({1}, {3})),
+        QCOMPARE(f->logUntil(f->tags()->addTagsToGroups({1}, {3})),
                  (QStringList{"add 1: 3", "updated category 1", "answer 0"}));
-        QCOMPARE(f->told(f->tags()->removeTagsFromGroups({1}, {3})),
+        QCOMPARE(f->logUntil(f->tags()->removeTagsFromGroups({1}, {3})),
                  (QStringList{"remove 1: 3", "updated category 1", "answer 0"}));
         QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({1, 2}, {3})), 0);
         f->takeLog();
-        QCOMPARE(f->told(f->tags()->removeTagsFromGroups({2}, {3})),
+        QCOMPARE(f->logUntil(f->tags()->removeTagsFromGroups({2}, {3})),
                  (QStringList{"remove 2: 3", "updated category 2", "add 0: 3", "updated category 0", "answer 0"}));
     }
 
@@ -116,7 +116,7 @@ private slots:
         const auto held = f->tag(1);
         f->follow({-1, 0, 1, 2, 3});
         f->takeLog();
-        const QStringList log = f->told(f->tags()->deleteTags({1, 2, 1}));
+        const QStringList log = f->logUntil(f->tags()->deleteTags({1, 2, 1}));
         QCOMPARE(log.last(), QStringLiteral("answer 0"));
         for (const char* line : {"remove -1: 1 2", "remove 0: 2", "remove 1: 1", "remove 2: 1", "remove 3: 1"})
             QCOMPARE(log.count(line), 1);
@@ -133,7 +133,7 @@ private slots:
         const auto held = f->group(2);
         f->follow({0, 2, 3});
         f->takeLog();
-        QCOMPARE(f->told(f->categories()->removeTagGroup(2)),
+        QCOMPARE(f->logUntil(f->categories()->removeTagGroup(2)),
                  (QStringList{"remove 2: 1 2", "add 0: 1", "updated category 0", "remove categories: 2", "answer 0"}));
         QVERIFY(!f->group(2));
         QVERIFY(!held->groupInfo());

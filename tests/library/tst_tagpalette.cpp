@@ -13,7 +13,7 @@ private slots:
     void entriesAndLookUpAgree()
     {
         const auto& entries = TagPalette::instance()->colorEntries();
-        QCOMPARE(entries.size(), TagPalette::Size);
+        QCOMPARE(entries.size(), TagPalette::size);
         for (int i = 0; i < entries.size(); ++i) {
             QColor color;
             TagPalette::instance()->color(i, color);
@@ -46,7 +46,7 @@ private slots:
         QSet<int> used;
         for (int i = 0; i < 100; ++i)
             used.insert(TagPalette::indexForName(QStringLiteral("keyword %1").arg(i)));
-        QCOMPARE(used.size(), TagPalette::Size);
+        QCOMPARE(used.size(), TagPalette::size);
     }
 };
 

@@ -278,16 +278,17 @@ changed.
                        skipped     could not be read this time
                        unreadable  could not be read before and unchanged since:
                                    not tried again
-                       missing     gone from the folder, but still in the library
-                       away        in a folder that is empty or cannot be seen,
-                                   such as a disk that is not connected; still in
-                                   the library
+                       missing     gone from FOLDER, but still in the library
+                       away        in a folder in FOLDER that is empty or cannot be
+                                   seen, such as a disk that is not connected;
+                                   still in the library
                      Ctrl-C stops it; what was written until then stays. A
                      second Ctrl-C ends the program at once.
   --forget-missing   with --import: take the missing files out of the library,
                      with their tags. Files that are away stay.
-  --relocate ANSWER  yes: FOLDER holds the pictures of a folder that is gone, so
-                     go on with that folder's library; no: it is another folder
+  --relocate ANSWER  yes: FOLDER is where a folder that is gone was moved to, or
+                     is in that or around it, so go on with that folder's
+                     library; no: it is another folder
   --reread           read every picture again, also those whose size and time
                      of modification are the same as at the last import
   --list WHAT        print what a library holds, one line each, fields separated
@@ -296,7 +297,7 @@ changed.
                        categories  id, name, number of tags
                        files       path, size in bytes, tag, tag, ...; the word
                                    away in place of the size when the file's
-                                   folder is not there
+                                   folder is empty or cannot be seen
                        ignored     keyword, ignored or undecided, number of files:
                                    keywords that lead to no tag
                      A tab, a line feed, a carriage return and a backslash in

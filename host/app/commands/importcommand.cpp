@@ -4,10 +4,10 @@
 #include "host/app/commands/commandline.h"
 #include "host/app/commands/interruptsignal.h"
 #include "host/app/commands/librarychoice.h"
-#include "host/importer/escapedtext.h"
 #include "host/importer/folderwalk.h"
 #include "host/importer/importer.h"
 #include "host/library/library.h"
+#include "host/library/records/escapedtext.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -118,7 +118,7 @@ int runImportCommand(const CommandLine& commandLine)
         printError(error.toUtf8());
         return 1;
     }
-    for (const QString& note : library->takeNotes())
+    for (const QString& note : library->takeUpgradeNotices())
         printError(escapedText(note.toUtf8()));
     choice.mountMoved(library->id());
     const ImportSummary summary = importFolder(*library, commandLine);

@@ -4,6 +4,7 @@
 #include "host/app/commands/commandline.h"
 #include "host/app/commands/picturefile.h"
 #include "host/library/computer/computerstate.h"
+#include "host/library/records/plainpath.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -62,7 +63,7 @@ void LibraryChoice::choose(const CommandLine& commandLine)
         chooseRootsOf(folderlibrary::foldersOf(file));
         return;
     }
-    const QByteArray folder = folderlibrary::plainPath(commandLine.folder);
+    const QByteArray folder = plainPath(commandLine.folder);
     if (isFolder(folder)) {
         folders = {folder};
         if (exists(file))
@@ -114,22 +115,22 @@ void LibraryChoice::followMove(const std::optional<MovedRoot>& found, const std:
         error =
             tr("The pictures in %1 were in %2, where they are gone. Was the folder moved? Answer with --relocate yes "
                "to go on with its library, or with --relocate no.")
-                .arg(shown(folders.constFirst()), moved->from.isEmpty() ? moved->name : shown(moved->from));
+                .arg(shown(moved->folder), moved->from.isEmpty() ? moved->name : shown(moved->from));
 }
 
 void LibraryChoice::save(QSettings& settings) const
 {
     if (!folders.isEmpty())
         settings.setValue(folderKey, folders.constFirst());
-    else if (settings.value(fileKey).toByteArray() != folderlibrary::plainPath(file))
+    else if (settings.value(fileKey).toByteArray() != plainPath(file))
         settings.remove(folderKey);
-    settings.setValue(fileKey, folderlibrary::plainPath(file));
+    settings.setValue(fileKey, plainPath(file));
 }
 
 void LibraryChoice::mountMoved(const QString& libraryId) const
 {
     if (moved)
-        ComputerState(libraryId).setMount(moved->rootId, folders.constFirst());
+        ComputerState(libraryId).setMount(moved->rootId, moved->folder);
 }
 
 QString LibraryChoice::title() const

@@ -2,9 +2,9 @@
 #include "host/app/commands/listcommand.h"
 
 #include "host/app/commands/commandline.h"
-#include "host/importer/escapedtext.h"
 #include "host/importer/folderwalk.h"
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
+#include "host/library/records/escapedtext.h"
 
 #include <QHash>
 #include <QJsonArray>
@@ -61,7 +61,7 @@ void RecordPrinter::write(const QByteArray& bytes)
 }
 
 /// Each prints one list and returns the error; empty on success.
-QString printTags(LibraryReader& reader, RecordPrinter& printer)
+QString printTags(ReadOnlyLibrary& reader, RecordPrinter& printer)
 {
     const auto tags = reader.tags();
     for (const TagRow& tag : tags.value) {
@@ -75,7 +75,7 @@ QString printTags(LibraryReader& reader, RecordPrinter& printer)
     return tags.error;
 }
 
-QString printCategories(LibraryReader& reader, RecordPrinter& printer)
+QString printCategories(ReadOnlyLibrary& reader, RecordPrinter& printer)
 {
     const auto categories = reader.categories();
     for (const CategoryRow& category : categories.value) {
@@ -102,10 +102,10 @@ void printFile(const FileRow& file, const QStringList& tags, RecordPrinter& prin
     printer.print(object, fields);
 }
 
-QString printFiles(LibraryReader& reader, RecordPrinter& printer)
+QString printFiles(ReadOnlyLibrary& reader, RecordPrinter& printer)
 {
     // An import may run at the same time.
-    const LibraryReader::Snapshot snapshot(reader);
+    const ReadOnlyLibrary::Snapshot snapshot(reader);
     const auto tags = reader.tags();
     if (!tags)
         return tags.error;
@@ -122,7 +122,7 @@ QString printFiles(LibraryReader& reader, RecordPrinter& printer)
     return reader.forEachFile(visit).error;
 }
 
-QString printIgnored(LibraryReader& reader, RecordPrinter& printer)
+QString printIgnored(ReadOnlyLibrary& reader, RecordPrinter& printer)
 {
     const auto keywords = reader.keywordsIgnored();
     for (const KeywordRow& keyword : keywords.value) {
@@ -135,7 +135,7 @@ QString printIgnored(LibraryReader& reader, RecordPrinter& printer)
     return keywords.error;
 }
 
-QString printList(CommandLine::List list, LibraryReader& reader, RecordPrinter& printer)
+QString printList(CommandLine::List list, ReadOnlyLibrary& reader, RecordPrinter& printer)
 {
     switch (list) {
     case CommandLine::List::Tags:
@@ -168,7 +168,7 @@ int runListCommand(const CommandLine& commandLine)
     if (access(path.constData(), F_OK) != 0)
         return fail(CommandLine::exitUsage, "There is no library " + path);
     QString error;
-    const std::unique_ptr<LibraryReader> reader = LibraryReader::open(QString::fromUtf8(path), &error);
+    const std::unique_ptr<ReadOnlyLibrary> reader = ReadOnlyLibrary::open(QString::fromUtf8(path), &error);
     if (!reader)
         return fail(1, error.toUtf8());
     RecordPrinter printer(commandLine.json);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/commands/messagehandler.h"
 
-#include "host/importer/escapedtext.h"
+#include "host/library/records/escapedtext.h"
 
 #include <QString>
 

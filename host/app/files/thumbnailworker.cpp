@@ -64,7 +64,7 @@ void ThumbnailWorker::handleAnswer(ReaderProcess* process, int index, const QByt
     // The job was failed when another process could not be started.
     if (!m_jobs.contains(index))
         return;
-    const std::optional<QImage> image = ThumbnailPixels::fromBytes(answer, m_jobs.value(index).pixels);
+    const std::optional<QImage> image = thumbnailpixels::fromBytes(answer, m_jobs.value(index).pixels);
     if (!image)
         process->replace();
     if (image && !image->isNull())

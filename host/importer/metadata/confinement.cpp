@@ -88,7 +88,7 @@ int addRules(scmp_filter_ctx filter)
 
 }  // namespace
 
-void Confinement::limit()
+void confinement::limit()
 {
     close_range(STDERR_FILENO + 1, ~0U, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -102,7 +102,7 @@ void Confinement::limit()
 #endif
 }
 
-void Confinement::closeFileSystem()
+void confinement::closeFileSystem()
 {
     const long version = syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
     if (version < 1)
@@ -115,7 +115,7 @@ void Confinement::closeFileSystem()
     close(ruleset);
 }
 
-QByteArray Confinement::closeSystem()
+QByteArray confinement::closeSystem()
 {
     const Filter filter(seccomp_init(SCMP_ACT_ERRNO(EPERM)));
     if (!filter)

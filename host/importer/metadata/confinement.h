@@ -5,7 +5,7 @@ class QByteArray;
 
 /// What a process does to itself before it looks at the contents of a file, which may be made to take it over. Each
 /// step holds until the process ends and for all threads that are started after it.
-namespace Confinement {
+namespace confinement {
 
 /// Bytes that the process may allocate. The pixels of the largest picture take half of it. Files that are mapped for
 /// reading do not count.
@@ -24,4 +24,4 @@ void closeFileSystem();
 /// nothing may be read then.
 [[nodiscard]] QByteArray closeSystem();
 
-}  // namespace Confinement
+}  // namespace confinement

@@ -43,7 +43,7 @@ QByteArray formatByMark(const QByteArray& head)
 
 }  // namespace
 
-QByteArray ImageContent::format(const QByteArray& head, const QByteArray& name)
+QByteArray imagecontent::format(const QByteArray& head, const QByteArray& name)
 {
     QByteArray marked = formatByMark(head);
     if (!marked.isEmpty())

@@ -4,7 +4,7 @@
 class QByteArray;
 
 /// Which pictures are decoded: by what a file holds, and only formats of a fixed list.
-namespace ImageContent {
+namespace imagecontent {
 
 /// Bytes from the beginning of a file that tell its format.
 constexpr int headSize = 1024;
@@ -13,4 +13,4 @@ constexpr int headSize = 1024;
 /// that are decoded. The \a name of the file decides where the contents have no mark of their own.
 [[nodiscard]] QByteArray format(const QByteArray& head, const QByteArray& name);
 
-}  // namespace ImageContent
+}  // namespace imagecontent

@@ -8,8 +8,8 @@
 
 int runMetadataReader()
 {
-    Confinement::limit();
+    confinement::limit();
     setUpExiv2();
-    _exit(ReaderService::serve(
+    _exit(readerservice::serve(
         [](const ReaderRequest& request) { return readKeywords(request.file.number(), request.name).toLine(); }));
 }

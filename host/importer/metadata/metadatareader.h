@@ -8,7 +8,7 @@ constexpr char metadataReaderOption[] = "--read-metadata";
 /// did not change are read again.
 constexpr int metadataReaderVersion = 2;
 
-/// The reader process of an import: answers each request with one line of MetadataAnswer (see ReaderService). Files
+/// The reader process of an import: answers each request with one line of MetadataAnswer (see readerservice). Files
 /// that are damaged or made to do harm take only this process with them. Needs no application object. Returns the exit
 /// status.
 int runMetadataReader();

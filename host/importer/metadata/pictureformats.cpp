@@ -12,6 +12,8 @@ QByteArray extension(const QByteArray& name)
     return dot > name.lastIndexOf('/') + 1 ? name.mid(dot + 1).toLower() : QByteArray();
 }
 
+// The lists are our own: they follow what Exiv2 and other programs write keywords into, which no list of file types
+// says, and a name must mean the same on every computer, whatever types are registered there.
 const QSet<QByteArray>& formatsWithKeywords()
 {
     static const QSet<QByteArray> formats = {
@@ -38,22 +40,22 @@ const QSet<QByteArray>& formatsWithSidecarsOnly()
 
 }  // namespace
 
-bool PictureFormats::isPicture(const QByteArray& name)
+bool pictureformats::isPicture(const QByteArray& name)
 {
     return formatsWithKeywords().contains(extension(name)) || hasOnlySidecars(name) || mayBeUnknown(name);
 }
 
-bool PictureFormats::mayBeUnknown(const QByteArray& name)
+bool pictureformats::mayBeUnknown(const QByteArray& name)
 {
     return formatsOfManyKinds().contains(extension(name));
 }
 
-bool PictureFormats::hasOnlySidecars(const QByteArray& name)
+bool pictureformats::hasOnlySidecars(const QByteArray& name)
 {
     return formatsWithSidecarsOnly().contains(extension(name));
 }
 
-bool PictureFormats::isSidecar(const QByteArray& name)
+bool pictureformats::isSidecar(const QByteArray& name)
 {
     return extension(name) == "xmp";
 }

@@ -4,7 +4,7 @@
 class QByteArray;
 
 /// What an import knows about a file's format from its name alone (the bytes of a name or of a path).
-namespace PictureFormats {
+namespace pictureformats {
 
 /// A picture or a design file, by its extension in any case.
 [[nodiscard]] bool isPicture(const QByteArray& name);
@@ -16,4 +16,4 @@ namespace PictureFormats {
 /// A sidecar that holds XMP for a file beside it.
 [[nodiscard]] bool isSidecar(const QByteArray& name);
 
-}  // namespace PictureFormats
+}  // namespace pictureformats

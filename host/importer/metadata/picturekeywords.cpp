@@ -101,7 +101,7 @@ void readWithExiv2(const MappedFile& file, const QByteArray& name, KeywordList& 
         Exiv2::BasicIo::AutoPtr;  // NOLINT(clang-diagnostic-deprecated-declarations): the library takes no other
     auto image = Exiv2::ImageFactory::open(Owner(new Exiv2::MemIo(file.data(), file.size())));
     if (!image.get()) {
-        if (!PictureFormats::mayBeUnknown(name))
+        if (!pictureformats::mayBeUnknown(name))
             answer.setProblem(MetadataAnswer::UnknownFormat);
         return;
     }
@@ -131,7 +131,7 @@ MetadataAnswer readKeywords(int file, const QByteArray& name)
         answer.setProblem(MetadataAnswer::Empty);
     else if (!contents.data())
         answer.setProblem(MetadataAnswer::Unreadable);
-    if (!contents.data() || PictureFormats::hasOnlySidecars(name))
+    if (!contents.data() || pictureformats::hasOnlySidecars(name))
         return answer;
     try {
         KeywordList keywords;

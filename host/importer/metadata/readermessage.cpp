@@ -22,7 +22,7 @@ bool sendBytes(int socket, const char* bytes, int size)
 {
     for (int sent = 0; sent < size;) {
         const ssize_t part =
-            send(socket, bytes + sent, size_t(qMin(size - sent, ReaderMessage::messageSize)), MSG_NOSIGNAL);
+            send(socket, bytes + sent, size_t(qMin(size - sent, readermessage::messageSize)), MSG_NOSIGNAL);
         if (part < 0 && errno != EINTR)
             return false;
         sent += part > 0 ? int(part) : 0;
@@ -32,7 +32,7 @@ bool sendBytes(int socket, const char* bytes, int size)
 
 }  // namespace
 
-int ReaderMessage::sendRequest(int socket, const ReaderRequest& request)
+int readermessage::sendRequest(int socket, const ReaderRequest& request)
 {
     RequestBody body = {request.pixels, {}};
     const int nameSize = qMin(request.name.size(), longestName);
@@ -53,7 +53,7 @@ int ReaderMessage::sendRequest(int socket, const ReaderRequest& request)
     return sendmsg(socket, &message, MSG_NOSIGNAL | MSG_DONTWAIT) < 0 ? errno : 0;
 }
 
-bool ReaderMessage::receiveRequest(int socket, ReaderRequest* request)
+bool readermessage::receiveRequest(int socket, ReaderRequest* request)
 {
     RequestBody body = {};
     iovec part = {&body, sizeof body};
@@ -78,7 +78,7 @@ bool ReaderMessage::receiveRequest(int socket, ReaderRequest* request)
     return true;
 }
 
-bool ReaderMessage::sendAnswer(int socket, const QByteArray& answer)
+bool readermessage::sendAnswer(int socket, const QByteArray& answer)
 {
     const auto size = quint32(answer.size());
     char head[sizeof size];

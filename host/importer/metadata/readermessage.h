@@ -16,7 +16,7 @@ struct ReaderRequest
 /// The messages between a program and its reader processes, on a socket of SOCK_SEQPACKET. A request is one message
 /// that carries the open file. An answer is a frame: its length (4 bytes, the machine's order), then so many bytes, cut
 /// into messages anywhere.
-namespace ReaderMessage {
+namespace readermessage {
 
 /// Longest answer in bytes; more is no answer but a process gone wrong.
 constexpr int longestAnswer = 64 << 20;
@@ -34,4 +34,4 @@ constexpr char unconfined[] = "unconfined: ";
 /// Sends one frame, waiting as long as it takes; false when the socket is closed.
 bool sendAnswer(int socket, const QByteArray& answer);
 
-}  // namespace ReaderMessage
+}  // namespace readermessage

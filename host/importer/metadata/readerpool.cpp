@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <algorithm>
+
 namespace {
 
 // Files given to a process ahead of its answers, so that it never waits for this thread. All of them are open.
@@ -50,21 +52,29 @@ void ReaderPool::addProcess()
     });
     // Queued, as the first process may fail inside read().
     connect(
-        process, &ReaderProcess::unavailable, this,
-        [this](const QString& reason) {
-            if (!std::exchange(m_failed, true))
-                emit failed(reason);
-        },
+        process, &ReaderProcess::unavailable, this, [this, process](const QString& reason) { drop(process, reason); },
         Qt::QueuedConnection);
     feed(process);
+}
+
+void ReaderPool::drop(const ReaderProcess* process, const QString& reason)
+{
+    const auto dropped = std::find_if(m_processes.begin(), m_processes.end(),
+                                      [process](const auto& known) { return known.get() == process; });
+    m_returned += (*dropped)->takePending();
+    m_processes.erase(dropped);
+    for (const auto& other : m_processes)
+        feed(other.get());
+    if (m_processes.empty())
+        emit failed(reason);
 }
 
 void ReaderPool::feed(ReaderProcess* process)
 {
     if (process->pending() > filesAhead / 2)
         return;
-    while (m_next < m_paths.size() && process->pending() < filesAhead) {
-        const int index = m_next++;
+    while (hasNext() && process->pending() < filesAhead) {
+        const int index = m_returned.isEmpty() ? m_next++ : m_returned.takeLast();
         const QByteArray& path = m_paths.at(index);
         RegularFile file = RegularFile::open(path);
         if (file.descriptor.isValid())

@@ -12,7 +12,8 @@
 class ReaderProcess;
 struct MetadataAnswer;
 
-/// Reads the keywords of many files with several reader processes at once. Lives on one thread with an event loop,
+/// Reads the keywords of many files with several reader processes at once. Where not all of them can be run, those that
+/// can read all files. Lives on one thread with an event loop,
 /// which it blocks only to open a file.
 class ReaderPool : public QObject
 {
@@ -43,13 +44,15 @@ signals:
 
 private:
     void addProcess();
+    void drop(const ReaderProcess* process, const QString& reason);
     void feed(ReaderProcess* process);
+    [[nodiscard]] bool hasNext() const { return !m_returned.isEmpty() || m_next < m_paths.size(); }
     void handleAnswer(ReaderProcess* process, int index, const QByteArray& line);
     void fail(int index, const QString& reason);
 
     Settings m_settings;
     QVector<QByteArray> m_paths;
     int m_next = 0;
-    bool m_failed = false;
+    QVector<int> m_returned;  ///< Files that were given to a process that cannot be run.
     std::vector<std::unique_ptr<ReaderProcess>> m_processes;
 };

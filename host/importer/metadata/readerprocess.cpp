@@ -52,6 +52,16 @@ void ReaderProcess::replace()
     sendWaiting();
 }
 
+QVector<int> ReaderProcess::takePending()
+{
+    QVector<int> pending;
+    for (const Request& request : m_requests)
+        pending.append(request.index);
+    m_requests.clear();
+    m_sent = 0;
+    return pending;
+}
+
 void ReaderProcess::start()
 {
     if (m_unavailable)
@@ -84,7 +94,7 @@ void ReaderProcess::stop()
 void ReaderProcess::sendWaiting()
 {
     while (m_process && m_sent < m_requests.size() &&
-           ReaderMessage::sendRequest(m_process->socket(), m_requests[m_sent].request) == 0)
+           readermessage::sendRequest(m_process->socket(), m_requests[m_sent].request) == 0)
         ++m_sent;
 }
 
@@ -100,7 +110,7 @@ void ReaderProcess::watchTime()
 
 void ReaderProcess::receive()
 {
-    QByteArray message(ReaderMessage::messageSize, Qt::Uninitialized);
+    QByteArray message(readermessage::messageSize, Qt::Uninitialized);
     // An answer may lead to another process, whose messages come by a signal of their own.
     const ConfinedProcess* const process = m_process.get();
     while (process && process == m_process.get()) {
@@ -124,7 +134,7 @@ void ReaderProcess::readFrames()
     while (m_process && m_buffer.size() >= lengthSize) {
         quint32 length = 0;
         memcpy(&length, m_buffer.constData(), lengthSize);
-        if (length > quint32(ReaderMessage::longestAnswer)) {
+        if (length > quint32(readermessage::longestAnswer)) {
             handleEnd();
             return;
         }
@@ -152,12 +162,12 @@ void ReaderProcess::readFrames()
 
 bool ReaderProcess::handleFirstFrame(const QByteArray& frame)
 {
-    m_ready = frame == ReaderMessage::ready;
+    m_ready = frame == readermessage::ready;
     if (m_ready)
         watchTime();
-    else if (frame.startsWith(ReaderMessage::unconfined))
+    else if (frame.startsWith(readermessage::unconfined))
         giveUp(tr("Pictures are not read, because this system cannot confine the process that reads them (%1)")
-                   .arg(QString::fromUtf8(frame.mid(int(strlen(ReaderMessage::unconfined))))));
+                   .arg(QString::fromUtf8(frame.mid(int(strlen(readermessage::unconfined))))));
     else
         giveUp(tr("The process that reads pictures is another program: %1").arg(m_settings.program));
     return m_ready;

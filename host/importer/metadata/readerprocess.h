@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <QVector>
 
 #include <chrono>
 #include <deque>
@@ -25,7 +26,7 @@ class ReaderProcess : public QObject
 public:
     struct Settings
     {
-        QString program;  ///< Runs ReaderService::serve() when called with the option.
+        QString program;  ///< Runs readerservice::serve() when called with the option.
         QString option;   ///< Its one argument.
         /// The longest time for one file: processor time, or six times as much by the clock on a machine that is busy.
         std::chrono::milliseconds fileLimit = std::chrono::seconds(10);
@@ -38,6 +39,8 @@ public:
     void read(int index, ReaderRequest request);
     /// Ends the process, whose last answer was none; another one reads the files that are pending.
     void replace();
+    /// After unavailable(): the files that were not answered, for others to read.
+    [[nodiscard]] QVector<int> takePending();
     /// Files not answered yet.
     [[nodiscard]] int pending() const { return int(m_requests.size()); }
 

@@ -4,24 +4,24 @@
 #include "host/importer/metadata/confinement.h"
 #include "host/importer/metadata/readermessage.h"
 
-int ReaderService::serve(const Handler& handler, const std::function<void()>& startThreads)
+int readerservice::serve(const Handler& handler, const std::function<void()>& startThreads)
 {
     constexpr int socket = STDIN_FILENO;
-    Confinement::closeFileSystem();
+    confinement::closeFileSystem();
     if (startThreads)
         startThreads();
-    const QByteArray reason = Confinement::closeSystem();
+    const QByteArray reason = confinement::closeSystem();
     if (!reason.isEmpty()) {
-        ReaderMessage::sendAnswer(socket, QByteArray(ReaderMessage::unconfined).append(reason));
+        readermessage::sendAnswer(socket, QByteArray(readermessage::unconfined).append(reason));
         return 1;
     }
-    if (!ReaderMessage::sendAnswer(socket, ReaderMessage::ready))
+    if (!readermessage::sendAnswer(socket, readermessage::ready))
         return 1;
     ReaderRequest request;
-    while (ReaderMessage::receiveRequest(socket, &request)) {
+    while (readermessage::receiveRequest(socket, &request)) {
         // The file may have been half read by a process that went down.
         lseek(request.file.number(), 0, SEEK_SET);
-        if (!ReaderMessage::sendAnswer(socket, handler(request)))
+        if (!readermessage::sendAnswer(socket, handler(request)))
             return 1;
         request = {};
     }

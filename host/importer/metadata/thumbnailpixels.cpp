@@ -15,7 +15,7 @@ constexpr QImage::Format format = QImage::Format_ARGB32_Premultiplied;
 
 }  // namespace
 
-QByteArray ThumbnailPixels::toBytes(const QImage& image)
+QByteArray thumbnailpixels::toBytes(const QImage& image)
 {
     const QImage converted = image.convertToFormat(format);
     const Head head = {converted.width(), converted.height()};
@@ -26,7 +26,7 @@ QByteArray ThumbnailPixels::toBytes(const QImage& image)
     return bytes;
 }
 
-std::optional<QImage> ThumbnailPixels::fromBytes(const QByteArray& bytes, int side)
+std::optional<QImage> thumbnailpixels::fromBytes(const QByteArray& bytes, int side)
 {
     Head head = {};
     if (bytes.size() < int(sizeof head))

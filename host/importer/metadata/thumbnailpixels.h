@@ -8,7 +8,7 @@
 
 /// The answer of a process that makes thumbnails: width and height (4 bytes each, the machine's order), then the pixels
 /// of QImage::Format_ARGB32_Premultiplied, line by line.
-namespace ThumbnailPixels {
+namespace thumbnailpixels {
 
 /// A null image says that there is no picture.
 [[nodiscard]] QByteArray toBytes(const QImage& image);
@@ -16,4 +16,4 @@ namespace ThumbnailPixels {
 /// write anything.
 [[nodiscard]] std::optional<QImage> fromBytes(const QByteArray& bytes, int side);
 
-}  // namespace ThumbnailPixels
+}  // namespace thumbnailpixels

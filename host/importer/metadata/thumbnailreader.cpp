@@ -70,7 +70,7 @@ QImage readThumbnail(int file, const QByteArray& name, int side)
     QFile device;
     if (!device.open(file, QIODevice::ReadOnly))
         return {};
-    const QByteArray format = ImageContent::format(device.peek(ImageContent::headSize), name);
+    const QByteArray format = imagecontent::format(device.peek(imagecontent::headSize), name);
     if (format.isEmpty())
         return {};
     QImageReader reader(&device, format);
@@ -91,7 +91,7 @@ QImage readThumbnail(int file, const QByteArray& name, int side)
 
 int runThumbnailReader(int argc, char** argv)
 {
-    Confinement::limit();
+    confinement::limit();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");
     const QGuiApplication application(argc, argv);
@@ -99,7 +99,7 @@ int runThumbnailReader(int argc, char** argv)
     loadFonts();
     const auto handler = [](const ReaderRequest& request) {
         const int side = request.pixels;
-        return ThumbnailPixels::toBytes(readThumbnail(request.file.number(), request.name, side));
+        return thumbnailpixels::toBytes(readThumbnail(request.file.number(), request.name, side));
     };
-    _exit(ReaderService::serve(handler, startPoolThread));
+    _exit(readerservice::serve(handler, startPoolThread));
 }

@@ -5,14 +5,16 @@
 #include "host/library/database/libraryerror.h"
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/librarytransaction.h"
+#include "host/library/database/sqlite/ownerfile.h"
 #include "host/library/database/sqlite/sqlitedatabase.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
+
+#include <atomic>
+#include <cstdio>
 
 namespace {
 
@@ -50,11 +52,9 @@ QHash<qint64, QByteArray> foldersByRoot(LibraryDatabase& database, const char* s
 
 std::unique_ptr<SqliteDatabase> connectTo(const QByteArray& path)
 {
-    // An existing file is not opened: closing it would give up the locks of this process on it, see HeldFile.
-    const int file = open(path.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file >= 0)
-        close(file);
-    auto database = std::make_unique<SqliteDatabase>(QFile::decodeName(path), SqliteDatabase::Access::ReadWrite);
+    const QString name = QFile::decodeName(path);
+    (void)createForOwner(name);
+    auto database = std::make_unique<SqliteDatabase>(name, SqliteDatabase::Access::ReadWrite);
     database->execute(QStringLiteral("PRAGMA journal_mode = WAL"));
     database->execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
     for (const char* const statement : schema)
@@ -62,10 +62,19 @@ std::unique_ptr<SqliteDatabase> connectTo(const QByteArray& path)
     return database;
 }
 
-void removeDatabase(const QByteArray& path)
+void setAside(const QByteArray& path)
 {
-    for (const char* const ending : {"", "-wal", "-shm"})
+    rename(path.constData(), QByteArray(path + ".damaged").constData());
+    for (const char* const ending : {"-wal", "-shm"})
         unlink(QByteArray(path + ending).constData());
+}
+
+/// Once: every operation on a library would meet the same.
+void report(const QByteArray& path, const LibraryError& error)
+{
+    static std::atomic_flag isReported = ATOMIC_FLAG_INIT;
+    if (!isReported.test_and_set())
+        qWarning("%s: %s", path.constData(), qUtf8Printable(error.message()));
 }
 
 std::unique_ptr<SqliteDatabase> openIn(const QByteArray& folder)
@@ -76,11 +85,12 @@ std::unique_ptr<SqliteDatabase> openIn(const QByteArray& folder)
     try {
         return connectTo(path);
     } catch (const LibraryError& error) {
-        if (error.status() != LibraryStatus::Failed)
+        report(path, error);
+        if (error.status() != LibraryStatus::Damaged)
             return nullptr;
     }
     try {
-        removeDatabase(path);
+        setAside(path);
         return connectTo(path);
     } catch (const LibraryError&) {
         return nullptr;

@@ -35,9 +35,10 @@ inline bool operator==(const UnreadableFile& a, const UnreadableFile& b)
 /// are mounted, which files could not be read here. One small file for all libraries of a person, beside the default
 /// libraries (XDG_DATA_HOME).
 ///
-/// Losing it costs nothing but questions. So a file that is damaged is begun anew, one that cannot be written is
-/// replaced by a temporary one for this process, and no operation fails: one that cannot be carried out reads nothing
-/// and writes nothing. To be used on the thread that made it; several threads and programs make one each.
+/// Losing it costs nothing but questions. So a file that is damaged gets another name and is begun anew, one that
+/// cannot be opened or written is replaced by a temporary one for this process (both with a warning), and no operation
+/// fails: one that cannot be carried out reads nothing and writes nothing. To be used on the thread that made it;
+/// several threads and programs make one each.
 class ComputerState
 {
 public:

@@ -11,13 +11,6 @@ CategoryRow readCategory(const LibraryStatement& statement)
     return {statement.integer(0), statement.name(1, 2), int(statement.integer(3))};
 }
 
-std::optional<CategoryRow> readOne(LibraryStatement& statement)
-{
-    if (!statement.next())
-        return std::nullopt;
-    return readCategory(statement);
-}
-
 void addToCount(LibraryDatabase& database, qint64 id, int more)
 {
     LibraryStatement(database, "UPDATE categories SET tag_count = tag_count + ? WHERE id = ?").run(more, id);
@@ -49,18 +42,24 @@ QVector<TagLink> categorytable::links(LibraryDatabase& database)
     return links;
 }
 
-std::optional<CategoryRow> categorytable::categoryByName(LibraryDatabase& database, const QString& name)
-{
-    LibraryStatement select(database,
-                            "SELECT id, name, spelling, tag_count FROM categories WHERE name = ? AND deleted IS NULL");
-    return readOne(select.run(namecolumns::key(name)));
-}
-
 std::optional<CategoryRow> categorytable::categoryById(LibraryDatabase& database, qint64 id)
 {
     LibraryStatement select(database,
                             "SELECT id, name, spelling, tag_count FROM categories WHERE id = ? AND deleted IS NULL");
-    return readOne(select.run(id));
+    if (!select.run(id).next())
+        return std::nullopt;
+    return readCategory(select);
+}
+
+qint64 categorytable::idByName(LibraryDatabase& database, const QString& name)
+{
+    LibraryStatement select(database, "SELECT id FROM categories WHERE name = ? AND deleted IS NULL");
+    return select.run(namecolumns::key(name)).next() ? select.integer(0) : 0;
+}
+
+bool categorytable::exists(LibraryDatabase& database, qint64 id)
+{
+    return LibraryStatement(database, "SELECT 1 FROM categories WHERE id = ? AND deleted IS NULL").run(id).next();
 }
 
 CategoryRow categorytable::insertCategory(LibraryDatabase& database, const QString& name)

@@ -15,8 +15,10 @@ namespace categorytable {
 [[nodiscard]] QVector<CategoryRow> categories(LibraryDatabase& database);
 /// Every link between a tag and a category, favourites included.
 [[nodiscard]] QVector<TagLink> links(LibraryDatabase& database);
-[[nodiscard]] std::optional<CategoryRow> categoryByName(LibraryDatabase& database, const QString& name);
 [[nodiscard]] std::optional<CategoryRow> categoryById(LibraryDatabase& database, qint64 id);
+/// The id of the category with that name, compared by key; 0 without one.
+[[nodiscard]] qint64 idByName(LibraryDatabase& database, const QString& name);
+[[nodiscard]] bool exists(LibraryDatabase& database, qint64 id);
 
 /// Adds a category whose name is not taken.
 CategoryRow insertCategory(LibraryDatabase& database, const QString& name);

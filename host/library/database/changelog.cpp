@@ -7,25 +7,25 @@
 
 namespace {
 
-constexpr int MostEntries = 1000;
-constexpr int MostBytes = 16 << 20;
-constexpr int MostBytesOfEntry = 4 << 20;
+constexpr int mostEntries = 1000;
+constexpr int mostBytes = 16 << 20;
+constexpr int mostBytesOfEntry = 4 << 20;
 /// Entries between two looks whether old ones are to be dropped.
-constexpr int LookEvery = 64;
+constexpr int lookEvery = 64;
 
 QVariant payloadOf(const LibraryChange& change)
 {
     const QByteArray bytes = change.toBytes();
-    return bytes.size() <= MostBytesOfEntry ? bytes : QVariant(QVariant::ByteArray);
+    return bytes.size() <= mostBytesOfEntry ? bytes : QVariant(QVariant::ByteArray);
 }
 
 void dropOldEntries(LibraryDatabase& database, qint64 lastId)
 {
-    LibraryStatement(database, "DELETE FROM changes WHERE id <= ?").run(lastId - MostEntries);
+    LibraryStatement(database, "DELETE FROM changes WHERE id <= ?").run(lastId - mostEntries);
     LibraryStatement(database,
                      "DELETE FROM changes WHERE id < (SELECT min(id) FROM (SELECT id, sum(ifnull(length(payload), 0))"
                      " OVER (ORDER BY id DESC) AS bytes FROM changes) WHERE bytes <= ?)")
-        .run(MostBytes);
+        .run(mostBytes);
 }
 
 QString person()
@@ -44,13 +44,21 @@ changelog::Place changelog::last(LibraryDatabase& database)
     return {select.integer(0), select.bytes(1)};
 }
 
+bool changelog::isLogOf(LibraryDatabase& database, const Place& place)
+{
+    LibraryStatement select(database, "SELECT id, request FROM changes WHERE id >= ? ORDER BY id LIMIT 1");
+    if (!select.run(place.id).next())
+        return place.id == 0;
+    return select.integer(0) != place.id || select.bytes(1) == place.request;
+}
+
 changelog::Place changelog::append(LibraryDatabase& database, const Place& before, ChangeKind kind,
                                    const LibraryChange& change)
 {
     Place place = {before.id + 1, QUuid::createUuid().toRfc4122()};
     LibraryStatement(database, "INSERT INTO changes (id, kind, who, at, request, payload) VALUES (?, ?, ?, ?, ?, ?)")
         .run(place.id, int(kind), person(), QDateTime::currentMSecsSinceEpoch(), place.request, payloadOf(change));
-    if (place.id % LookEvery == 0)
+    if (place.id % lookEvery == 0)
         dropOldEntries(database, place.id);
     return place;
 }

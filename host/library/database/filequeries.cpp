@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/database/filequeries.h"
 
-#include "host/library/database/filetable.h"
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/librarytransaction.h"
 #include "host/library/database/tagtable.h"
@@ -30,8 +29,8 @@ QVector<qint64> fileIdsOfTags(LibraryDatabase& database, const QVector<qint64>& 
     // A few tags: their files are collected and sorted. Many: each file is asked for its tags, in the order of the
     // paths; the plus sign keeps SQLite from asking each tag for the file. 1,000,000 files with 100,000 tags took 8 s
     // the first way.
-    constexpr int ManyTags = 2000;
-    LibraryStatement select(database, tagIds.size() < ManyTags
+    constexpr int manyTags = 2000;
+    LibraryStatement select(database, tagIds.size() < manyTags
                                           ? "SELECT id FROM files WHERE id IN (SELECT file_id FROM file_tags WHERE"
                                             " tag_id IN (SELECT value FROM json_each(?))) ORDER BY root_id, path"
                                           : "SELECT id FROM files WHERE EXISTS (SELECT 1 FROM file_tags WHERE"
@@ -42,18 +41,18 @@ QVector<qint64> fileIdsOfTags(LibraryDatabase& database, const QVector<qint64>& 
 
 QVector<qint64> tagIdsOfCategories(LibraryDatabase& database, const QVector<qint64>& categoryIds)
 {
-    if (categoryIds.contains(reservedcategory::AllTags))
+    if (categoryIds.contains(reservedcategory::allTags))
         return LibraryStatement(database, "SELECT id FROM tags WHERE deleted IS NULL").run().integers();
     LibraryStatement select(database,
                             "SELECT tag_id FROM tag_categories JOIN categories ON categories.id = category_id"
                             " WHERE categories.deleted IS NULL AND category_id IN (SELECT value FROM json_each(?))");
     QVector<qint64> tagIds = select.run(jsonArray(categoryIds)).integers();
-    if (categoryIds.contains(reservedcategory::Uncategorized)) {
+    if (categoryIds.contains(reservedcategory::unsorted)) {
         LibraryStatement rest(database,
                               "SELECT id FROM tags WHERE deleted IS NULL AND id NOT IN (SELECT tag_id FROM"
                               " tag_categories JOIN categories ON categories.id = category_id WHERE category_id >= ?"
                               " AND categories.deleted IS NULL)");
-        tagIds += rest.run(reservedcategory::FirstUserId).integers();
+        tagIds += rest.run(reservedcategory::firstUserId).integers();
     }
     return tagIds;
 }
@@ -83,7 +82,7 @@ QVector<qint64> filequeries::fileIds(LibraryDatabase& database, const FileQuery&
     return fileIdsOfTags(database, tagIds);
 }
 
-void filequeries::forEachFile(LibraryDatabase& database, const std::function<bool(FileRow& file)>& visitor)
+void filequeries::forEachFile(LibraryDatabase& database, const filetable::FileVisitor& visitor)
 {
     const LibraryTransaction transaction(database, LibraryTransaction::Kind::Reading);
     const QSet<qint64> deleted = deletedTags(database);
@@ -93,22 +92,4 @@ void filequeries::forEachFile(LibraryDatabase& database, const std::function<boo
             removeAll(file.tagIds, deleted);
         return visitor(file);
     });
-}
-
-QVector<QByteArray> filequeries::pathsBelow(LibraryDatabase& database, qint64 rootId, const QByteArray& folder,
-                                            const QByteArray& after, int limit)
-{
-    QByteArray first = "";
-    QByteArray end(256, '\xff');  // Above every path: no name in one is so long.
-    if (!folder.isEmpty()) {
-        first = folder + '/';
-        end = folder + char('/' + 1);
-    }
-    LibraryStatement select(database, "SELECT path FROM files WHERE root_id = ? AND path > ? AND path < ?"
-                                      " ORDER BY path LIMIT ?");
-    select.run(rootId, std::max(first, after), end, limit);
-    QVector<QByteArray> paths;
-    while (select.next())
-        paths.append(select.bytes(0));
-    return paths;
 }

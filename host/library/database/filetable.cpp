@@ -1,54 +1,76 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/database/filetable.h"
 
+#include "host/library/database/libraryerror.h"
 #include "host/library/database/librarystatement.h"
+#include "host/library/database/pairstatement.h"
+#include "host/library/records/librarytext.h"
 
 namespace {
 
-FileRow readRow(const LibraryStatement& statement)
+/// The one list of a file's columns, in the order that readFile() reads.
+QByteArray selectFiles(const char* which)
 {
-    FileRow row;
-    row.id = statement.integer(0);
-    row.rootId = statement.integer(1);
-    row.relativePath = statement.bytes(2);
-    row.known = {{statement.integer(3), statement.integer(4), statement.bytes(5)}, int(statement.integer(6))};
-    return row;
+    return QByteArray("SELECT id, root_id, path, size, modified, sidecars, reader, identity, v1_content FROM files ") +
+           which;
+}
+
+filetable::StoredFile readFile(const LibraryStatement& statement)
+{
+    filetable::StoredFile file;
+    file.row.id = statement.integer(0);
+    file.row.rootId = statement.integer(1);
+    file.row.relativePath = statement.bytes(2);
+    file.row.known = {{statement.integer(3), statement.integer(4), statement.bytes(5)}, int(statement.integer(6))};
+    file.identity = statement.bytes(7);
+    if (!statement.isNull(8))
+        file.version1Hash = statement.bytes(8);
+    return file;
 }
 
 }  // namespace
 
-std::optional<filetable::StoredFile> filetable::fileByPath(LibraryDatabase& database, qint64 rootId,
-                                                           const QByteArray& path)
+qint64 filetable::idByPath(LibraryDatabase& database, qint64 rootId, const QByteArray& path)
 {
-    LibraryStatement select(database, "SELECT id, size, modified, sidecars, reader, identity, v1_content FROM files"
-                                      " WHERE root_id = ? AND path = ?");
-    if (!select.run(rootId, path).next())
-        return std::nullopt;
-    StoredFile file = {select.integer(0),
-                       {{select.integer(1), select.integer(2), select.bytes(3)}, int(select.integer(4))},
-                       select.bytes(5),
-                       std::nullopt};
-    if (!select.isNull(6))
-        file.version1Hash = select.bytes(6);
-    return file;
+    // One column: what Qt does for each column of a row costs more than finding the row.
+    LibraryStatement select(database, "SELECT id FROM files WHERE root_id = ? AND path = ?");
+    return select.run(rootId, path).next() ? select.integer(0) : 0;
 }
 
-std::optional<FileRow> filetable::fileById(LibraryDatabase& database, qint64 id)
+std::optional<filetable::StoredFile> filetable::fileById(LibraryDatabase& database, qint64 id)
 {
-    LibraryStatement select(database,
-                            "SELECT id, root_id, path, size, modified, sidecars, reader FROM files WHERE id = ?");
+    LibraryStatement select(database, selectFiles("WHERE id = ?"));
     if (!select.run(id).next())
         return std::nullopt;
-    return readRow(select);
+    return readFile(select);
 }
 
-void filetable::forEach(LibraryDatabase& database, const std::function<bool(FileRow& file)>& visitor)
+void filetable::forEach(LibraryDatabase& database, const FileVisitor& visitor)
 {
-    LibraryStatement select(
-        database, "SELECT id, root_id, path, size, modified, sidecars, reader FROM files ORDER BY root_id, path");
+    LibraryStatement select(database, selectFiles("ORDER BY root_id, path"));
     select.run();
     while (select.next()) {
-        FileRow row = readRow(select);
+        FileRow row = readFile(select).row;
+        if (!visitor(row))
+            return;
+    }
+}
+
+void filetable::forEachBelow(LibraryDatabase& database, qint64 rootId, const QByteArray& folder,
+                             const FileVisitor& visitor)
+{
+    const QByteArray first = folder.isEmpty() ? QByteArray("") : folder + '/';
+    // Above every path: no name in one is so long.
+    const QByteArray end = folder.isEmpty() ? QByteArray(256, '\xff') : folder + char('/' + 1);
+    LibraryStatement select(database, selectFiles("WHERE root_id = ? AND path > ? AND path < ? ORDER BY path"));
+    select.run(rootId, first, end);
+    QByteArray last;
+    while (select.next()) {
+        FileRow row = readFile(select).row;
+        if (row.relativePath <= last)
+            throw LibraryError(LibraryStatus::Damaged,
+                               LibraryText::tr("The library is damaged: its list of files is out of order."));
+        last = row.relativePath;
         if (!visitor(row))
             return;
     }
@@ -89,6 +111,15 @@ void filetable::addTag(LibraryDatabase& database, qint64 id, qint64 tagId)
     LibraryStatement(database, "INSERT INTO file_tags (tag_id, file_id) VALUES (?, ?)").run(tagId, id);
 }
 
+void filetable::addTagsOfKeywords(LibraryDatabase& database, qint64 firstId)
+{
+    // In the order of the table, which is how it is filled fastest.
+    LibraryStatement(database, "INSERT INTO file_tags (tag_id, file_id) SELECT tag_id, file_id FROM"
+                               " file_keywords CROSS JOIN keywords ON keywords.id = keyword_id WHERE file_id >= ?"
+                               " AND tag_id IS NOT NULL ORDER BY tag_id, file_id ON CONFLICT DO NOTHING")
+        .run(firstId);
+}
+
 void filetable::removeTag(LibraryDatabase& database, qint64 id, qint64 tagId)
 {
     LibraryStatement(database, "DELETE FROM file_tags WHERE tag_id = ? AND file_id = ?").run(tagId, id);
@@ -104,6 +135,11 @@ QVector<qint64> filetable::keywordsOf(LibraryDatabase& database, qint64 id)
 void filetable::addKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId)
 {
     LibraryStatement(database, "INSERT INTO file_keywords (file_id, keyword_id) VALUES (?, ?)").run(id, keywordId);
+}
+
+void filetable::addKeywords(LibraryDatabase& database, const QVector<KeywordOfFile>& keywords)
+{
+    PairStatement(database, "INSERT INTO file_keywords (file_id, keyword_id) VALUES ").run(keywords);
 }
 
 void filetable::removeKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId)

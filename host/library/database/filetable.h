@@ -12,14 +12,18 @@ class LibraryDatabase;
 /// a transaction of the caller. Rows are without tag ids, absolute path and presence.
 namespace filetable {
 
-/// A file as an import meets it again.
+/// Everything that is in the row of a file.
 struct StoredFile
 {
-    qint64 id = 0;
-    KnownFile known;
+    FileRow row;
     QByteArray identity;
     std::optional<QByteArray> version1Hash;  ///< Of a file whose tags are still those of a library of version 1.
 };
+
+using FileVisitor = std::function<bool(FileRow& file)>;
+
+/// Id of the file, id of the keyword.
+using KeywordOfFile = QPair<qint64, qint64>;
 
 /// A person's word about one tag of one file.
 struct Decision
@@ -28,10 +32,14 @@ struct Decision
     bool isPlus = false;
 };
 
-[[nodiscard]] std::optional<StoredFile> fileByPath(LibraryDatabase& database, qint64 rootId, const QByteArray& path);
-[[nodiscard]] std::optional<FileRow> fileById(LibraryDatabase& database, qint64 id);
+/// 0 without such a file.
+[[nodiscard]] qint64 idByPath(LibraryDatabase& database, qint64 rootId, const QByteArray& path);
+[[nodiscard]] std::optional<StoredFile> fileById(LibraryDatabase& database, qint64 id);
 /// Visits every file, ordered by root and path, until \a visitor returns false.
-void forEach(LibraryDatabase& database, const std::function<bool(FileRow& file)>& visitor);
+void forEach(LibraryDatabase& database, const FileVisitor& visitor);
+/// The same for the files of a root in \a folder, at any depth; empty: all of the root. Throws when the index of paths
+/// is out of order, which makes look-ups in it miss files.
+void forEachBelow(LibraryDatabase& database, qint64 rootId, const QByteArray& folder, const FileVisitor& visitor);
 /// Returns the new file's id.
 qint64 insert(LibraryDatabase& database, qint64 rootId, const ImportedFile& file);
 /// Everything but the keywords. \a keepsVersion1 leaves the mark of a file whose tags are still those of version 1.
@@ -42,11 +50,15 @@ void remove(LibraryDatabase& database, qint64 id);
 /// Ascending; those of deleted tags, too.
 [[nodiscard]] QVector<qint64> tagsOf(LibraryDatabase& database, qint64 id);
 void addTag(LibraryDatabase& database, qint64 id, qint64 tagId);
+/// Gives the files with ids from \a firstId, which have no tags yet, those that their keywords lead to.
+void addTagsOfKeywords(LibraryDatabase& database, qint64 firstId);
 void removeTag(LibraryDatabase& database, qint64 id, qint64 tagId);
 
 /// Ids of the keywords as last read, ascending.
 [[nodiscard]] QVector<qint64> keywordsOf(LibraryDatabase& database, qint64 id);
 void addKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId);
+/// The same for many; fastest when sorted by file.
+void addKeywords(LibraryDatabase& database, const QVector<KeywordOfFile>& keywords);
 void removeKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId);
 
 /// Whether the tags of any file are still those of a library of version 1.

@@ -15,11 +15,10 @@ QVariant tagColumn(qint64 tagId)
 
 std::optional<keywordtable::Keyword> keywordtable::find(LibraryDatabase& database, const QString& name)
 {
-    LibraryStatement select(database, "SELECT keywords.id, state, tag_id, deleted IS NOT NULL FROM keywords"
-                                      " LEFT JOIN tags ON tags.id = tag_id WHERE keywords.name = ?");
+    LibraryStatement select(database, "SELECT id, state, tag_id FROM keywords WHERE name = ?");
     if (!select.run(namecolumns::key(name)).next())
         return std::nullopt;
-    return Keyword{select.integer(0), static_cast<State>(select.integer(1)), select.integer(2), select.integer(3) != 0};
+    return Keyword{select.integer(0), static_cast<State>(select.integer(1)), select.integer(2)};
 }
 
 qint64 keywordtable::insert(LibraryDatabase& database, const QString& name, State state, qint64 tagId)
@@ -46,11 +45,4 @@ QVector<KeywordRow> keywordtable::ignored(LibraryDatabase& database)
     while (select.next())
         rows.append({select.name(0, 1), static_cast<State>(select.integer(2)) == State::Undecided, select.integer(3)});
     return rows;
-}
-
-qint64 keywordtable::countIgnored(LibraryDatabase& database)
-{
-    LibraryStatement select(database, "SELECT count(*) FROM keywords LEFT JOIN tags ON tags.id = tag_id"
-                                      " WHERE state != 0 OR tags.deleted IS NOT NULL");
-    return select.run().next() ? select.integer(0) : 0;
 }

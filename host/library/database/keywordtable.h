@@ -23,8 +23,7 @@ struct Keyword
 {
     qint64 id = 0;
     State state = State::Mapped;
-    qint64 tagId = 0;  ///< 0 unless mapped.
-    bool isOfDeletedTag = false;
+    qint64 tagId = 0;  ///< 0 unless mapped; may be that of a deleted tag.
 };
 
 /// Compared by key.
@@ -35,6 +34,5 @@ void update(LibraryDatabase& database, qint64 id, State state, qint64 tagId);
 
 /// Those without a tag, or of a deleted one, that files have, by name.
 [[nodiscard]] QVector<KeywordRow> ignored(LibraryDatabase& database);
-[[nodiscard]] qint64 countIgnored(LibraryDatabase& database);
 
 }  // namespace keywordtable

@@ -28,6 +28,12 @@ void LibraryDatabase::close()
     m_database.close();
 }
 
+void LibraryDatabase::guard()
+{
+    if (!m_inTransaction)
+        repairFiles();
+}
+
 void LibraryDatabase::execute(const QString& sql)
 {
     QSqlQuery query(m_database);

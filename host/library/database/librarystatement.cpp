@@ -23,6 +23,14 @@ void LibraryStatement::bind(int place, const QVariant& value)
     m_query.bindValue(place, value);
 }
 
+LibraryStatement& LibraryStatement::runWith(const QVector<qint64>& values)
+{
+    for (int place = 0; place < values.size(); ++place)
+        bind(place, values.at(place));
+    execute();
+    return *this;
+}
+
 void LibraryStatement::execute()
 {
     if (!m_query.exec())

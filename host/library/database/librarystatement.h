@@ -28,6 +28,9 @@ public:
         return *this;
     }
 
+    /// The same with a list of values.
+    LibraryStatement& runWith(const QVector<qint64>& values);
+
     /// Goes to the next row; false after the last one.
     [[nodiscard]] bool next();
     [[nodiscard]] qint64 integer(int column) const;

@@ -3,10 +3,18 @@
 
 #include "host/library/database/librarystatement.h"
 
+#include <QUuid>
+
 QString librarytable::id(LibraryDatabase& database)
 {
     LibraryStatement select(database, "SELECT value FROM library WHERE key = 'id'");
     return select.run().next() ? QString::fromUtf8(select.bytes(0)) : QString();
+}
+
+void librarytable::setNewId(LibraryDatabase& database)
+{
+    LibraryStatement(database, "INSERT INTO library VALUES ('id', ?)")
+        .run(QUuid::createUuid().toString(QUuid::WithoutBraces));
 }
 
 QStringList librarytable::namesReplaced(LibraryDatabase& database)

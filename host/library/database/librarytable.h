@@ -10,6 +10,8 @@ namespace librarytable {
 
 /// Unlike that of any other library; copies of one have the same.
 [[nodiscard]] QString id(LibraryDatabase& database);
+/// Gives a new library its id. To be called inside a transaction.
+void setNewId(LibraryDatabase& database);
 
 /// New names of tags and categories that a migration had to rename, until forgetNamesReplaced().
 [[nodiscard]] QStringList namesReplaced(LibraryDatabase& database);

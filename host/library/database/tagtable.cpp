@@ -3,19 +3,15 @@
 
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/namecolumns.h"
+#include "host/library/database/pairstatement.h"
+
+#include <algorithm>
 
 namespace {
 
 TagRow readTag(const LibraryStatement& statement)
 {
     return {statement.integer(0), statement.name(1, 2), int(statement.integer(3)), int(statement.integer(4))};
-}
-
-std::optional<TagRow> readOne(LibraryStatement& statement)
-{
-    if (!statement.next())
-        return std::nullopt;
-    return readTag(statement);
 }
 
 }  // namespace
@@ -31,18 +27,24 @@ QVector<TagRow> tagtable::tags(LibraryDatabase& database)
     return rows;
 }
 
-std::optional<TagRow> tagtable::tagByName(LibraryDatabase& database, const QString& name)
-{
-    LibraryStatement select(
-        database, "SELECT id, name, spelling, color, file_count FROM tags WHERE name = ? AND deleted IS NULL");
-    return readOne(select.run(namecolumns::key(name)));
-}
-
 std::optional<TagRow> tagtable::tagById(LibraryDatabase& database, qint64 id)
 {
     LibraryStatement select(database,
                             "SELECT id, name, spelling, color, file_count FROM tags WHERE id = ? AND deleted IS NULL");
-    return readOne(select.run(id));
+    if (!select.run(id).next())
+        return std::nullopt;
+    return readTag(select);
+}
+
+qint64 tagtable::idByName(LibraryDatabase& database, const QString& name)
+{
+    LibraryStatement select(database, "SELECT id FROM tags WHERE name = ? AND deleted IS NULL");
+    return select.run(namecolumns::key(name)).next() ? select.integer(0) : 0;
+}
+
+bool tagtable::exists(LibraryDatabase& database, qint64 id)
+{
+    return LibraryStatement(database, "SELECT 1 FROM tags WHERE id = ? AND deleted IS NULL").run(id).next();
 }
 
 TagRow tagtable::insertTag(LibraryDatabase& database, const QString& name, int colorIndex)
@@ -71,6 +73,19 @@ void tagtable::markDeleted(LibraryDatabase& database, qint64 id, qint64 changeId
 void tagtable::addToFileCount(LibraryDatabase& database, qint64 id, int more)
 {
     LibraryStatement(database, "UPDATE tags SET file_count = file_count + ? WHERE id = ?").run(more, id);
+}
+
+void tagtable::addToFileCounts(LibraryDatabase& database, const QHash<qint64, int>& more)
+{
+    QVector<QPair<qint64, qint64>> pairs;
+    pairs.reserve(more.size());
+    for (auto count = more.cbegin(); count != more.cend(); ++count) {
+        if (count.value() != 0)
+            pairs.append({count.key(), count.value()});
+    }
+    std::sort(pairs.begin(), pairs.end());
+    PairStatement(database, "UPDATE tags SET file_count = file_count + column2 FROM (VALUES ", ") WHERE id = column1")
+        .run(pairs);
 }
 
 QVector<qint64> tagtable::deletedIds(LibraryDatabase& database)

@@ -3,6 +3,8 @@
 
 #include "host/library/records/libraryrecords.h"
 
+#include <QHash>
+
 #include <optional>
 
 class LibraryDatabase;
@@ -13,9 +15,10 @@ namespace tagtable {
 
 /// Every tag, by id.
 [[nodiscard]] QVector<TagRow> tags(LibraryDatabase& database);
-/// The tag with that name, compared by key.
-[[nodiscard]] std::optional<TagRow> tagByName(LibraryDatabase& database, const QString& name);
 [[nodiscard]] std::optional<TagRow> tagById(LibraryDatabase& database, qint64 id);
+/// The id of the tag with that name, compared by key; 0 without one.
+[[nodiscard]] qint64 idByName(LibraryDatabase& database, const QString& name);
+[[nodiscard]] bool exists(LibraryDatabase& database, qint64 id);
 
 /// Adds a tag whose name is not taken.
 TagRow insertTag(LibraryDatabase& database, const QString& name, int colorIndex);
@@ -25,6 +28,8 @@ void updateColor(LibraryDatabase& database, qint64 id, int colorIndex);
 void markDeleted(LibraryDatabase& database, qint64 id, qint64 changeId);
 /// Also for tags that are marked as deleted.
 void addToFileCount(LibraryDatabase& database, qint64 id, int more);
+/// The same for many tags, by id.
+void addToFileCounts(LibraryDatabase& database, const QHash<qint64, int>& more);
 
 /// Those that are marked as deleted.
 [[nodiscard]] QVector<qint64> deletedIds(LibraryDatabase& database);

@@ -8,7 +8,7 @@
 
 #include <memory>
 
-class LibraryGroup;
+class LibraryCategory;
 class LibraryTag;
 
 /// A tag in memory. Its provider, made when somebody first asks, shares the entry; so a provider that outlives its tag,
@@ -25,11 +25,11 @@ struct TagEntry
 };
 
 /// A category in memory, the reserved ones included.
-struct GroupEntry
+struct CategoryEntry
 {
     qint64 id = 0;
     QString name;
     bool gone = false;                              ///< The category was removed.
     QHash<qint64, std::shared_ptr<TagEntry>> tags;  ///< By id.
-    QWeakPointer<LibraryGroup> provider;
+    QWeakPointer<LibraryCategory> provider;
 };

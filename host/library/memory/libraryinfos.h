@@ -28,15 +28,15 @@ private:
 };
 
 /// A snapshot of a category.
-class LibraryGroupInfo final : public ITagGroupInfo
+class LibraryCategoryInfo final : public ITagGroupInfo
 {
 public:
-    LibraryGroupInfo(qint64 id, const QString& name)
+    LibraryCategoryInfo(qint64 id, const QString& name)
         : m_id(id)
         , m_name(name)
     {
     }
-    virtual ~LibraryGroupInfo() = default;
+    virtual ~LibraryCategoryInfo() = default;
 
     [[nodiscard]] qint64 id() const override { return m_id; }
     [[nodiscard]] QString name() const override { return m_name; }

@@ -20,7 +20,7 @@ void forgetName(QHash<QString, std::shared_ptr<Entry>>& entriesByKey, const std:
 }
 
 /// A tag that came and went within one change, or the other way round, did neither.
-void settle(GroupNotification& notification)
+void settle(CategoryNotification& notification)
 {
     if (notification.tagsAdded.isEmpty() || notification.tagsRemoved.isEmpty())
         return;
@@ -36,11 +36,10 @@ void settle(GroupNotification& notification)
 }  // namespace
 
 LibraryMemory::LibraryMemory()
-    : m_allTags(addGroup(reservedcategory::AllTags, reservedcategory::name(reservedcategory::AllTags)))
-    , m_uncategorized(
-          addGroup(reservedcategory::Uncategorized, reservedcategory::name(reservedcategory::Uncategorized)))
+    : m_allTags(addCategory(reservedcategory::allTags, reservedcategory::name(reservedcategory::allTags)))
+    , m_unsorted(addCategory(reservedcategory::unsorted, reservedcategory::name(reservedcategory::unsorted)))
 {
-    addGroup(reservedcategory::Favorites, reservedcategory::name(reservedcategory::Favorites));
+    addCategory(reservedcategory::favorites, reservedcategory::name(reservedcategory::favorites));
 }
 
 LibraryMemory::~LibraryMemory() = default;
@@ -51,8 +50,8 @@ void LibraryMemory::load(const LibraryContents& contents)
     for (const TagRow& row : contents.tags)
         addTag(row);
     for (const CategoryRow& row : contents.categories) {
-        if (row.id >= reservedcategory::FirstUserId)
-            addGroup(row.id, row.name)->tags.reserve(row.tagCount);
+        if (row.id >= reservedcategory::firstUserId)
+            addCategory(row.id, row.name)->tags.reserve(row.tagCount);
     }
     addLinks(contents.links);
     m_notifications = {};
@@ -94,14 +93,14 @@ void LibraryMemory::compareCategories(const QVector<CategoryRow>& rows, LibraryC
     QSet<qint64> present;
     for (const CategoryRow& row : rows) {
         present.insert(row.id);
-        const std::shared_ptr<GroupEntry> known = group(row.id);
+        const std::shared_ptr<CategoryEntry> known = category(row.id);
         if (!known)
             change.categoriesCreated.append(row);
-        else if (row.id >= reservedcategory::FirstUserId && known->name != row.name)
+        else if (row.id >= reservedcategory::firstUserId && known->name != row.name)
             change.categoriesRenamed.append(row);
     }
-    for (const auto& known : m_groups) {
-        if (known->id >= reservedcategory::FirstUserId && !present.contains(known->id))
+    for (const auto& known : m_categories) {
+        if (known->id >= reservedcategory::firstUserId && !present.contains(known->id))
             change.categoriesRemoved.append(known->id);
     }
 }
@@ -111,12 +110,12 @@ void LibraryMemory::compareLinks(const QVector<TagLink>& rows, LibraryChange& ch
     QHash<qint64, QSet<qint64>> present;
     for (const TagLink& link : rows) {
         present[link.categoryId].insert(link.tagId);
-        const std::shared_ptr<GroupEntry> known = group(link.categoryId);
+        const std::shared_ptr<CategoryEntry> known = category(link.categoryId);
         if (!known || !known->tags.contains(link.tagId))
             change.linksAdded.append(link);
     }
-    for (const auto& known : m_groups) {
-        if (known->id < reservedcategory::Favorites)
+    for (const auto& known : m_categories) {
+        if (known->id < reservedcategory::favorites)
             continue;
         const QSet<qint64> tags = present.value(known->id);
         for (const auto& entry : qAsConst(known->tags)) {
@@ -137,33 +136,33 @@ LibraryNotifications LibraryMemory::apply(const LibraryChange& change)
     removeLinks(change.linksRemoved);
     deleteTags(change.tagsDeleted);
     removeCategories(change.categoriesRemoved);
-    std::for_each(m_notifications.groups.begin(), m_notifications.groups.end(), settle);
+    std::for_each(m_notifications.categories.begin(), m_notifications.categories.end(), settle);
     m_notifications.filesChanged = change.filesChanged;
     m_notificationIndex.clear();
     m_updatedTags.clear();
     return std::exchange(m_notifications, {});
 }
 
-std::shared_ptr<GroupEntry> LibraryMemory::group(qint64 id) const
+std::shared_ptr<CategoryEntry> LibraryMemory::category(qint64 id) const
 {
-    return m_groups.value(id);
+    return m_categories.value(id);
 }
 
-std::shared_ptr<GroupEntry> LibraryMemory::groupByName(const QString& name) const
+std::shared_ptr<CategoryEntry> LibraryMemory::categoryByName(const QString& name) const
 {
-    return m_groupsByKey.value(tagname::key(name));
+    return m_categoriesByKey.value(tagname::key(name));
 }
 
-QVector<std::shared_ptr<GroupEntry>> LibraryMemory::userGroups() const
+QVector<std::shared_ptr<CategoryEntry>> LibraryMemory::userCategories() const
 {
-    QVector<std::shared_ptr<GroupEntry>> groups;
-    groups.reserve(m_groups.size());
-    for (const auto& group : m_groups) {
-        if (group->id >= reservedcategory::FirstUserId)
-            groups.append(group);
+    QVector<std::shared_ptr<CategoryEntry>> categories;
+    categories.reserve(m_categories.size());
+    for (const auto& category : m_categories) {
+        if (category->id >= reservedcategory::firstUserId)
+            categories.append(category);
     }
-    std::sort(groups.begin(), groups.end(), [](const auto& a, const auto& b) { return a->id < b->id; });
-    return groups;
+    std::sort(categories.begin(), categories.end(), [](const auto& a, const auto& b) { return a->id < b->id; });
+    return categories;
 }
 
 std::shared_ptr<TagEntry> LibraryMemory::tagByName(const QString& name) const
@@ -176,21 +175,21 @@ std::shared_ptr<TagEntry> LibraryMemory::tag(qint64 id) const
     return m_allTags->tags.value(id);
 }
 
-std::shared_ptr<GroupEntry> LibraryMemory::addGroup(qint64 id, const QString& name)
+std::shared_ptr<CategoryEntry> LibraryMemory::addCategory(qint64 id, const QString& name)
 {
-    auto group = std::make_shared<GroupEntry>();
-    group->id = id;
-    group->name = name;
-    m_groups.insert(id, group);
-    m_groupsByKey.insert(tagname::key(name), group);
-    return group;
+    auto category = std::make_shared<CategoryEntry>();
+    category->id = id;
+    category->name = name;
+    m_categories.insert(id, category);
+    m_categoriesByKey.insert(tagname::key(name), category);
+    return category;
 }
 
 void LibraryMemory::reserveFor(int tagCount)
 {
     m_tagsByKey.reserve(tagCount);
     m_allTags->tags.reserve(tagCount);
-    m_uncategorized->tags.reserve(tagCount);
+    m_unsorted->tags.reserve(tagCount);
 }
 
 std::shared_ptr<TagEntry> LibraryMemory::addTag(const TagRow& row)
@@ -202,14 +201,14 @@ std::shared_ptr<TagEntry> LibraryMemory::addTag(const TagRow& row)
     tag->fileCount = row.fileCount;
     m_tagsByKey.insert(tagname::key(row.name), tag);
     m_allTags->tags.insert(row.id, tag);
-    m_uncategorized->tags.insert(row.id, tag);
+    m_unsorted->tags.insert(row.id, tag);
     return tag;
 }
 
-bool LibraryMemory::isUncategorized(const TagEntry& tag) const
+bool LibraryMemory::isUnsorted(const TagEntry& tag) const
 {
     return std::all_of(tag.categories.cbegin(), tag.categories.cend(),
-                       [](qint64 id) { return id < reservedcategory::FirstUserId; });
+                       [](qint64 id) { return id < reservedcategory::firstUserId; });
 }
 
 void LibraryMemory::createTags(const QVector<TagRow>& rows)
@@ -217,7 +216,7 @@ void LibraryMemory::createTags(const QVector<TagRow>& rows)
     for (const TagRow& row : rows) {
         addTag(row);
         notificationOf(m_allTags).tagsAdded.append(row.id);
-        notificationOf(m_uncategorized).tagsAdded.append(row.id);
+        notificationOf(m_unsorted).tagsAdded.append(row.id);
     }
 }
 
@@ -255,8 +254,8 @@ void LibraryMemory::deleteTags(const QVector<qint64>& ids)
         entry->gone = true;
         forgetName(m_tagsByKey, entry);
         for (qint64 categoryId : std::exchange(entry->categories, {}))
-            leave(group(categoryId), id);
-        leave(m_uncategorized, id);
+            leave(category(categoryId), id);
+        leave(m_unsorted, id);
         leave(m_allTags, id);
     }
 }
@@ -264,20 +263,20 @@ void LibraryMemory::deleteTags(const QVector<qint64>& ids)
 void LibraryMemory::createCategories(const QVector<CategoryRow>& rows)
 {
     for (const CategoryRow& row : rows) {
-        addGroup(row.id, row.name);
-        m_notifications.groupsAdded.append(row.id);
+        addCategory(row.id, row.name);
+        m_notifications.categoriesAdded.append(row.id);
     }
 }
 
 void LibraryMemory::renameCategories(const QVector<CategoryRow>& rows)
 {
     for (const CategoryRow& row : rows) {
-        const std::shared_ptr<GroupEntry> entry = group(row.id);
+        const std::shared_ptr<CategoryEntry> entry = category(row.id);
         if (!entry)
             continue;
-        forgetName(m_groupsByKey, entry);
+        forgetName(m_categoriesByKey, entry);
         entry->name = row.name;
-        m_groupsByKey.insert(tagname::key(row.name), entry);
+        m_categoriesByKey.insert(tagname::key(row.name), entry);
         notificationOf(entry).updated = true;
     }
 }
@@ -285,36 +284,36 @@ void LibraryMemory::renameCategories(const QVector<CategoryRow>& rows)
 void LibraryMemory::removeCategories(const QVector<qint64>& ids)
 {
     for (qint64 id : ids) {
-        const std::shared_ptr<GroupEntry> entry = m_groups.take(id);
+        const std::shared_ptr<CategoryEntry> entry = m_categories.take(id);
         if (!entry)
             continue;
         entry->gone = true;
-        forgetName(m_groupsByKey, entry);
+        forgetName(m_categoriesByKey, entry);
         const auto tags = entry->tags;
         for (const auto& tag : tags)
             leaveCategory(entry, tag);
-        m_notifications.groupsRemoved.append(id);
+        m_notifications.categoriesRemoved.append(id);
     }
 }
 
 void LibraryMemory::addLinks(const QVector<TagLink>& links)
 {
     for (const TagLink& link : links) {
-        const std::shared_ptr<GroupEntry> category = group(link.categoryId);
+        const std::shared_ptr<CategoryEntry> category = this->category(link.categoryId);
         const std::shared_ptr<TagEntry> entry = tag(link.tagId);
         if (!category || !entry || category->tags.contains(entry->id))
             continue;
         entry->categories.append(category->id);
         join(category, entry);
-        if (category->id >= reservedcategory::FirstUserId)
-            leave(m_uncategorized, entry->id);
+        if (category->id >= reservedcategory::firstUserId)
+            leave(m_unsorted, entry->id);
     }
 }
 
 void LibraryMemory::removeLinks(const QVector<TagLink>& links)
 {
     for (const TagLink& link : links) {
-        const std::shared_ptr<GroupEntry> category = group(link.categoryId);
+        const std::shared_ptr<CategoryEntry> category = this->category(link.categoryId);
         const std::shared_ptr<TagEntry> entry = tag(link.tagId);
         if (category && entry)
             leaveCategory(category, entry);
@@ -329,34 +328,34 @@ void LibraryMemory::noteUpdated(const std::shared_ptr<TagEntry>& tag)
     m_notifications.tagsUpdated.append(tag);
 }
 
-void LibraryMemory::join(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag)
+void LibraryMemory::join(const std::shared_ptr<CategoryEntry>& category, const std::shared_ptr<TagEntry>& tag)
 {
-    if (group->tags.contains(tag->id))
+    if (category->tags.contains(tag->id))
         return;
-    group->tags.insert(tag->id, tag);
-    notificationOf(group).tagsAdded.append(tag->id);
+    category->tags.insert(tag->id, tag);
+    notificationOf(category).tagsAdded.append(tag->id);
 }
 
-void LibraryMemory::leave(const std::shared_ptr<GroupEntry>& group, qint64 tagId)
+void LibraryMemory::leave(const std::shared_ptr<CategoryEntry>& category, qint64 tagId)
 {
-    if (group && group->tags.remove(tagId) > 0)
-        notificationOf(group).tagsRemoved.append(tagId);
+    if (category && category->tags.remove(tagId) > 0)
+        notificationOf(category).tagsRemoved.append(tagId);
 }
 
-void LibraryMemory::leaveCategory(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag)
+void LibraryMemory::leaveCategory(const std::shared_ptr<CategoryEntry>& category, const std::shared_ptr<TagEntry>& tag)
 {
-    tag->categories.removeOne(group->id);
-    leave(group, tag->id);
-    if (isUncategorized(*tag))
-        join(m_uncategorized, tag);
+    tag->categories.removeOne(category->id);
+    leave(category, tag->id);
+    if (isUnsorted(*tag))
+        join(m_unsorted, tag);
 }
 
-GroupNotification& LibraryMemory::notificationOf(const std::shared_ptr<GroupEntry>& group)
+CategoryNotification& LibraryMemory::notificationOf(const std::shared_ptr<CategoryEntry>& category)
 {
-    const auto known = m_notificationIndex.constFind(group->id);
+    const auto known = m_notificationIndex.constFind(category->id);
     if (known != m_notificationIndex.constEnd())
-        return m_notifications.groups[*known];
-    m_notificationIndex.insert(group->id, m_notifications.groups.size());
-    m_notifications.groups.append({group, {}, {}, false});
-    return m_notifications.groups.last();
+        return m_notifications.categories[*known];
+    m_notificationIndex.insert(category->id, m_notifications.categories.size());
+    m_notifications.categories.append({category, {}, {}, false});
+    return m_notifications.categories.last();
 }

@@ -30,11 +30,11 @@ public:
     [[nodiscard]] LibraryNotifications apply(const LibraryChange& change);
 
     /// Null for an unknown id.
-    [[nodiscard]] std::shared_ptr<GroupEntry> group(qint64 id) const;
+    [[nodiscard]] std::shared_ptr<CategoryEntry> category(qint64 id) const;
     /// Null when no category, reserved ones included, has that name.
-    [[nodiscard]] std::shared_ptr<GroupEntry> groupByName(const QString& name) const;
+    [[nodiscard]] std::shared_ptr<CategoryEntry> categoryByName(const QString& name) const;
     /// The user categories, ascending by id.
-    [[nodiscard]] QVector<std::shared_ptr<GroupEntry>> userGroups() const;
+    [[nodiscard]] QVector<std::shared_ptr<CategoryEntry>> userCategories() const;
     /// Null when no tag has that name.
     [[nodiscard]] std::shared_ptr<TagEntry> tagByName(const QString& name) const;
 
@@ -45,10 +45,10 @@ private:
     void compareCategories(const QVector<CategoryRow>& rows, LibraryChange& change) const;
     void compareLinks(const QVector<TagLink>& rows, LibraryChange& change) const;
     [[nodiscard]] std::shared_ptr<TagEntry> tag(qint64 id) const;
-    std::shared_ptr<GroupEntry> addGroup(qint64 id, const QString& name);
+    std::shared_ptr<CategoryEntry> addCategory(qint64 id, const QString& name);
     void reserveFor(int tagCount);
     std::shared_ptr<TagEntry> addTag(const TagRow& row);
-    [[nodiscard]] bool isUncategorized(const TagEntry& tag) const;
+    [[nodiscard]] bool isUnsorted(const TagEntry& tag) const;
 
     void createTags(const QVector<TagRow>& rows);
     void changeTags(const QVector<TagRow>& rows);
@@ -61,16 +61,16 @@ private:
     void removeLinks(const QVector<TagLink>& links);
 
     void noteUpdated(const std::shared_ptr<TagEntry>& tag);
-    void join(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag);
-    void leave(const std::shared_ptr<GroupEntry>& group, qint64 tagId);
-    void leaveCategory(const std::shared_ptr<GroupEntry>& group, const std::shared_ptr<TagEntry>& tag);
-    [[nodiscard]] GroupNotification& notificationOf(const std::shared_ptr<GroupEntry>& group);
+    void join(const std::shared_ptr<CategoryEntry>& category, const std::shared_ptr<TagEntry>& tag);
+    void leave(const std::shared_ptr<CategoryEntry>& category, qint64 tagId);
+    void leaveCategory(const std::shared_ptr<CategoryEntry>& category, const std::shared_ptr<TagEntry>& tag);
+    [[nodiscard]] CategoryNotification& notificationOf(const std::shared_ptr<CategoryEntry>& category);
 
-    QHash<qint64, std::shared_ptr<GroupEntry>> m_groups;
-    QHash<QString, std::shared_ptr<GroupEntry>> m_groupsByKey;
+    QHash<qint64, std::shared_ptr<CategoryEntry>> m_categories;
+    QHash<QString, std::shared_ptr<CategoryEntry>> m_categoriesByKey;
     QHash<QString, std::shared_ptr<TagEntry>> m_tagsByKey;
-    std::shared_ptr<GroupEntry> m_allTags;
-    std::shared_ptr<GroupEntry> m_uncategorized;
+    std::shared_ptr<CategoryEntry> m_allTags;
+    std::shared_ptr<CategoryEntry> m_unsorted;
     LibraryNotifications m_notifications;  ///< Of the change that is being applied.
     QHash<qint64, int> m_notificationIndex;
     QSet<qint64> m_updatedTags;

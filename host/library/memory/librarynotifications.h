@@ -4,20 +4,20 @@
 #include "host/library/memory/libraryentries.h"
 
 /// What became of one category in one change.
-struct GroupNotification
+struct CategoryNotification
 {
-    std::shared_ptr<GroupEntry> group;
+    std::shared_ptr<CategoryEntry> category;
     QVector<qint64> tagsAdded;
     QVector<qint64> tagsRemoved;
     bool updated = false;  ///< Its name or its number of tags is another.
 };
 
-/// What the providers have to tell about one change that is in memory already.
+/// What the providers emit for one change that is in memory already.
 struct LibraryNotifications
 {
-    QVector<qint64> groupsAdded;
-    QVector<qint64> groupsRemoved;
+    QVector<qint64> categoriesAdded;
+    QVector<qint64> categoriesRemoved;
     QVector<std::shared_ptr<TagEntry>> tagsUpdated;  ///< With another name, colour or file count; each once.
-    QVector<GroupNotification> groups;               ///< Each category once, in the order first touched.
+    QVector<CategoryNotification> categories;        ///< Each category once, in the order first touched.
     bool filesChanged = false;
 };

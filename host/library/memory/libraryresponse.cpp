@@ -33,7 +33,7 @@ void LibraryResponse::rejectedGroups(QVector<QSharedPointer<const ITagGroupInfo>
 {
     out.clear();
     for (const CategoryRow& category : m_categories)
-        out.append(QSharedPointer<LibraryGroupInfo>::create(category.id, category.name));
+        out.append(QSharedPointer<LibraryCategoryInfo>::create(category.id, category.name));
 }
 
 void LibraryResponse::rejectedFiles(QVector<QSharedPointer<const QString>>& out) const

@@ -40,7 +40,7 @@ static QDataStream& operator>>(QDataStream& stream, TagLink& link)
 namespace {
 
 /// Stands before every stored change; goes up whenever the fields below change.
-constexpr quint8 Format = 1;
+constexpr quint8 currentFormat = 1;
 
 /// Every field, in the order stored.
 template <typename Change, typename Visitor>
@@ -147,7 +147,7 @@ QByteArray LibraryChange::toBytes() const
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     stream.setVersion(QDataStream::Qt_5_15);
-    stream << Format;
+    stream << currentFormat;
     forEachField(*this, [&stream](const auto& field) { stream << field; });
     return bytes;
 }
@@ -158,7 +158,7 @@ std::optional<LibraryChange> LibraryChange::fromBytes(const QByteArray& bytes)
     stream.setVersion(QDataStream::Qt_5_15);
     quint8 format = 0;
     stream >> format;
-    if (format != Format)
+    if (format != currentFormat)
         return std::nullopt;
     LibraryChange change;
     forEachField(change, [&stream](auto& field) { stream >> field; });

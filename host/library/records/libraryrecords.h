@@ -53,7 +53,7 @@ struct KeywordRow
     qint64 fileCount = 0;
 };
 
-/// What tells whether a file changed since it was read.
+/// What shows whether a file changed since it was read.
 struct FileState
 {
     qint64 size = 0;      ///< Bytes.
@@ -82,10 +82,9 @@ struct ImportedFile
 {
     QByteArray path;  ///< Relative to its root, without a slash at its ends.
     FileState state;
-    int readerVersion = 1;  ///< From 1.
-    QByteArray identity;    ///< What the file is recognised by after a move, in a form of the importer's choice.
-    /// The keywords in the order read, duplicates allowed. Without a value only the state is new.
-    std::optional<QVector<QString>> keywords;
+    int readerVersion = 1;      ///< From 1.
+    QByteArray identity;        ///< What the file is recognised by after a move, in a form of the importer's choice.
+    QVector<QString> keywords;  ///< In the order read, duplicates allowed.
 };
 
 /// A file as the database holds it.
@@ -106,5 +105,4 @@ struct LibraryTotals
     qint64 files = 0;
     qint64 tags = 0;
     qint64 links = 0;  ///< Between files and tags.
-    qint64 keywordsIgnored = 0;
 };

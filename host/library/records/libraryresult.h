@@ -8,13 +8,8 @@
 struct ImportNumbers
 {
     int filesAdded = 0;
-    int filesChanged = 0;    ///< Files whose state, keywords or tags were written.
-    int filesUnchanged = 0;  ///< Files for which nothing was written.
+    int filesChanged = 0;  ///< Files whose state, keywords or tags were written.
     int filesRemoved = 0;
-    int tagsCreated = 0;
-    int linksAdded = 0;
-    int linksRemoved = 0;
-    int keywordsRefused = 0;  ///< Keywords with characters that no name may have.
 };
 
 /// How a request ended: with a change (an empty one when there was nothing to do) or with the reason why not. A request

@@ -18,5 +18,6 @@ enum class LibraryStatus
     NotOpened = 11,    ///< The file, or its log beside it, cannot be opened.
     NameInvalid = 12,  ///< A name with NUL or half a surrogate pair.
     Moved = 13,        ///< The file was moved, deleted or replaced while it was open.
-    Cancelled = 14
+    Cancelled = 14,
+    Damaged = 15  ///< What is in the file is no library any more, or a library that contradicts itself.
 };

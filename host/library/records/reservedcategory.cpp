@@ -7,22 +7,22 @@
 
 namespace {
 
-constexpr const char* AllTagsName = QT_TRANSLATE_NOOP("Library", "All Tags");
-constexpr const char* UnsortedName = QT_TRANSLATE_NOOP("Library", "Unsorted");
-constexpr const char* FavoritesName = QT_TRANSLATE_NOOP("Library", "Favorite Tags");
-constexpr const char* EarlierUnsortedName = "Uncategorized";
+constexpr const char* allTagsName = QT_TRANSLATE_NOOP("Library", "All Tags");
+constexpr const char* unsortedName = QT_TRANSLATE_NOOP("Library", "Unsorted");
+constexpr const char* favoritesName = QT_TRANSLATE_NOOP("Library", "Favorite Tags");
+constexpr const char* earlierUnsortedName = "Uncategorized";
 
 }  // namespace
 
 QString reservedcategory::name(qint64 id)
 {
     switch (id) {
-    case AllTags:
-        return QCoreApplication::translate("Library", AllTagsName);
-    case Uncategorized:
-        return QCoreApplication::translate("Library", UnsortedName);
-    case Favorites:
-        return QCoreApplication::translate("Library", FavoritesName);
+    case allTags:
+        return QCoreApplication::translate("Library", allTagsName);
+    case unsorted:
+        return QCoreApplication::translate("Library", unsortedName);
+    case favorites:
+        return QCoreApplication::translate("Library", favoritesName);
     default:
         return {};
     }
@@ -31,10 +31,10 @@ QString reservedcategory::name(qint64 id)
 bool reservedcategory::isReservedName(const QString& name)
 {
     const QString key = tagname::key(name);
-    for (qint64 id : {AllTags, Uncategorized, Favorites}) {
+    for (qint64 id : {allTags, unsorted, favorites}) {
         if (key == tagname::key(reservedcategory::name(id)))
             return true;
     }
-    return key == QLatin1String(AllTagsName) || key == QLatin1String(UnsortedName) ||
-           key == QLatin1String(FavoritesName) || key == QLatin1String(EarlierUnsortedName);
+    return key == QLatin1String(allTagsName) || key == QLatin1String(unsortedName) ||
+           key == QLatin1String(favoritesName) || key == QLatin1String(earlierUnsortedName);
 }

@@ -8,11 +8,11 @@
 /// The categories that every library has; their ids are part of the host's interface.
 namespace reservedcategory {
 
-constexpr qint64 AllTags = taggroupid::allTags;
+constexpr qint64 allTags = taggroupid::allTags;
 /// The tags that are in no user category; being a favourite does not count.
-constexpr qint64 Uncategorized = taggroupid::fixed;
-constexpr qint64 Favorites = taggroupid::favorites;
-constexpr qint64 FirstUserId = taggroupid::firstUser;
+constexpr qint64 unsorted = taggroupid::fixed;
+constexpr qint64 favorites = taggroupid::favorites;
+constexpr qint64 firstUserId = taggroupid::firstUser;
 
 /// Display name; empty for an id that is not reserved.
 [[nodiscard]] QString name(qint64 id);

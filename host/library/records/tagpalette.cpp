@@ -15,7 +15,7 @@ struct Color
     const char* value;
 };
 
-constexpr Color Colors[TagPalette::Size] = {
+constexpr Color colors[TagPalette::size] = {
     {QT_TRANSLATE_NOOP("TagPalette", "Blue"), "#2f6fd0"},   {QT_TRANSLATE_NOOP("TagPalette", "Red"), "#8f2436"},
     {QT_TRANSLATE_NOOP("TagPalette", "Teal"), "#14807b"},   {QT_TRANSLATE_NOOP("TagPalette", "Purple"), "#7a3a8c"},
     {QT_TRANSLATE_NOOP("TagPalette", "Orange"), "#b35a00"}, {QT_TRANSLATE_NOOP("TagPalette", "Indigo"), "#3f4a9e"},
@@ -25,9 +25,9 @@ constexpr Color Colors[TagPalette::Size] = {
 
 TagPalette::TagPalette()
 {
-    for (int i = 0; i < Size; ++i)
+    for (int i = 0; i < size; ++i)
         m_entries.append(
-            {i, QCoreApplication::translate("TagPalette", Colors[i].name), QLatin1String(Colors[i].value)});
+            {i, QCoreApplication::translate("TagPalette", colors[i].name), QLatin1String(colors[i].value)});
 }
 
 ITagColorProvider* TagPalette::instance()
@@ -41,17 +41,17 @@ ITagColorProvider* TagPalette::instance()
 int TagPalette::indexForName(const QString& name)
 {
     const QByteArray key = tagname::key(name).toUtf8();
-    constexpr int BytesOfDraw = 4;
-    constexpr int BytesOfDigest = 32;
+    constexpr int bytesOfDraw = 4;
+    constexpr int bytesOfDigest = 32;
     QByteArray digests;
-    while (digests.size() < Size * BytesOfDraw) {
-        const QByteArray number = QByteArray::number(digests.size() / BytesOfDigest);
+    while (digests.size() < size * bytesOfDraw) {
+        const QByteArray number = QByteArray::number(digests.size() / bytesOfDigest);
         digests += QCryptographicHash::hash(key + '/' + number, QCryptographicHash::Sha256);
     }
     int best = 0;
     quint32 highest = 0;
-    for (int i = 0; i < Size; ++i) {
-        const auto draw = qFromBigEndian<quint32>(digests.constData() + qptrdiff(i) * BytesOfDraw);
+    for (int i = 0; i < size; ++i) {
+        const auto draw = qFromBigEndian<quint32>(digests.constData() + qptrdiff(i) * bytesOfDraw);
         if (draw > highest) {
             best = i;
             highest = draw;

@@ -14,7 +14,7 @@
 class TagPalette final : public ITagColorProvider
 {
 public:
-    static constexpr int Size = 8;
+    static constexpr int size = 8;
 
     virtual ~TagPalette() = default;
 

@@ -11,6 +11,7 @@
 #include "host/library/requests/version1keywords.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -58,17 +59,18 @@ void ImportBatch::import(const QVector<ImportedFile>& files)
 {
     for (const ImportedFile& file : files)
         importFile(file);
+    writeNewFiles();
     writeCounts();
 }
 
 void ImportBatch::forget(const QVector<QByteArray>& paths)
 {
     for (const QByteArray& path : paths) {
-        const std::optional<filetable::StoredFile> stored = filetable::fileByPath(m_database, m_rootId, path);
-        if (!stored)
+        const qint64 id = filetable::idByPath(m_database, m_rootId, path);
+        if (id == 0)
             continue;
-        (void)setTags(stored->id, {});
-        filetable::remove(m_database, stored->id);
+        (void)setTags(id, {});
+        filetable::remove(m_database, id);
         ++m_request.result.numbers.filesRemoved;
     }
     writeCounts();
@@ -76,8 +78,9 @@ void ImportBatch::forget(const QVector<QByteArray>& paths)
 
 void ImportBatch::importFile(const ImportedFile& file)
 {
-    if (const auto stored = filetable::fileByPath(m_database, m_rootId, file.path))
-        updateFile(*stored, file);
+    const qint64 id = filetable::idByPath(m_database, m_rootId, file.path);
+    if (id != 0)
+        updateFile(id, file);
     else
         addFile(file);
 }
@@ -85,47 +88,46 @@ void ImportBatch::importFile(const ImportedFile& file)
 void ImportBatch::addFile(const ImportedFile& file)
 {
     const qint64 id = filetable::insert(m_database, m_rootId, file);
+    if (m_firstNewFile == 0)
+        m_firstNewFile = id;
     QVector<qint64> tags;
     for (const Keyword& keyword : keywordsOf(file)) {
-        filetable::addKeyword(m_database, id, keyword.id);
+        m_newKeywords.append({id, keyword.id});
         if (keyword.tagId != 0)
             tags.append(keyword.tagId);
     }
     for (qint64 tagId : sorted(tags))
-        link(id, tagId);
+        ++m_request.change().fileCountChanges[tagId];
     ++m_request.result.numbers.filesAdded;
 }
 
-void ImportBatch::updateFile(const filetable::StoredFile& stored, const ImportedFile& file)
+void ImportBatch::updateFile(qint64 id, const ImportedFile& file)
 {
-    const bool hasNewState = stored.known.state != file.state || stored.known.readerVersion != file.readerVersion ||
-                             stored.identity != file.identity;
-    const bool isOfVersion1 =
-        stored.version1Hash && (!file.keywords || *stored.version1Hash == version1keywords::hashOf(*file.keywords));
-    bool hasChanged = hasNewState;
-    if (file.keywords) {
-        const QVector<Keyword> keywords = keywordsOf(file);
-        hasChanged = setKeywords(stored.id, keywords) || hasChanged;
-        // What version 1 filed, renamed tags included, holds until it is explained by the keywords.
-        if (!isOfVersion1)
-            hasChanged = setTags(stored.id, shownTags(stored.id, keywords)) || hasChanged;
-    }
-    if (hasNewState || (stored.version1Hash && !isOfVersion1))
-        filetable::update(m_database, stored.id, file, isOfVersion1);
-    ++(hasChanged ? m_request.result.numbers.filesChanged : m_request.result.numbers.filesUnchanged);
+    writeNewFiles();
+    const std::optional<filetable::StoredFile> stored = filetable::fileById(m_database, id);
+    if (!stored)
+        throw LibraryError(LibraryStatus::Damaged,
+                           LibraryText::tr("The library is damaged: its list of files is not that of its files."));
+    const bool hasNewState = stored->row.known.state != file.state ||
+                             stored->row.known.readerVersion != file.readerVersion || stored->identity != file.identity;
+    const bool isOfVersion1 = stored->version1Hash && *stored->version1Hash == version1keywords::hashOf(file.keywords);
+    const QVector<Keyword> keywords = keywordsOf(file);
+    bool hasChanged = setKeywords(id, keywords) || hasNewState;
+    // What version 1 filed, renamed tags included, holds until it is explained by the keywords.
+    if (!isOfVersion1)
+        hasChanged = setTags(id, shownTags(id, keywords)) || hasChanged;
+    if (hasNewState || (stored->version1Hash && !isOfVersion1))
+        filetable::update(m_database, id, file, isOfVersion1);
+    m_request.result.numbers.filesChanged += hasChanged ? 1 : 0;
 }
 
 /// Each once.
 QVector<ImportBatch::Keyword> ImportBatch::keywordsOf(const ImportedFile& file)
 {
     QVector<Keyword> keywords;
-    for (const QString& name : file.keywords.value_or(QVector<QString>())) {
-        if (tagname::kept(name).isEmpty())
+    for (const QString& name : file.keywords) {
+        if (tagname::kept(name).isEmpty() || !tagname::isValid(name))
             continue;
-        if (!tagname::isValid(name)) {
-            ++m_request.result.numbers.keywordsRefused;
-            continue;
-        }
         const Keyword keyword = keywordOf(name);
         if (std::none_of(keywords.cbegin(), keywords.cend(), [&](const Keyword& k) { return k.id == keyword.id; }))
             keywords.append(keyword);
@@ -147,13 +149,13 @@ ImportBatch::Keyword ImportBatch::newKeyword(const QString& name)
 {
     if (m_isUnsettled)
         return {keywordtable::insert(m_database, name, State::Unsettled, 0), 0};
-    std::optional<TagRow> tag = tagtable::tagByName(m_database, name);
-    if (!tag) {
-        tag = tagtable::insertTag(m_database, name, TagPalette::indexForName(name));
-        m_request.change().tagsCreated.append(*tag);
-        ++m_request.result.numbers.tagsCreated;
+    qint64 tagId = tagtable::idByName(m_database, name);
+    if (tagId == 0) {
+        const TagRow tag = tagtable::insertTag(m_database, name, TagPalette::indexForName(name));
+        m_request.change().tagsCreated.append(tag);
+        tagId = tag.id;
     }
-    return {keywordtable::insert(m_database, name, State::Mapped, tag->id), tag->id};
+    return {keywordtable::insert(m_database, name, State::Mapped, tagId), tagId};
 }
 
 /// Drops the decisions that the file itself agrees with by now.
@@ -192,33 +194,32 @@ bool ImportBatch::setKeywords(qint64 fileId, const QVector<Keyword>& keywords)
 
 bool ImportBatch::setTags(qint64 fileId, const QVector<qint64>& wanted)
 {
+    QHash<qint64, int>& counts = m_request.change().fileCountChanges;
     return change(
-        filetable::tagsOf(m_database, fileId), wanted, [&](qint64 id) { link(fileId, id); },
-        [&](qint64 id) { unlink(fileId, id); });
+        filetable::tagsOf(m_database, fileId), wanted,
+        [&](qint64 id) {
+            filetable::addTag(m_database, fileId, id);
+            ++counts[id];
+        },
+        [&](qint64 id) {
+            filetable::removeTag(m_database, fileId, id);
+            --counts[id];
+        });
 }
 
-void ImportBatch::link(qint64 fileId, qint64 tagId)
+/// No decision can be about them, so their tags are those of their keywords.
+void ImportBatch::writeNewFiles()
 {
-    filetable::addTag(m_database, fileId, tagId);
-    ++m_request.result.numbers.linksAdded;
-    ++m_request.change().fileCountChanges[tagId];
-}
-
-void ImportBatch::unlink(qint64 fileId, qint64 tagId)
-{
-    filetable::removeTag(m_database, fileId, tagId);
-    ++m_request.result.numbers.linksRemoved;
-    --m_request.change().fileCountChanges[tagId];
+    if (m_firstNewFile == 0)
+        return;
+    filetable::addKeywords(m_database, std::exchange(m_newKeywords, {}));
+    filetable::addTagsOfKeywords(m_database, std::exchange(m_firstNewFile, 0));
 }
 
 void ImportBatch::writeCounts()
 {
     const ImportNumbers& numbers = m_request.result.numbers;
-    for (auto count = m_request.change().fileCountChanges.cbegin(); count != m_request.change().fileCountChanges.cend();
-         ++count) {
-        if (count.value() != 0)
-            tagtable::addToFileCount(m_database, count.key(), count.value());
-    }
+    tagtable::addToFileCounts(m_database, m_request.change().fileCountChanges);
     if (numbers.filesAdded != numbers.filesRemoved)
         roottable::addToFileCount(m_database, m_rootId, numbers.filesAdded - numbers.filesRemoved);
     m_request.change().filesChanged = numbers.filesAdded + numbers.filesChanged + numbers.filesRemoved > 0;

@@ -31,15 +31,14 @@ private:
 
     void importFile(const ImportedFile& file);
     void addFile(const ImportedFile& file);
-    void updateFile(const filetable::StoredFile& stored, const ImportedFile& file);
+    void updateFile(qint64 id, const ImportedFile& file);
     [[nodiscard]] QVector<Keyword> keywordsOf(const ImportedFile& file);
     [[nodiscard]] Keyword keywordOf(const QString& name);
     [[nodiscard]] Keyword newKeyword(const QString& name);
     [[nodiscard]] QVector<qint64> shownTags(qint64 fileId, const QVector<Keyword>& keywords);
     [[nodiscard]] bool setKeywords(qint64 fileId, const QVector<Keyword>& keywords);
     [[nodiscard]] bool setTags(qint64 fileId, const QVector<qint64>& wanted);
-    void link(qint64 fileId, qint64 tagId);
-    void unlink(qint64 fileId, qint64 tagId);
+    void writeNewFiles();
     void writeCounts();
 
     LibraryRequest& m_request;
@@ -48,4 +47,7 @@ private:
     bool m_hasDecisions;
     bool m_isUnsettled;                  ///< Files of version 1 are being read again.
     QHash<QString, Keyword> m_keywords;  ///< By key, for this batch.
+    /// Of new files. They and the tags that they lead to are written all at once, before anything reads them.
+    QVector<filetable::KeywordOfFile> m_newKeywords;
+    qint64 m_firstNewFile = 0;  ///< Of those; 0 without one.
 };

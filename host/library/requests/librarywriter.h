@@ -17,8 +17,8 @@ class LibraryDatabase;
 class LibraryWriter
 {
 public:
-    /// What other programs committed: as changes in their order or, when the log does not tell, as everything there is.
-    struct Others
+    /// What other programs committed: as changes in their order or, when the log does not hold them, as all contents.
+    struct ForeignChanges
     {
         QVector<LibraryChange> changes;
         std::shared_ptr<const LibraryContents> contents;
@@ -37,17 +37,19 @@ public:
     /// Carries out one request. While another program holds the library locked, \a mayWait is asked now and then.
     /// \a others gets what was committed by others before it.
     [[nodiscard]] LibraryResult carryOut(ChangeKind kind, const LibraryRequestBody& body,
-                                         const LibraryTransaction::MayWait& mayWait, Others& others);
+                                         const LibraryTransaction::MayWait& mayWait, ForeignChanges& foreign);
     /// What others committed since the last call or request. Costs microseconds when there is nothing. What cannot be
     /// read now is read the next time; \a error says why.
-    [[nodiscard]] Others takeOthers(QString* error);
+    [[nodiscard]] ForeignChanges takeForeignChanges(QString* error);
 
 private:
     [[nodiscard]] LibraryContents readContents();
-    [[nodiscard]] Others readOthers();
+    [[nodiscard]] ForeignChanges readForeignChanges();
+    void requireSameLibrary();
 
     std::unique_ptr<LibraryDatabase> m_database;
     LibraryContents m_contents;
+    QString m_id;              ///< See librarytable::id().
     changelog::Place m_place;  ///< In the log, up to which everything is known.
-    qint64 m_version = 0;      ///< Of others' commits, see LibraryDatabase::versionOfOthers().
+    qint64 m_version = 0;      ///< Of other programs' commits, see LibraryDatabase::foreignVersion().
 };

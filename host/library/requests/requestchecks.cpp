@@ -13,8 +13,14 @@ namespace {
 /// Messages go to logs whole; a name of any length must not.
 QString shortened(const QString& name)
 {
-    constexpr int Longest = 80;
-    return name.size() <= Longest ? name : name.left(Longest) + QChar(0x2026);
+    constexpr int longest = 80;
+    return name.size() <= longest ? name : name.left(longest) + QChar(0x2026);
+}
+
+LibraryError noSuchTags(const QVector<TagRow>& unknown)
+{
+    return LibraryError(LibraryStatus::UnknownId, LibraryText::tr("There is no tag %1.").arg(unknown.first().id))
+        .rejectTags(unknown);
 }
 
 }  // namespace
@@ -36,7 +42,7 @@ void requestchecks::requireName(const QString& name)
 
 void requestchecks::requireColor(int index)
 {
-    if (index < 0 || index >= TagPalette::Size)
+    if (index < 0 || index >= TagPalette::size)
         throw LibraryError(LibraryStatus::InvalidArgument, LibraryText::tr("There is no colour %1.").arg(index));
 }
 
@@ -44,25 +50,26 @@ void requestchecks::requireTags(LibraryDatabase& database, const QVector<qint64>
 {
     QVector<TagRow> unknown;
     for (qint64 id : ids) {
-        if (!tagtable::tagById(database, id))
+        if (!tagtable::exists(database, id))
             unknown.append({id, {}, 0, 0});
     }
     if (!unknown.isEmpty())
-        throw LibraryError(LibraryStatus::UnknownId, LibraryText::tr("There is no tag %1.").arg(unknown.first().id))
-            .rejectTags(unknown);
+        throw noSuchTags(unknown);
 }
 
 TagRow requestchecks::requireTag(LibraryDatabase& database, qint64 id)
 {
-    requireTags(database, {id});
-    return *tagtable::tagById(database, id);
+    const std::optional<TagRow> tag = tagtable::tagById(database, id);
+    if (!tag)
+        throw noSuchTags({{id, {}, 0, 0}});
+    return *tag;
 }
 
 void requestchecks::requireFillableCategories(LibraryDatabase& database, const QVector<qint64>& ids)
 {
     QVector<CategoryRow> unknown;
     for (qint64 id : ids) {
-        if (!categorytable::categoryById(database, id))
+        if (!categorytable::exists(database, id))
             unknown.append({id, reservedcategory::name(id), 0});
     }
     if (!unknown.isEmpty())
@@ -75,7 +82,7 @@ void requestchecks::requireFillableCategories(LibraryDatabase& database, const Q
 CategoryRow requestchecks::requireUserCategory(LibraryDatabase& database, qint64 id)
 {
     const std::optional<CategoryRow> category = categorytable::categoryById(database, id);
-    if (!category || id < reservedcategory::FirstUserId)
+    if (!category || id < reservedcategory::firstUserId)
         throw LibraryError(LibraryStatus::UnknownId,
                            LibraryText::tr("There is no category %1 that can be changed.").arg(id))
             .rejectCategories({{id, reservedcategory::name(id), 0}});
@@ -84,7 +91,7 @@ CategoryRow requestchecks::requireUserCategory(LibraryDatabase& database, qint64
 
 void requestchecks::requireFreeCategoryName(LibraryDatabase& database, const QString& name, qint64 ownId)
 {
-    const std::optional<CategoryRow> owner = categorytable::categoryByName(database, name);
-    if (reservedcategory::isReservedName(name) || (owner && owner->id != ownId))
+    const qint64 owner = categorytable::idByName(database, name);
+    if (reservedcategory::isReservedName(name) || (owner != 0 && owner != ownId))
         throw nameTaken(name).rejectCategories({{ownId, name, 0}});
 }

@@ -19,11 +19,13 @@ using keywordtable::State;
 void takeKeywordBack(LibraryRequest& request, TagRow& tag)
 {
     const std::optional<keywordtable::Keyword> keyword = keywordtable::find(request.database, tag.name);
-    const bool leadsToTag = keyword && keyword->state == State::Mapped && !keyword->isOfDeletedTag;
-    if (!keyword || leadsToTag || keyword->state == State::Unsettled)
+    if (!keyword || keyword->state == State::Unsettled)
+        return;
+    const bool isMapped = keyword->state == State::Mapped;
+    if (isMapped && tagtable::exists(request.database, keyword->tagId))
         return;
     keywordtable::update(request.database, keyword->id, State::Mapped, tag.id);
-    if (keyword->isOfDeletedTag) {
+    if (isMapped) {
         const int fewer = filetable::leaveKeyword(request.database, keyword->id, keyword->tagId);
         tagtable::addToFileCount(request.database, keyword->tagId, -fewer);
     }
@@ -41,7 +43,7 @@ void createTag(LibraryRequest& request, const NewTagRecord& record)
         throw LibraryError(LibraryStatus::InvalidArgument, LibraryText::tr("The library gives tags their ids itself."));
     requestchecks::requireName(record.name);
     requestchecks::requireColor(record.colorIndex);
-    if (tagtable::tagByName(request.database, record.name))
+    if (tagtable::idByName(request.database, record.name) != 0)
         throw requestchecks::nameTaken(record.name);
     TagRow tag = tagtable::insertTag(request.database, record.name, record.colorIndex);
     request.change().tagsCreated.append(tag);
@@ -65,8 +67,8 @@ void tagrequests::rename(LibraryRequest& request, qint64 id, const QString& name
 {
     TagRow tag = requestchecks::requireTag(request.database, id);
     requestchecks::requireName(name);
-    const std::optional<TagRow> owner = tagtable::tagByName(request.database, name);
-    if (owner && owner->id != id)
+    const qint64 owner = tagtable::idByName(request.database, name);
+    if (owner != 0 && owner != id)
         throw requestchecks::nameTaken(name).rejectTags({tag});
     if (tag.name == tagname::kept(name))
         return;

@@ -34,7 +34,6 @@ public:
 
 private:
     void reopenGuesses();
-    [[nodiscard]] qint64 tagOfName(const Unsettled& keyword) const;
     [[nodiscard]] QVector<qint64> candidates(const Unsettled& keyword) const;
     void explainByName();
     void explainByFiles();
@@ -89,21 +88,13 @@ void Settlement::reopenGuesses()
         const int fewer = filetable::leaveKeyword(m_request.database, guess.keywordId, guess.tagId);
         tagtable::addToFileCount(m_request.database, guess.tagId, -fewer);
         m_request.change().fileCountChanges[guess.tagId] -= fewer;
-        m_request.result.numbers.linksRemoved += fewer;
     }
-}
-
-/// 0 without one.
-qint64 Settlement::tagOfName(const Unsettled& keyword) const
-{
-    const std::optional<TagRow> tag = tagtable::tagByName(m_request.database, keyword.name);
-    return tag ? tag->id : 0;
 }
 
 void Settlement::explainByName()
 {
     for (const Unsettled& keyword : qAsConst(m_keywords)) {
-        const qint64 tagId = tagOfName(keyword);
+        const qint64 tagId = tagtable::idByName(m_request.database, keyword.name);
         const QVector<Pair> pairs = m_pairs.value(keyword.id);
         const bool isTheirs = std::any_of(pairs.cbegin(), pairs.cend(),
                                           [&](const Pair& pair) { return pair.isExact && pair.tagId == tagId; });
@@ -152,7 +143,7 @@ void Settlement::explainByFiles()
 /// A keyword that no tag of the files stands for.
 void Settlement::explain(const Unsettled& keyword)
 {
-    const qint64 tagId = tagOfName(keyword);
+    const qint64 tagId = tagtable::idByName(m_request.database, keyword.name);
     if (tagId != 0)
         decide(keyword, State::Mapped, tagId);
     else if (keyword.fileCount > 0)
@@ -171,11 +162,9 @@ void Settlement::decide(const Unsettled& keyword, State state, qint64 tagId)
 void Settlement::giveTags()
 {
     const QHash<qint64, int> counts = version1queries::followSettledKeywords(m_request.database);
-    for (auto count = counts.cbegin(); count != counts.cend(); ++count) {
-        tagtable::addToFileCount(m_request.database, count.key(), count.value());
+    tagtable::addToFileCounts(m_request.database, counts);
+    for (auto count = counts.cbegin(); count != counts.cend(); ++count)
         m_request.change().fileCountChanges[count.key()] += count.value();
-        m_request.result.numbers.linksAdded += count.value();
-    }
 }
 
 /// Unless a person did something with the tag meanwhile.
@@ -200,7 +189,6 @@ qint64 Settlement::newTag(const Unsettled& keyword)
 {
     const TagRow tag = tagtable::insertTag(m_request.database, keyword.name, TagPalette::indexForName(keyword.name));
     m_request.change().tagsCreated.append(tag);
-    ++m_request.result.numbers.tagsCreated;
     return tag.id;
 }
 

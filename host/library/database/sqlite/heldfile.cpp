@@ -84,6 +84,14 @@ bool HeldFile::isAt(const QString& path) const
     return isOpen() && ::stat(QFile::encodeName(path).constData(), &status) == 0 && identityOf(status) == m_identity;
 }
 
+HeldFile::Stamp HeldFile::stamp() const
+{
+    struct stat status = {};
+    if (!isOpen() || ::fstat(m_descriptor, &status) != 0)
+        return {};
+    return {status.st_size, status.st_ctim.tv_sec * qint64(1'000'000'000) + status.st_ctim.tv_nsec};
+}
+
 QByteArray HeldFile::head(int size) const
 {
     QByteArray bytes(size, Qt::Uninitialized);

@@ -25,6 +25,9 @@ public:
     [[nodiscard]] QString errorString() const { return m_error; }
     /// Whether the file is what one finds at \a path now.
     [[nodiscard]] bool isAt(const QString& path) const;
+    /// Size in bytes and time of the last change in nanoseconds: what changes whenever anybody writes to the file.
+    using Stamp = std::pair<qint64, qint64>;
+    [[nodiscard]] Stamp stamp() const;
     /// The first bytes of the file, at most \a size.
     [[nodiscard]] QByteArray head(int size) const;
 

@@ -3,6 +3,7 @@
 
 #include "host/library/database/libraryerror.h"
 #include "host/library/database/librarystatement.h"
+#include "host/library/database/sqlite/ownerfile.h"
 #include "host/library/database/sqlite/sqlitedatabase.h"
 #include "host/library/records/librarytext.h"
 
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -34,11 +34,9 @@ bool reachesDisk(const QString& path, int flags)
 /// A library's name is never one that SQLite takes for an empty place to write to: that would not be there.
 void copyTo(SqliteDatabase& database, const QString& name)
 {
-    const int file =
-        ::open(QFile::encodeName(name).constData(), O_CREAT | O_TRUNC | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file < 0)
-        fail(qt_error_string(errno));
-    ::close(file);
+    QFile::remove(name);
+    if (const int failure = createForOwner(name); failure != 0)
+        fail(qt_error_string(failure));
     LibraryStatement(database, "VACUUM INTO ?").run(name);
     SqliteDatabase copy(name, SqliteDatabase::Access::ReadOnly);
     LibraryStatement check(copy, "PRAGMA quick_check(1)");

@@ -6,19 +6,22 @@
 #include "host/library/database/sqlite/sqliteerror.h"
 #include "host/library/records/librarytext.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
 #include <QSqlError>
 #include <QUrl>
 
+#include <unistd.h>
+
 namespace {
 
-constexpr int ReadingTimeout = 5000;  // Milliseconds.
-/// Milliseconds of one attempt to get the write lock.
-constexpr int WritingTimeout = 1000;
+constexpr int readingTimeout = 5000;  // Milliseconds.
+/// Milliseconds of one attempt to get the write lock, and so the longest that a cancelled request still waits.
+constexpr int writingTimeout = 200;
 /// Pages of the log, 4 KB each, after which a commit brings them into the file. An import writes the same pages again
 /// and again; with SQLite's 1000 each goes into the file several times.
-constexpr int PagesOfLog = 8000;
+constexpr int pagesOfLog = 8000;
 
 /// https://www.sqlite.org/uri.html
 QString frozenUri(const QString& path)
@@ -34,7 +37,7 @@ SqliteDatabase::SqliteDatabase(const QString& path, Access access)
     , m_access(access)
     , m_file(path)
 {
-    QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(ReadingTimeout);
+    QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(readingTimeout);
     if (access != Access::ReadWrite)
         options += QStringLiteral(";QSQLITE_OPEN_READONLY");
     if (access == Access::Frozen)
@@ -51,6 +54,8 @@ SqliteDatabase::SqliteDatabase(const QString& path, Access access)
 
 SqliteDatabase::~SqliteDatabase()
 {
+    // Closing looks at the shared memory, too.
+    SqliteDatabase::repairFiles();
     close();
 }
 
@@ -64,7 +69,7 @@ void SqliteDatabase::configure()
         return;
     execute(QStringLiteral("PRAGMA foreign_keys = ON"));
     execute(QStringLiteral("PRAGMA synchronous = FULL"));
-    execute(QStringLiteral("PRAGMA wal_autocheckpoint = %1").arg(PagesOfLog));
+    execute(QStringLiteral("PRAGMA wal_autocheckpoint = %1").arg(pagesOfLog));
 }
 
 bool SqliteDatabase::checkpoint()
@@ -73,7 +78,7 @@ bool SqliteDatabase::checkpoint()
     // Without it, who waits for a lock would ask for it all the time.
     const auto restored = qScopeGuard([this] {
         try {
-            execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(WritingTimeout));
+            execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(writingTimeout));
         } catch (const LibraryError&) {
             // Only without memory.
         }
@@ -85,7 +90,7 @@ bool SqliteDatabase::checkpoint()
 void SqliteDatabase::beginWriting(const std::function<bool()>& mayWait)
 {
     if (!m_hasWritten)
-        execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(WritingTimeout));
+        execute(QStringLiteral("PRAGMA busy_timeout = %1").arg(writingTimeout));
     m_hasWritten = true;
     for (;;) {
         try {
@@ -98,20 +103,48 @@ void SqliteDatabase::beginWriting(const std::function<bool()>& mayWait)
     }
 }
 
-qint64 SqliteDatabase::versionOfOthers()
+qint64 SqliteDatabase::foreignVersion()
 {
     LibraryStatement select(*this, "PRAGMA data_version");
     return select.run().next() ? select.integer(0) : 0;
 }
 
+/// Reading what was cut off the shared memory would end this program (SIGBUS). Nothing in it lasts: filled with zeros,
+/// it is made anew from the log. By its name, since closing a descriptor of it would give up the locks on it.
+void SqliteDatabase::repairFiles()
+{
+    const QString path = m_path + QStringLiteral("-shm");
+    const qint64 size = QFileInfo(path).size();
+    if (size < m_sharedSize) {
+        const QByteArray name = QFile::encodeName(path);
+        if (::truncate(name.constData(), 0) == 0 && ::truncate(name.constData(), m_sharedSize) == 0)
+            return;
+    }
+    m_sharedSize = size;
+}
+
 void SqliteDatabase::requireInPlace()
 {
+    guard();
     if (m_file.isAt(m_path))
         return;
     giveUpLog();
     throw LibraryError(LibraryStatus::Moved,
                        LibraryText::tr("The library's file was moved, deleted or replaced. Nothing is written until "
                                        "it is opened again."));
+}
+
+bool SqliteDatabase::hasFileChanged()
+{
+    if (m_file.stamp() == m_accepted)
+        return false;
+    execute(QStringLiteral("PRAGMA shrink_memory"));
+    return true;
+}
+
+void SqliteDatabase::acceptFile()
+{
+    m_accepted = m_file.stamp();
 }
 
 /// The log is found by its name: whoever opens the file that took the place would take it for a part of that one.
@@ -128,8 +161,10 @@ void SqliteDatabase::giveUpLog()
 /// A log that is left beside the file would be taken for a part of a backup that is put in the file's place.
 void SqliteDatabase::tidy()
 {
-    if (m_hasWritten && m_file.isAt(m_path) && checkpoint())
-        m_hasWritten = false;
+    if (!m_hasWritten || !m_file.isAt(m_path) || m_file.stamp() != m_accepted || !checkpoint())
+        return;
+    m_hasWritten = false;
+    acceptFile();
 }
 
 bool SqliteDatabase::isTidy() const

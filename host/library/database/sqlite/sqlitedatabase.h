@@ -24,11 +24,16 @@ public:
     bool checkpoint();
 
     void beginWriting(const std::function<bool()>& mayWait) override;
-    [[nodiscard]] qint64 versionOfOthers() override;
+    [[nodiscard]] qint64 foreignVersion() override;
     void requireInPlace() override;
+    [[nodiscard]] bool hasFileChanged() override;
+    void acceptFile() override;
     void tidy() override;
     [[nodiscard]] bool isTidy() const override;
     [[nodiscard]] LibraryError errorOf(const QSqlError& error) const override;
+
+protected:
+    void repairFiles() override;
 
 private:
     void configure();
@@ -38,4 +43,6 @@ private:
     Access m_access;
     HeldFile m_file;  ///< Given up after the connection.
     bool m_hasWritten = false;
+    HeldFile::Stamp m_accepted;
+    qint64 m_sharedSize = 0;  ///< Of the memory that programs share, the file "-shm"; bytes.
 };

@@ -14,8 +14,10 @@ enum ResultCode
     Locked = 6,
     ReadOnly = 8,
     IoError = 10,
+    Corrupt = 11,
     Full = 13,
-    CannotOpen = 14
+    CannotOpen = 14,
+    NotADatabase = 26
 };
 
 LibraryStatus statusOf(const QSqlError& error)
@@ -32,6 +34,9 @@ LibraryStatus statusOf(const QSqlError& error)
         return LibraryStatus::DiskFull;
     case CannotOpen:
         return LibraryStatus::NotOpened;
+    case Corrupt:
+    case NotADatabase:
+        return LibraryStatus::Damaged;
     default:
         return LibraryStatus::Failed;
     }
@@ -50,6 +55,8 @@ QString messageOf(const QSqlError& error)
         return LibraryText::tr("The disk that holds the library failed: %1").arg(error.databaseText());
     case LibraryStatus::NotOpened:
         return LibraryText::tr("The library cannot be opened: its file, or the log beside it, cannot be read.");
+    case LibraryStatus::Damaged:
+        return LibraryText::tr("The library is damaged: %1").arg(error.databaseText());
     default:
         return LibraryText::tr("The library failed: %1")
             .arg(error.databaseText().isEmpty() ? error.driverText() : error.databaseText());

@@ -5,27 +5,25 @@
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/librarytable.h"
 #include "host/library/database/sqlite/librarycopy.h"
+#include "host/library/database/sqlite/ownerfile.h"
 #include "host/library/database/sqlite/sqliteschema.h"
 #include "host/library/records/librarytext.h"
+#include "host/library/records/plainpath.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QtEndian>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cerrno>
-#include <cstring>
 
 namespace {
 
 /// Offsets in the header of a database file, https://www.sqlite.org/fileformat2.html#the_database_header.
-constexpr int HeaderSize = 100;
-constexpr int FormatOffset = 18;
-constexpr char FormatWithLog = 2;
-constexpr int VersionOffset = 60;
-constexpr int ApplicationIdOffset = 68;
+constexpr int headerSize = 100;
+constexpr int formatOffset = 18;
+constexpr char formatWithLog = 2;
+constexpr int versionOffset = 60;
+constexpr int applicationIdOffset = 68;
 
 [[noreturn]] void fail(const QString& message)
 {
@@ -34,21 +32,10 @@ constexpr int ApplicationIdOffset = 68;
 
 void requireKnownVersion(int version)
 {
-    if (version > sqliteschema::CurrentVersion)
+    if (version > sqliteschema::currentVersion)
         fail(LibraryText::tr("The library was made by a newer version of this program."));
     if (version < 1)
         fail(LibraryText::tr("The library is damaged: it has no version."));
-}
-
-/// SQLite gives the files beside the database (-wal, -shm) the same rights.
-void createForOwner(const QString& path)
-{
-    const int file =
-        ::open(QFile::encodeName(path).constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file >= 0)
-        ::close(file);
-    else if (errno != EEXIST)
-        fail(LibraryText::tr("The library cannot be created: %1").arg(QString::fromLocal8Bit(std::strerror(errno))));
 }
 
 struct Header
@@ -65,14 +52,14 @@ Header readHeader(const QString& path)
     const HeldFile file(path);
     if (!file.isOpen())
         fail(LibraryText::tr("The library cannot be opened: %1").arg(file.errorString()));
-    const QByteArray header = file.head(HeaderSize);
-    if (header.size() < HeaderSize || !header.startsWith(QByteArray("SQLite format 3\0", 16)))
+    const QByteArray header = file.head(headerSize);
+    if (header.size() < headerSize || !header.startsWith(QByteArray("SQLite format 3\0", 16)))
         fail(LibraryText::tr("The file is no library: it is no database."));
-    if (qFromBigEndian<quint32>(header.constData() + ApplicationIdOffset) != sqliteschema::ApplicationId)
+    if (qFromBigEndian<quint32>(header.constData() + applicationIdOffset) != sqliteschema::applicationId)
         fail(LibraryText::tr("The file is no library: it is the database of another program."));
-    const int version = qFromBigEndian<qint32>(header.constData() + VersionOffset);
+    const int version = qFromBigEndian<qint32>(header.constData() + versionOffset);
     requireKnownVersion(version);
-    return {version, header.at(FormatOffset) == FormatWithLog};
+    return {version, header.at(formatOffset) == formatWithLog};
 }
 
 bool hasLog(const QString& path)
@@ -126,12 +113,9 @@ void useLog(SqliteDatabase& database)
 QString sqlitelibrary::resolved(const QString& path)
 {
     const QFileInfo info(path);
-    if (info.exists())
-        return info.canonicalFilePath();
-    if (info.isSymLink())
+    if (info.isSymLink() && !info.exists())
         fail(LibraryText::tr("The library cannot be created: the link leads nowhere."));
-    const QString folder = QFileInfo(info.absolutePath()).canonicalFilePath();
-    return folder.isEmpty() ? info.absoluteFilePath() : folder + QLatin1Char('/') + info.fileName();
+    return QFile::decodeName(plainPath(QFile::encodeName(path)));
 }
 
 bool sqlitelibrary::needsOpening(const QString& path)
@@ -140,7 +124,7 @@ bool sqlitelibrary::needsOpening(const QString& path)
         return true;
     const Header header = readHeader(path);
     const int version = hasLog(path) ? versionInLog(path) : header.version;
-    return version < sqliteschema::CurrentVersion || !header.hasLogMode;
+    return version < sqliteschema::currentVersion || !header.hasLogMode;
 }
 
 std::unique_ptr<SqliteDatabase> sqlitelibrary::connectTo(const QString& path, SqliteDatabase::Access access)
@@ -164,7 +148,9 @@ std::unique_ptr<SqliteDatabase> sqlitelibrary::connectTo(const QString& path, Sq
 
 std::unique_ptr<SqliteDatabase> sqlitelibrary::openOrCreate(const QString& path, const MigrationObserver& observer)
 {
-    createForOwner(path);
+    const int failure = createForOwner(path);
+    if (failure != 0 && failure != EEXIST)
+        fail(LibraryText::tr("The library cannot be created: %1").arg(qt_error_string(failure)));
     // An empty file is a library whose creation was interrupted. The mark of ours is written with its first
     // transaction, before the write-ahead log is switched on, so that it is in the header of every library.
     if (needsOpening(path)) {

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// The file of a library: created for its owner alone, and told from other files before SQLite may touch it.
+/// The file of a library: created for its owner alone, and recognised before SQLite may touch it.
 namespace sqlitelibrary {
 
 /// Called inside the transaction of a migration, with the id of the library.

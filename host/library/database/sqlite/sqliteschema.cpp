@@ -4,16 +4,16 @@
 #include "host/library/database/librarydatabase.h"
 #include "host/library/database/libraryerror.h"
 #include "host/library/database/librarystatement.h"
+#include "host/library/database/librarytable.h"
 #include "host/library/database/librarytransaction.h"
 #include "host/library/records/librarytext.h"
 
 #include <QElapsedTimer>
 #include <QSet>
-#include <QUuid>
 
 namespace {
 
-constexpr int LongestWait = 5000;  // Milliseconds, for a lock of another program.
+constexpr int longestWait = 5000;  // Milliseconds, for a lock of another program.
 
 /// Dropping a table, as steps do that build one anew, deletes what refers to it while foreign keys are on, and renaming
 /// one rewrites what refers to it. Both can be switched outside of transactions only.
@@ -47,12 +47,12 @@ LibraryTransaction::MayWait untilLongestWait()
 {
     QElapsedTimer timer;
     timer.start();
-    return [timer] { return timer.elapsed() < LongestWait; };
+    return [timer] { return timer.elapsed() < longestWait; };
 }
 
 void setVersion(LibraryDatabase& database, int version)
 {
-    database.execute(QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::ApplicationId));
+    database.execute(QStringLiteral("PRAGMA application_id = %1").arg(sqliteschema::applicationId));
     database.execute(QStringLiteral("PRAGMA user_version = %1").arg(version));
 }
 
@@ -115,9 +115,8 @@ void sqliteschema::create(LibraryDatabase& database)
     for (const char* sql : tables())
         database.execute(QString::fromLatin1(sql));
     database.execute(QStringLiteral("INSERT INTO categories (id, name) VALUES (1, 'Favorite Tags')"));
-    LibraryStatement(database, "INSERT INTO library VALUES ('id', ?)")
-        .run(QUuid::createUuid().toString(QUuid::WithoutBraces));
-    setVersion(database, CurrentVersion);
+    librarytable::setNewId(database);
+    setVersion(database, currentVersion);
     transaction.commit();
 }
 

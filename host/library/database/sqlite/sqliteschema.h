@@ -12,9 +12,9 @@ class SqliteDatabase;
 namespace sqliteschema {
 
 /// What marks a database file as a library of ours: "VLLB", in the field that SQLite keeps for it.
-constexpr quint32 ApplicationId = 0x564c4c42;
+constexpr quint32 applicationId = 0x564c4c42;
 /// The version that this program reads and writes.
-constexpr int CurrentVersion = 2;
+constexpr int currentVersion = 2;
 
 /// Leads from one version to the next, inside a transaction.
 using Step = std::function<void(LibraryDatabase& database)>;

@@ -7,8 +7,6 @@
 #include "host/library/database/sqlite/sqliteschema.h"
 #include "host/library/records/tagname.h"
 
-#include <QUuid>
-
 #include <algorithm>
 
 namespace {
@@ -137,8 +135,7 @@ version1::Migrated version1::migrate(LibraryDatabase& database)
     namesReplaced += replaceNames(
         database, "SELECT id, name, spelling FROM categories WHERE typeof(name) = 'blob' OR typeof(spelling) = 'blob'",
         "SELECT 1 FROM categories WHERE name = ?", "UPDATE categories SET name = ?, spelling = ? WHERE id = ?");
-    LibraryStatement(database, "INSERT INTO library VALUES ('id', ?)")
-        .run(QUuid::createUuid().toString(QUuid::WithoutBraces));
+    librarytable::setNewId(database);
     librarytable::setNamesReplaced(database, namesReplaced);
     return migrated;
 }

@@ -1,55 +1,56 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/memory/librarygroup.h"
+#include "host/library/memory/librarycategory.h"
 
 #include "host/library/memory/libraryinfos.h"
 #include "host/library/memory/librarymemory.h"
 #include "host/library/memory/librarytag.h"
 
-QSharedPointer<ITagGroupDataProvider> LibraryGroup::of(const std::shared_ptr<GroupEntry>& entry,
-                                                       const std::shared_ptr<const LibraryMemory>& view)
+QSharedPointer<ITagGroupDataProvider> LibraryCategory::of(const std::shared_ptr<CategoryEntry>& entry,
+                                                          const std::shared_ptr<const LibraryMemory>& view)
 {
     if (!entry)
         return {};
-    QSharedPointer<LibraryGroup> provider = entry->provider.toStrongRef();
+    QSharedPointer<LibraryCategory> provider = entry->provider.toStrongRef();
     if (!provider) {
-        provider = QSharedPointer<LibraryGroup>::create(entry, view);
+        provider = QSharedPointer<LibraryCategory>::create(entry, view);
         entry->provider = provider;
     }
     return provider;
 }
 
-LibraryGroup::LibraryGroup(const std::shared_ptr<GroupEntry>& entry, const std::shared_ptr<const LibraryMemory>& view)
+LibraryCategory::LibraryCategory(const std::shared_ptr<CategoryEntry>& entry,
+                                 const std::shared_ptr<const LibraryMemory>& view)
     : m_entry(entry)
     , m_view(view)
 {
 }
 
-LibraryGroup::~LibraryGroup() = default;
+LibraryCategory::~LibraryCategory() = default;
 
-int LibraryGroup::tagCount(int flag) const
+int LibraryCategory::tagCount(int flag) const
 {
     Q_UNUSED(flag)
     return m_entry->tags.size();
 }
 
-QString LibraryGroup::groupName() const
+QString LibraryCategory::groupName() const
 {
     return m_entry->name;
 }
 
-QSharedPointer<const ITagGroupInfo> LibraryGroup::groupInfo() const
+QSharedPointer<const ITagGroupInfo> LibraryCategory::groupInfo() const
 {
     if (m_entry->gone)
         return {};
-    return QSharedPointer<LibraryGroupInfo>::create(m_entry->id, m_entry->name);
+    return QSharedPointer<LibraryCategoryInfo>::create(m_entry->id, m_entry->name);
 }
 
-qint64 LibraryGroup::groupId() const
+qint64 LibraryCategory::groupId() const
 {
     return m_entry->id;
 }
 
-int LibraryGroup::tags(QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const
+int LibraryCategory::tags(QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const
 {
     out->reserve(out->size() + m_entry->tags.size());
     for (const auto& tag : qAsConst(m_entry->tags))
@@ -57,7 +58,7 @@ int LibraryGroup::tags(QHash<qint64, QSharedPointer<ITagDataProvider>>* out) con
     return m_entry->tags.size();
 }
 
-int LibraryGroup::tagsByIds(const QVector<qint64>& ids, QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const
+int LibraryCategory::tagsByIds(const QVector<qint64>& ids, QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const
 {
     QHash<qint64, QSharedPointer<ITagDataProvider>> found;
     for (qint64 id : ids) {
@@ -70,7 +71,7 @@ int LibraryGroup::tagsByIds(const QVector<qint64>& ids, QHash<qint64, QSharedPoi
     return found.size();
 }
 
-QSharedPointer<ITagDataProvider> LibraryGroup::tagByName(const QString& name) const
+QSharedPointer<ITagDataProvider> LibraryCategory::tagByName(const QString& name) const
 {
     const std::shared_ptr<TagEntry> tag = m_view->tagByName(name);
     if (!tag || !m_entry->tags.contains(tag->id))

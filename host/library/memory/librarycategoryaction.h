@@ -11,13 +11,13 @@
 class RequestSender;
 
 /// Requests that change categories. An object that outlives its library answers every request with a failure.
-class LibraryGroupAction final : public ITagGroupAction
+class LibraryCategoryAction final : public ITagGroupAction
 {
     Q_OBJECT
 
 public:
-    explicit LibraryGroupAction(RequestSender* sender);
-    ~LibraryGroupAction() override;
+    explicit LibraryCategoryAction(RequestSender* sender);
+    ~LibraryCategoryAction() override;
 
     qint64 addTagGroup(const QString& name) override;
     qint64 removeTagGroup(qint64 groupId) override;

@@ -6,22 +6,22 @@
 #include <memory>
 
 class LibraryMemory;
-struct GroupEntry;
+struct CategoryEntry;
 
 /// One category as the tag manager sees it. Asking for all tags makes a provider for each that has none: linear in
 /// their number; everything else costs a look-up. Stays readable after the category is removed (it is empty and has no
 /// record then) and after the library is closed.
-class LibraryGroup final : public ITagGroupDataProvider
+class LibraryCategory final : public ITagGroupDataProvider
 {
     Q_OBJECT
 
 public:
     /// The provider of \a entry: the one that somebody holds, else a new one. Null for a null entry.
-    [[nodiscard]] static QSharedPointer<ITagGroupDataProvider> of(const std::shared_ptr<GroupEntry>& entry,
+    [[nodiscard]] static QSharedPointer<ITagGroupDataProvider> of(const std::shared_ptr<CategoryEntry>& entry,
                                                                   const std::shared_ptr<const LibraryMemory>& view);
 
-    LibraryGroup(const std::shared_ptr<GroupEntry>& entry, const std::shared_ptr<const LibraryMemory>& view);
-    ~LibraryGroup() override;
+    LibraryCategory(const std::shared_ptr<CategoryEntry>& entry, const std::shared_ptr<const LibraryMemory>& view);
+    ~LibraryCategory() override;
 
     [[nodiscard]] int tagCount(int flag) const override;
     [[nodiscard]] QString groupName() const override;
@@ -33,6 +33,6 @@ public:
     [[nodiscard]] QSharedPointer<ITagDataProvider> tagByName(const QString& name) const override;
 
 private:
-    std::shared_ptr<GroupEntry> m_entry;
+    std::shared_ptr<CategoryEntry> m_entry;
     std::shared_ptr<const LibraryMemory> m_view;
 };

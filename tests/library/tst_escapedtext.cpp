@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/importer/escapedtext.h"
+#include "host/library/records/escapedtext.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -4,7 +4,6 @@
 #include "host/library/records/filequery.h"
 #include "host/library/records/libraryresult.h"
 
-#include <QHash>
 #include <QString>
 
 #include <functional>
@@ -19,7 +18,7 @@ class LibraryTransaction;
 ///
 /// To be used on the thread that opened it. It never writes, and sees what is committed when each call begins, or when
 /// a Snapshot was made.
-class LibraryReader
+class ReadOnlyLibrary
 {
 public:
     /// Called for each file; returns false to stop.
@@ -29,7 +28,7 @@ public:
     class Snapshot
     {
     public:
-        explicit Snapshot(LibraryReader& reader);
+        explicit Snapshot(ReadOnlyLibrary& reader);
         ~Snapshot();
 
     private:
@@ -40,10 +39,10 @@ public:
 
     /// Null when there is no library at \a path, with the reason in \a error when given. Never creates a file; a
     /// library of an earlier version is brought to the current one first, as Library::open() does.
-    static std::unique_ptr<LibraryReader> open(const QString& path, QString* error = nullptr);
+    static std::unique_ptr<ReadOnlyLibrary> open(const QString& path, QString* error = nullptr);
     /// Whether open() changes nothing at \a path: there is a library, and it is of the current version.
     [[nodiscard]] static bool isCurrent(const QString& path);
-    ~LibraryReader();
+    ~ReadOnlyLibrary();
 
     /// Library::id().
     [[nodiscard]] QString id() const { return m_id; }
@@ -68,20 +67,16 @@ public:
     /// The files with these ids, in that order, without tag ids; unknown ids are left out.
     [[nodiscard]] LibraryAnswer<QVector<FileRow>> files(const QVector<qint64>& ids);
 
-    /// What is known of those of \a paths, relative to the root, that the library holds. One look-up in an index for
-    /// each.
-    [[nodiscard]] LibraryAnswer<QHash<QByteArray, KnownFile>> fileStates(qint64 rootId,
-                                                                         const QVector<QByteArray>& paths);
-    /// At most \a limit paths of the root's files below \a folder (at any depth; empty for the whole root), in byte
-    /// order, that follow \a after; start with an empty \a after and go on with the last path. For finding files that
-    /// vanished.
-    [[nodiscard]] LibraryAnswer<QVector<QByteArray>> pathsBelow(qint64 rootId, const QByteArray& folder,
-                                                                const QByteArray& after, int limit);
+    /// Visits the files of a root in \a folder (at any depth; empty for the whole root), by path in byte order, without
+    /// tag ids, absolute path and presence. All of it is one moment of the library. Fails when the library's index of
+    /// paths is out of order, since whoever looks for a file there would not find it.
+    [[nodiscard]] LibraryAnswer<qint64> forEachFileBelow(qint64 rootId, const QByteArray& folder,
+                                                         const FileVisitor& visitor);
 
 private:
     class Places;
 
-    LibraryReader(std::unique_ptr<LibraryDatabase> database, const QString& id);
+    ReadOnlyLibrary(std::unique_ptr<LibraryDatabase> database, const QString& id);
 
     template <typename Read>
     auto guarded(Read read) -> LibraryAnswer<decltype(read())>;

@@ -8,13 +8,13 @@
 class LibraryMemory;
 
 /// The tags and categories of a library as the tag manager sees them. Every look-up is one in memory.
-class LibraryManager final : public ITagManagerDataProvider
+class LibraryCategoryList final : public ITagManagerDataProvider
 {
     Q_OBJECT
 
 public:
-    explicit LibraryManager(const std::shared_ptr<const LibraryMemory>& view);
-    ~LibraryManager() override;
+    explicit LibraryCategoryList(const std::shared_ptr<const LibraryMemory>& view);
+    ~LibraryCategoryList() override;
 
     [[nodiscard]] QSharedPointer<ITagGroupDataProvider> tagGroup(qint64 g_id) const override;
     /// Finds the reserved categories too, whose names nobody may take.

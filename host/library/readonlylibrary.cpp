@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "host/library/libraryreader.h"
+#include "host/library/readonlylibrary.h"
 
 #include "host/library/computer/computerstate.h"
 #include "host/library/database/categorytable.h"
@@ -19,8 +19,8 @@
 
 #include <filesystem>
 
-/// Where the roots are on this computer at the moment.
-class LibraryReader::Places
+/// Where files are on this computer at the moment. Looks at each folder once.
+class ReadOnlyLibrary::Places
 {
 public:
     explicit Places(ComputerState& computer)
@@ -30,28 +30,38 @@ public:
     void complete(FileRow& file)
     {
         const QByteArray mount = m_mounts.value(file.rootId);
-        file.isAway = !isThere(file.rootId, mount);
         file.path = mount.isEmpty() ? file.relativePath : (mount == "/" ? mount : mount + '/') + file.relativePath;
+        file.isAway = mount.isEmpty() || isAway(file.path.left(file.path.lastIndexOf('/')), mount);
     }
 
 private:
-    bool isThere(qint64 rootId, const QByteArray& mount)
+    /// As an import sees it: an empty folder may be a mount point without its disk. A folder that is gone from one that
+    /// is there is not away: its files are missing.
+    bool isAway(const QByteArray& folder, const QByteArray& mount)
     {
-        const auto known = m_isThere.constFind(rootId);
-        if (known != m_isThere.constEnd())
+        const auto known = m_isAway.constFind(folder);
+        if (known != m_isAway.constEnd())
             return *known;
-        const std::filesystem::path folder(mount.toStdString());
+        const bool isMount = folder.size() <= mount.size();
+        const bool away = (!isMount && isAway(folder.left(folder.lastIndexOf('/')), mount)) ||
+                          isEmptyOrUnseen(isMount ? mount : folder, isMount);
+        return *m_isAway.insert(folder, away);
+    }
+    static bool isEmptyOrUnseen(const QByteArray& folder, bool isMount)
+    {
+        namespace fs = std::filesystem;
+        const fs::path path(folder.toStdString());
         std::error_code error;
-        // An empty folder may be a mount point without its disk.
-        const bool found = std::filesystem::is_directory(folder, error) && !std::filesystem::is_empty(folder, error);
-        return *m_isThere.insert(rootId, found);
+        if (fs::is_directory(path, error))
+            return fs::is_empty(path, error) || error;
+        return isMount || fs::symlink_status(path, error).type() != fs::file_type::not_found;
     }
 
     QHash<qint64, QByteArray> m_mounts;
-    QHash<qint64, bool> m_isThere;
+    QHash<QByteArray, bool> m_isAway;  ///< By folder.
 };
 
-LibraryReader::Snapshot::Snapshot(LibraryReader& reader)
+ReadOnlyLibrary::Snapshot::Snapshot(ReadOnlyLibrary& reader)
 {
     try {
         m_transaction = std::make_unique<LibraryTransaction>(*reader.m_database, LibraryTransaction::Kind::Reading);
@@ -60,25 +70,25 @@ LibraryReader::Snapshot::Snapshot(LibraryReader& reader)
     }
 }
 
-LibraryReader::Snapshot::~Snapshot() = default;
+ReadOnlyLibrary::Snapshot::~Snapshot() = default;
 
-LibraryReader::LibraryReader(std::unique_ptr<LibraryDatabase> database, const QString& id)
+ReadOnlyLibrary::ReadOnlyLibrary(std::unique_ptr<LibraryDatabase> database, const QString& id)
     : m_database(std::move(database))
     , m_id(id)
     , m_computer(std::make_unique<ComputerState>(id))
 {
 }
 
-LibraryReader::~LibraryReader() = default;
+ReadOnlyLibrary::~ReadOnlyLibrary() = default;
 
-std::unique_ptr<LibraryReader> LibraryReader::open(const QString& path, QString* error)
+std::unique_ptr<ReadOnlyLibrary> ReadOnlyLibrary::open(const QString& path, QString* error)
 {
     try {
         if (!QFileInfo::exists(path))
             throw LibraryError(LibraryStatus::NotOpened, LibraryText::tr("There is no library at that place."));
         std::unique_ptr<LibraryDatabase> database = libraryopening::openForReading(path);
         const QString id = librarytable::id(*database);
-        return std::unique_ptr<LibraryReader>(new LibraryReader(std::move(database), id));
+        return std::unique_ptr<ReadOnlyLibrary>(new ReadOnlyLibrary(std::move(database), id));
     } catch (const LibraryError& failure) {
         if (error)
             *error = failure.message();
@@ -86,7 +96,7 @@ std::unique_ptr<LibraryReader> LibraryReader::open(const QString& path, QString*
     }
 }
 
-bool LibraryReader::isCurrent(const QString& path)
+bool ReadOnlyLibrary::isCurrent(const QString& path)
 {
     try {
         return libraryopening::isCurrent(path);
@@ -96,50 +106,50 @@ bool LibraryReader::isCurrent(const QString& path)
 }
 
 template <typename Read>
-auto LibraryReader::guarded(Read read) -> LibraryAnswer<decltype(read())>
+auto ReadOnlyLibrary::guarded(Read read) -> LibraryAnswer<decltype(read())>
 {
     try {
+        m_database->guard();
         return {read(), {}};
     } catch (const LibraryError& error) {
         return {{}, error.message()};
     }
 }
 
-LibraryAnswer<QVector<TagRow>> LibraryReader::tags()
+LibraryAnswer<QVector<TagRow>> ReadOnlyLibrary::tags()
 {
     return guarded([this] { return tagtable::tags(*m_database); });
 }
 
-LibraryAnswer<QVector<CategoryRow>> LibraryReader::categories()
+LibraryAnswer<QVector<CategoryRow>> ReadOnlyLibrary::categories()
 {
     return guarded([this] { return categorytable::categories(*m_database); });
 }
 
-LibraryAnswer<QVector<TagLink>> LibraryReader::tagLinks()
+LibraryAnswer<QVector<TagLink>> ReadOnlyLibrary::tagLinks()
 {
     return guarded([this] { return categorytable::links(*m_database); });
 }
 
-LibraryAnswer<QVector<RootRow>> LibraryReader::roots()
+LibraryAnswer<QVector<RootRow>> ReadOnlyLibrary::roots()
 {
     return guarded([this] { return roottable::roots(*m_database); });
 }
 
-LibraryAnswer<LibraryTotals> LibraryReader::totals()
+LibraryAnswer<LibraryTotals> ReadOnlyLibrary::totals()
 {
     return guarded([this]() -> LibraryTotals {
         const LibraryTransaction transaction(*m_database, LibraryTransaction::Kind::Reading);
-        return {roottable::fileCount(*m_database), tagtable::count(*m_database), tagtable::linkCount(*m_database),
-                keywordtable::countIgnored(*m_database)};
+        return {roottable::fileCount(*m_database), tagtable::count(*m_database), tagtable::linkCount(*m_database)};
     });
 }
 
-LibraryAnswer<QVector<KeywordRow>> LibraryReader::keywordsIgnored()
+LibraryAnswer<QVector<KeywordRow>> ReadOnlyLibrary::keywordsIgnored()
 {
     return guarded([this] { return keywordtable::ignored(*m_database); });
 }
 
-LibraryAnswer<qint64> LibraryReader::forEachFile(const FileVisitor& visitor)
+LibraryAnswer<qint64> ReadOnlyLibrary::forEachFile(const FileVisitor& visitor)
 {
     return guarded([&] {
         Places places(*m_computer);
@@ -153,40 +163,35 @@ LibraryAnswer<qint64> LibraryReader::forEachFile(const FileVisitor& visitor)
     });
 }
 
-LibraryAnswer<QVector<qint64>> LibraryReader::fileIds(const FileQuery& query)
+LibraryAnswer<QVector<qint64>> ReadOnlyLibrary::fileIds(const FileQuery& query)
 {
     return guarded([&] { return filequeries::fileIds(*m_database, query); });
 }
 
-LibraryAnswer<QVector<FileRow>> LibraryReader::files(const QVector<qint64>& ids)
+LibraryAnswer<QVector<FileRow>> ReadOnlyLibrary::files(const QVector<qint64>& ids)
 {
     return guarded([&] {
         Places places(*m_computer);
         QVector<FileRow> rows;
         for (qint64 id : ids) {
-            if (std::optional<FileRow> row = filetable::fileById(*m_database, id)) {
-                places.complete(*row);
-                rows.append(*row);
+            if (std::optional<filetable::StoredFile> file = filetable::fileById(*m_database, id)) {
+                places.complete(file->row);
+                rows.append(file->row);
             }
         }
         return rows;
     });
 }
 
-LibraryAnswer<QHash<QByteArray, KnownFile>> LibraryReader::fileStates(qint64 rootId, const QVector<QByteArray>& paths)
+LibraryAnswer<qint64> ReadOnlyLibrary::forEachFileBelow(qint64 rootId, const QByteArray& folder,
+                                                        const FileVisitor& visitor)
 {
     return guarded([&] {
-        QHash<QByteArray, KnownFile> states;
-        for (const QByteArray& path : paths) {
-            if (const auto file = filetable::fileByPath(*m_database, rootId, path))
-                states.insert(path, file->known);
-        }
-        return states;
+        qint64 visited = 0;
+        filetable::forEachBelow(*m_database, rootId, folder, [&](FileRow& file) {
+            ++visited;
+            return visitor(file);
+        });
+        return visited;
     });
-}
-
-LibraryAnswer<QVector<QByteArray>> LibraryReader::pathsBelow(qint64 rootId, const QByteArray& folder,
-                                                             const QByteArray& after, int limit)
-{
-    return guarded([&] { return filequeries::pathsBelow(*m_database, rootId, folder, after, limit); });
 }
