@@ -24,8 +24,8 @@ bool TagSections::holds(const VLTagListView* section) const
 
 VLTagListView* TagSections::lastSectionOf(qint64 tag_id) const
 {
-    const auto letter = m_letterOfTag.constFind(tag_id);
-    return letter == m_letterOfTag.cend() ? nullptr : m_sections.value(*letter);
+    const auto place = m_placeOfTag.constFind(tag_id);
+    return place == m_placeOfTag.cend() ? nullptr : m_sectionAt.at(*place);
 }
 
 /// The section that a tag was filed in, as long as the section still holds it: its rows can go by its own slots, too.
@@ -47,18 +47,22 @@ VLTagListView* TagSections::sectionOf(qint64 tag_id) const
 
 void TagSections::add(QVector<TagItem> items)
 {
-    m_letterOfTag.reserve(m_letterOfTag.size() + items.size());
-    QMap<QString, QVector<TagItem>> present;
-    QMap<QString, QVector<TagItem>> missing;
+    m_placeOfTag.reserve(m_placeOfTag.size() + items.size());
+    QVector<QVector<TagItem>> itemsAt;
     for (TagItem& item : items) {
         if (filedSectionOf(item.id))
             continue;
-        const QString letter = initialLetter(item.name);
-        auto& itemsOfLetters = m_sections.contains(letter) ? present : missing;
-        const auto letterItems = itemsOfLetters.find(letter);
-        const auto filed = letterItems == itemsOfLetters.end() ? itemsOfLetters.insert(letter, {}) : letterItems;
-        m_letterOfTag.insert(item.id, filed.key());
-        filed->append(std::move(item));
+        const int place = placeOf(initialLetter(item.name));
+        m_placeOfTag.insert(item.id, place);
+        if (place >= itemsAt.size())
+            itemsAt.resize(m_sectionAt.size());
+        itemsAt[place].append(std::move(item));
+    }
+    QMap<QString, QVector<TagItem>> present;
+    QMap<QString, QVector<TagItem>> missing;
+    for (auto it = m_places.cbegin(); it != m_places.cend(); ++it) {
+        if (*it < itemsAt.size() && !itemsAt.at(*it).isEmpty())
+            (m_sectionAt.at(*it) ? present : missing).insert(it.key(), std::move(itemsAt[*it]));
     }
     for (auto it = present.begin(); it != present.end(); ++it)
         m_sections.value(it.key())->addTags(std::move(it.value()));
@@ -69,7 +73,23 @@ void TagSections::add(QVector<TagItem> items)
 void TagSections::forget(const QVector<qint64>& tag_ids)
 {
     for (const qint64 id : tag_ids)
-        m_letterOfTag.remove(id);
+        m_placeOfTag.remove(id);
+}
+
+int TagSections::placeOf(const QString& letter)
+{
+    const auto known = m_places.constFind(letter);
+    if (known != m_places.cend())
+        return *known;
+    m_sectionAt.append(nullptr);
+    return *m_places.insert(letter, m_sectionAt.size() - 1);
+}
+
+void TagSections::forgetSection(const VLTagListView* section)
+{
+    const QString letter = section->letter();
+    m_sections.remove(letter);
+    m_sectionAt[placeOf(letter)] = nullptr;
 }
 
 void TagSections::removeTags(const QVector<qint64>& tag_ids)
@@ -78,7 +98,7 @@ void TagSections::removeTags(const QVector<qint64>& tag_ids)
     for (const qint64 id : tag_ids) {
         if (const VLTagListView* section = sectionOf(id))
             idsOfLetters[section->letter()].append(id);
-        m_letterOfTag.remove(id);
+        m_placeOfTag.remove(id);
     }
     m_inBatch = true;
     for (auto it = idsOfLetters.cbegin(); it != idsOfLetters.cend(); ++it) {
@@ -95,7 +115,7 @@ void TagSections::removeSection(VLTagListView* section)
         m_emptied.append(section);
         return;
     }
-    m_sections.remove(section->letter());
+    forgetSection(section);
     takeFromLayout({section});
     // It reports that it is empty right now, perhaps to others, too.
     disposeLater(section);
@@ -104,7 +124,9 @@ void TagSections::removeSection(VLTagListView* section)
 void TagSections::clear()
 {
     const auto sections = std::exchange(m_sections, {});
-    m_letterOfTag.clear();
+    m_placeOfTag.clear();
+    m_places.clear();
+    m_sectionAt.clear();
     m_emptied.clear();
     takeFromLayout({sections.begin(), sections.end()});
     for (VLTagListView* section : sections)
@@ -114,7 +136,7 @@ void TagSections::clear()
 void TagSections::createSections(QMap<QString, QVector<TagItem>> itemsOfLetters)
 {
     for (auto it = itemsOfLetters.begin(); it != itemsOfLetters.end(); ++it)
-        m_sections.insert(it.key(), m_makeSection(it.key(), std::move(it.value())));
+        m_sectionAt[placeOf(it.key())] = *m_sections.insert(it.key(), m_makeSection(it.key(), std::move(it.value())));
     int index = 0;
     QWidget* above = m_layout->parentWidget();
     for (VLTagListView* section : qAsConst(m_sections)) {
@@ -132,7 +154,7 @@ void TagSections::createSections(QMap<QString, QVector<TagItem>> itemsOfLetters)
 void TagSections::removeSections(const QVector<VLTagListView*>& sections)
 {
     for (const VLTagListView* section : sections)
-        m_sections.remove(section->letter());
+        forgetSection(section);
     takeFromLayout(sections);
     for (VLTagListView* section : sections)
         dispose(section);

@@ -46,6 +46,8 @@ public:
 private:
     [[nodiscard]] VLTagListView* filedSectionOf(qint64 tag_id) const;
     [[nodiscard]] VLTagListView* sectionOf(qint64 tag_id) const;
+    [[nodiscard]] int placeOf(const QString& letter);
+    void forgetSection(const VLTagListView* section);
     void createSections(QMap<QString, QVector<TagItem>> itemsOfLetters);
     void removeSections(const QVector<VLTagListView*>& sections);
     void takeFromLayout(const QVector<VLTagListView*>& sections);
@@ -55,7 +57,11 @@ private:
     QVBoxLayout* m_layout;
     MakeSection m_makeSection;
     QMap<QString, VLTagListView*> m_sections;
-    QHash<qint64, QString> m_letterOfTag;
+    /// Each letter that there was since the last clear() has a number, so that a tag's section is found without
+    /// comparing texts.
+    QMap<QString, int> m_places;
+    QVector<VLTagListView*> m_sectionAt;  ///< By the numbers of the letters; null while there is no such section.
+    QHash<qint64, int> m_placeOfTag;
     bool m_inBatch = false;
     QVector<VLTagListView*> m_emptied;  ///< Wait for the end of the batch.
 };
