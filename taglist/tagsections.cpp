@@ -62,7 +62,7 @@ void TagSections::add(QVector<TagItem> items)
     QMap<QString, QVector<TagItem>> missing;
     for (auto it = m_places.cbegin(); it != m_places.cend(); ++it) {
         if (*it < itemsAt.size() && !itemsAt.at(*it).isEmpty())
-            (m_sectionAt.at(*it) ? present : missing).insert(it.key(), std::move(itemsAt[*it]));
+            (m_sectionAt.at(*it) ? present : missing)[it.key()] = std::move(itemsAt[*it]);
     }
     for (auto it = present.begin(); it != present.end(); ++it)
         m_sections.value(it.key())->addTags(std::move(it.value()));
