@@ -2,11 +2,14 @@
 # SPDX-License-Identifier: MIT
 """Makes the pictures in docs/pictures from the sample library, on a display of its own.
 
-    scripts/make_pictures.py [VELLUM]
+    scripts/make_pictures.py [--check] [VELLUM]
 
-VELLUM is build/bin/vellum unless given. Build first; scripts/setup.sh test installs what this needs.
+With --check the pictures are made elsewhere and compared with those in docs/pictures: the exit status is 1 when one of
+them does not show the program any more. VELLUM is build/bin/vellum unless given. Build first; scripts/setup.sh test
+installs what this needs.
 """
 
+import argparse
 import pathlib
 import shutil
 import sys
@@ -17,25 +20,40 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "tests" / "session"))
 
 from display import Display, wait_until  # noqa: E402
+from picture import Picture  # noqa: E402
 from test_session import FIRST_TILE, LIST, RIGHT_HALF, Session, middle  # noqa: E402
 
 PICTURES = ROOT / "docs" / "pictures"
 CATEGORIES = ("Seasons", "Places", "For clients")
+# Pixels that may be others than before: a text cursor blinks.
+BLINKING = 60
 
 
 class Pictures(Session):
+    def __init__(self, display, program, home, checks):
+        super().__init__(display, program, home)
+        self.checks = checks
+        self.stale = []
+
     def save(self, name):
         self.display.move((4, 4))  # The pointer would be in the picture.
-        picture = self.display.steady_picture()
-        picture.crop(self.vellum.geometry()).save(PICTURES / f"{name}.png")
-        print(f"docs/pictures/{name}.png", flush=True)
+        picture = self.display.steady_picture().crop(self.vellum.geometry())
+        path = PICTURES / f"{name}.png"
+        if not self.checks:
+            picture.save(path)
+            print(path.relative_to(ROOT), flush=True)
+            return
+        count = picture.differs(Picture.load(path), (0, 0, picture.width, picture.height)) if path.exists() else "all"
+        print(f"{path.relative_to(ROOT)}: {count} pixels are others", flush=True)
+        if count == "all" or count > BLINKING:
+            self.stale.append(path.name)
 
     def choose(self, chip, name):
         menu = self.open_menu(chip)
         self.display.click(self.entry(menu, name))
 
     def make_favourites(self):
-        for name in ("Sunset", "Landscape", "Typography", "Forest", "Winter"):
+        for name in ("Sunset", "Landscape", "Typography", "Forest", "Autumn"):
             tag = self.vellum.tag(name)["id"]
             self.choose(self.vellum.find_tag(name), "favourite")
             wait_until(lambda tag=tag: self.vellum.holds(1, tag), f"the favourite {name}")
@@ -87,25 +105,36 @@ class Pictures(Session):
         self.vellum.search("")
         self.display.double_click(self.vellum.first_chip(self.vellum.area(*LIST)))
         wait_until(lambda: self.vellum.corner()[0] > self.vellum.geometry()[0] + 100, "the files beside the tags")
+        x, y, _, height = self.vellum.geometry()
+        panel = (x + 10, y + 60, self.vellum.corner()[0] - x - 40, height - 80)
+        wait_until(lambda: self.display.picture().find_block(panel, 6, 6), "a thumbnail")
         self.save("files")
 
 
 def main():
-    program = pathlib.Path(sys.argv[1] if len(sys.argv) > 1 else ROOT / "build" / "bin" / "vellum").resolve()
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--check", action="store_true")
+    parser.add_argument("program", nargs="?", type=pathlib.Path, default=ROOT / "build" / "bin" / "vellum")
+    arguments = parser.parse_args()
     PICTURES.mkdir(parents=True, exist_ok=True)
     with tempfile.TemporaryDirectory(prefix="vellum-pictures-") as temporary:
         home = pathlib.Path(temporary)
         shutil.copytree(ROOT / "samples", home / "pictures")
         with Display(home) as display:
-            pictures = Pictures(display, program, home)
+            pictures = Pictures(display, arguments.program.resolve(), home, arguments.check)
             try:
                 pictures.make()
             except BaseException:
                 display.picture().save(home.parent / "vellum-pictures-failure.png")
                 raise
             finally:
-                pictures.vellum.process.kill()
+                if pictures.vellum:
+                    pictures.vellum.process.kill()
+    if pictures.stale:
+        print(f"\nThese do not show the program any more: {' '.join(pictures.stale)}\n"
+              "scripts/make_pictures.py makes them anew. Look at them before you commit them.")
+    return 1 if pictures.stale else 0
 
 
 if __name__ == "__main__":
-    main()
+    sys.exit(main())

@@ -7,7 +7,7 @@ import time
 
 from picture import Picture
 
-DEADLINE = 30.0  # seconds; only a failure waits this long
+DEADLINE = 60.0  # seconds; only a failure waits this long
 
 
 class Timeout(AssertionError):

@@ -153,6 +153,23 @@ class Session:
         assert vellum.tag("Peaks") == {**tag, "name": "Peaks"}, vellum.tag("Peaks")
         assert not vellum.tag("Mountains")
 
+    def favours_and_deletes(self):
+        vellum = self.vellum
+        tag = vellum.tag("Late")["id"]
+        menu = self.open_menu(vellum.find_tag("Late"))
+        self.display.click(self.entry(menu, "favourite"))
+        wait_until(lambda: vellum.holds(1, tag), "the favourite in the library")
+        vellum.wait_for_no_other_window()
+        vellum.show_page("favorites")
+        chip = wait_until(lambda: vellum.first_chip(vellum.area(*LIST)), "the favourite on its page")
+        self.choose_for_dialog(chip, "delete")
+        self.display.key("Left", "Return")  # From "No", which has the focus.
+        wait_until(lambda: not vellum.tag("Late"), "the tag to leave the library")
+        vellum.wait_for_no_other_window()
+        wait_until(lambda: not vellum.first_chip(vellum.area(*LIST)), "the favourite to leave its page")
+        vellum.show_page("all")
+        vellum.search("")
+
     def creates_a_category(self):
         vellum = self.vellum
         vellum.show_page("categories")
@@ -232,8 +249,9 @@ class Session:
         for word in ("QObject::connect", "QSqlDatabase", "QPainter", "Negative sizes", "failed"):
             assert word not in log, f"the log complains:\n{log}"
 
-    STEPS = (is_asked_for_a_folder, opens_on_all_tags, looks_at_files, is_told_what_failed, renames, creates_a_category,
-             drags_a_tag_into_it, resizes, maximises_and_restores, minimises_and_returns, closes_and_reopens, leaves)
+    STEPS = (is_asked_for_a_folder, opens_on_all_tags, looks_at_files, is_told_what_failed, renames, favours_and_deletes,
+             creates_a_category, drags_a_tag_into_it, resizes, maximises_and_restores, minimises_and_returns,
+             closes_and_reopens, leaves)
 
 
 def main():
