@@ -25,9 +25,9 @@ constexpr int colorCount = 8;
 constexpr int fileCountCycle = 977;
 constexpr double bytesPerKib = 1024;
 
-QVector<MemoryTagSpec> tagSpecs(const QStringList& names)
+QVector<example::NewTag> tagSpecs(const QStringList& names)
 {
-    QVector<MemoryTagSpec> specs;
+    QVector<example::NewTag> specs;
     specs.reserve(names.size());
     for (int i = 0; i < names.size(); ++i)
         specs.append({names.at(i), i % colorCount, i % fileCountCycle});

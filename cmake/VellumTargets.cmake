@@ -111,9 +111,10 @@ function(vellum_add_plugin target)
   install(TARGETS ${target} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/vellum/plugins)
 endfunction()
 
-# vellum_add_test(<name> SOURCES <files> LIBRARIES <libraries>): the test program <name>, run without a display.
+# vellum_add_test(<name> SOURCES <files> LIBRARIES <libraries> [TIMEOUT <seconds>] [SLOW]): the test program <name>, run
+# without a display. SLOW ones take more than about three seconds; the others have the label "quick".
 function(vellum_add_test name)
-  cmake_parse_arguments(arg "" "TIMEOUT" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  cmake_parse_arguments(arg "SLOW" "TIMEOUT" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   vellum_target_defaults(${name})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} Qt5::Test)
@@ -122,8 +123,12 @@ function(vellum_add_test name)
   if(NOT arg_TIMEOUT)
     set(arg_TIMEOUT 300)
   endif()
+  set(label quick)
+  if(arg_SLOW)
+    set(label slow)
+  endif()
   set_tests_properties(${name} PROPERTIES
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=;LC_ALL=C.UTF-8;XDG_DATA_HOME=${CMAKE_BINARY_DIR}/tests/data;QTEST_FUNCTION_TIMEOUT=${arg_TIMEOUT}000"
     TIMEOUT ${arg_TIMEOUT}
-    LABELS "${arg_LABELS}")
+    LABELS "${label}")
 endfunction()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "library.h"
 #include "records.h"
+#include "requests.h"
+#include "store.h"
 
 #include <ivltagmanagercontrol.h>
 #include <ivltagmanagerplugin.h>
@@ -17,14 +18,16 @@
 
 namespace {
 
-QSharedPointer<Library> exampleLibrary()
+QSharedPointer<ILibraryDataProvider> exampleLibrary()
 {
-    const auto tags = QSharedPointer<TagLibrary>::create();
-    for (const char* name : {"Architecture", "Birds", "Harbour", "Portrait", "山水"})
-        tags->addTag(QString::fromUtf8(name), 0);
-    tags->addCategory(QStringLiteral("Outdoors"));
-    tags->refresh();
-    return QSharedPointer<Library>::create(tags);
+    const auto store = QSharedPointer<example::TagStore>::create();
+    store->addTags(QStringList{"Architecture", "Birds", "Harbour", "Portrait", "山水"});
+    store->addGroup(QStringLiteral("Outdoors"));
+    const auto library = QSharedPointer<example::Library>::create();
+    library->manager = store->sharedManager();
+    library->tagRequests = QSharedPointer<example::TagRequests>::create(store);
+    library->groupRequests = QSharedPointer<example::GroupRequests>::create(store);
+    return library;
 }
 
 void connectWindow(IVLTagManagerWidget* window)
@@ -64,7 +67,7 @@ int main(int argc, char** argv)
         return 1;
     }
 
-    Palette palette;
+    example::Palette palette;
     plugin->setTagColorProvider(&palette);
     plugin->setDataProvider(exampleLibrary());
 

@@ -9,29 +9,31 @@
 #include <QString>
 #include <QVector>
 
+namespace example {
+
 /// A tag as it was at one moment. The window may keep it for as long as it likes, so it never changes.
 struct TagRecord final : ITagInfo
 {
-    TagRecord(qint64 id, const QString& name, int color)
+    TagRecord(qint64 id, const QString& name, int colorIndex)
         : m_id(id)
         , m_name(name)
-        , m_color(color)
+        , m_colorIndex(colorIndex)
     {
     }
 
     qint64 id() const override { return m_id; }
     QString name() const override { return m_name; }
-    int colorIndex() const override { return m_color; }
+    int colorIndex() const override { return m_colorIndex; }
 
     const qint64 m_id;
     const QString m_name;
-    const int m_color;
+    const int m_colorIndex;
 };
 
 /// A category as it was at one moment.
-struct CategoryRecord final : ITagGroupInfo
+struct GroupRecord final : ITagGroupInfo
 {
-    CategoryRecord(qint64 id, const QString& name)
+    GroupRecord(qint64 id, const QString& name)
         : m_id(id)
         , m_name(name)
     {
@@ -44,21 +46,29 @@ struct CategoryRecord final : ITagGroupInfo
     const QString m_name;
 };
 
-/// The answer to a request: carried out when there is no complaint.
+/// The answer to a request: carried out when the status is 0, else refused for the reason that the message tells.
 struct Response final : IResponseInfo
 {
-    explicit Response(const QString& complaint)
-        : m_complaint(complaint)
+    explicit Response(int status = 0, const QString& message = {})
+        : m_status(status)
+        , m_message(message)
     {
     }
 
-    int status() const override { return m_complaint.isEmpty() ? 0 : 1; }
-    QString message() const override { return m_complaint; }
-    void rejectedTags(QVector<QSharedPointer<const ITagInfo>>& out) const override { out.clear(); }
-    void rejectedGroups(QVector<QSharedPointer<const ITagGroupInfo>>& out) const override { out.clear(); }
-    void rejectedFiles(QVector<QSharedPointer<const QString>>& out) const override { out.clear(); }
+    int status() const override { return m_status; }
+    QString message() const override { return m_message; }
+    void rejectedTags(QVector<QSharedPointer<const ITagInfo>>& out) const override { out = tags; }
+    void rejectedGroups(QVector<QSharedPointer<const ITagGroupInfo>>& out) const override { out = groups; }
+    void rejectedFiles(QVector<QSharedPointer<const QString>>& out) const override { out = files; }
 
-    const QString m_complaint;
+    // What the request could not be carried out for. A request with any of them counts as failed.
+    QVector<QSharedPointer<const ITagInfo>> tags;
+    QVector<QSharedPointer<const ITagGroupInfo>> groups;
+    QVector<QSharedPointer<const QString>> files;
+
+private:
+    const int m_status;
+    const QString m_message;
 };
 
 /// The colours that a tag can have. Lives as long as the plug-in is used.
@@ -68,12 +78,19 @@ struct Palette final : ITagColorProvider
     void color(int index, QColor& out) const override
     {
         const bool known = index >= 0 && index < m_entries.size();
-        out = QColor(known ? m_entries[index].color : QStringLiteral("#5a6072"));
+        out = QColor(m_entries[known ? index : 0].color);
     }
 
-    const QVector<TagColorEntry> m_entries{
-        {0, QStringLiteral("Slate"), QStringLiteral("#5a6072")},
-        {1, QStringLiteral("Teal"), QStringLiteral("#1f7a70")},
-        {2, QStringLiteral("Wine"), QStringLiteral("#9b3557")},
+    const QVector<TagColorEntry> m_entries = {
+        {0, QStringLiteral("Slate"), QStringLiteral("#4a5568")},
+        {1, QStringLiteral("Red"), QStringLiteral("#b3261e")},
+        {2, QStringLiteral("Orange"), QStringLiteral("#9a4a00")},
+        {3, QStringLiteral("Olive"), QStringLiteral("#6b6000")},
+        {4, QStringLiteral("Green"), QStringLiteral("#1f6f3a")},
+        {5, QStringLiteral("Teal"), QStringLiteral("#00696f")},
+        {6, QStringLiteral("Blue"), QStringLiteral("#2458b8")},
+        {7, QStringLiteral("Purple"), QStringLiteral("#7a3fa0")},
     };
 };
+
+}  // namespace example

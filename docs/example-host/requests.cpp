@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "requests.h"
 
-#include "library.h"
 #include "records.h"
+#include "store.h"
 
 #include <QTimer>
+
+namespace example {
 
 namespace {
 
@@ -15,7 +17,8 @@ void answerFromEventLoop(Action* action, void (Action::*result)(qint64, QSharedP
                          qint64 request, Work work)
 {
     QTimer::singleShot(0, action, [action, result, work, request] {
-        (action->*result)(request, QSharedPointer<Response>::create(work()));
+        const QString complaint = work();
+        (action->*result)(request, QSharedPointer<Response>::create(complaint.isEmpty() ? 0 : 1, complaint));
     });
 }
 
@@ -24,8 +27,8 @@ const QString taken = QStringLiteral("the name is taken");
 
 }  // namespace
 
-TagRequests::TagRequests(const QSharedPointer<TagLibrary>& library)
-    : m_library(library)
+TagRequests::TagRequests(const QSharedPointer<TagStore>& store)
+    : m_store(store)
 {
 }
 
@@ -38,124 +41,108 @@ qint64 TagRequests::answerLater(Work work)
 
 qint64 TagRequests::createTags(const QVector<NewTagRecord>& tags)
 {
-    return answerLater([library = m_library, tags] {
+    return answerLater([store = m_store, tags] {
+        QVector<NewTag> added;
         for (const auto& tag : tags) {
-            if (library->tagGroup(taggroupid::allTags)->tagByName(tag.name))
+            if (store->tagId(tag.name) != 0)
                 return taken;
+            added.append({tag.name, tag.colorIndex});
         }
-        for (const auto& tag : tags)
-            library->addTag(tag.name, tag.colorIndex);
-        library->refresh();
+        store->addTags(added);
         return QString();
     });
 }
 
 qint64 TagRequests::renameTag(qint64 tagId, const QString& newName)
 {
-    return answerLater([library = m_library, tagId, newName] {
-        const auto tag = library->m_tags->value(tagId);
-        if (!tag)
+    return answerLater([store = m_store, tagId, newName] {
+        if (!store->tag(tagId))
             return unknown;
-        if (library->tagGroup(taggroupid::allTags)->tagByName(newName))
+        if (store->tagId(newName) != 0)
             return taken;
-        tag->m_name = newName;
-        emit tag->signalUpdated();
+        store->renameTag(tagId, newName);
         return QString();
     });
 }
 
 qint64 TagRequests::setTagColor(qint64 tagId, int colorIndex)
 {
-    return answerLater([library = m_library, tagId, colorIndex] {
-        const auto tag = library->m_tags->value(tagId);
-        if (!tag)
-            return unknown;
-        tag->m_color = colorIndex;
-        emit tag->signalUpdated();
-        return QString();
+    return answerLater([store = m_store, tagId, colorIndex] {
+        store->setTagColor(tagId, colorIndex);
+        return store->tag(tagId) ? QString() : unknown;
     });
 }
 
 qint64 TagRequests::deleteTags(const QVector<qint64>& tagIds)
 {
-    return answerLater([library = m_library, tagIds] {
-        for (const qint64 id : tagIds)
-            library->m_tags->remove(id);
-        library->refresh();
+    return answerLater([store = m_store, tagIds] {
+        store->removeTags(tagIds);
         return QString();
     });
 }
 
 qint64 TagRequests::addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
 {
-    return answerLater([library = m_library, groupIds, tagIds] {
+    return answerLater([store = m_store, groupIds, tagIds] {
         for (const qint64 id : groupIds) {
-            const auto category = library->m_categories.value(id);
-            if (!category)
+            if (!store->group(id))
                 return unknown;
-            category->m_members += QSet<qint64>(tagIds.begin(), tagIds.end());
         }
-        library->refresh();
+        store->addTagsToGroups(groupIds, tagIds);
         return QString();
     });
 }
 
 qint64 TagRequests::removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
 {
-    return answerLater([library = m_library, groupIds, tagIds] {
-        for (const qint64 id : groupIds) {
-            const auto category = library->m_categories.value(id);
-            if (!category)
-                return unknown;
-            category->m_members -= QSet<qint64>(tagIds.begin(), tagIds.end());
-        }
-        library->refresh();
+    return answerLater([store = m_store, groupIds, tagIds] {
+        store->removeTagsFromGroups(groupIds, tagIds);
         return QString();
     });
 }
 
-CategoryRequests::CategoryRequests(const QSharedPointer<TagLibrary>& library)
-    : m_library(library)
+GroupRequests::GroupRequests(const QSharedPointer<TagStore>& store)
+    : m_store(store)
 {
 }
 
 template <class Work>
-qint64 CategoryRequests::answerLater(Work work)
+qint64 GroupRequests::answerLater(Work work)
 {
     answerFromEventLoop<ITagGroupAction>(this, &ITagGroupAction::signalTagGroupResult, ++m_lastRequest, work);
     return m_lastRequest;
 }
 
-qint64 CategoryRequests::addTagGroup(const QString& name)
+qint64 GroupRequests::addTagGroup(const QString& name)
 {
-    return answerLater([library = m_library, name] {
-        if (library->tagGroupByName(name))
+    return answerLater([store = m_store, name] {
+        if (store->manager()->tagGroupByName(name))
             return taken;
-        library->addCategory(name);
+        store->addGroup(name);
         return QString();
     });
 }
 
-qint64 CategoryRequests::removeTagGroup(qint64 groupId)
+qint64 GroupRequests::removeTagGroup(qint64 groupId)
 {
-    return answerLater([library = m_library, groupId] {
-        if (groupId < taggroupid::firstUser || !library->tagGroup(groupId))
+    return answerLater([store = m_store, groupId] {
+        if (groupId < taggroupid::firstUser || !store->group(groupId))
             return unknown;
-        library->removeCategory(groupId);
+        store->removeGroup(groupId);
         return QString();
     });
 }
 
-qint64 CategoryRequests::renameTagGroup(qint64 groupId, const QString& newName)
+qint64 GroupRequests::renameTagGroup(qint64 groupId, const QString& newName)
 {
-    return answerLater([library = m_library, groupId, newName] {
-        const auto category = library->m_categories.value(groupId);
-        if (!category || groupId < taggroupid::firstUser)
+    return answerLater([store = m_store, groupId, newName] {
+        if (groupId < taggroupid::firstUser || !store->group(groupId))
             return unknown;
-        if (library->tagGroupByName(newName))
+        if (store->manager()->tagGroupByName(newName))
             return taken;
-        category->m_name = newName;
-        emit category->signalUpdated();
+        store->renameGroup(groupId, newName);
         return QString();
     });
 }
+
+}  // namespace example

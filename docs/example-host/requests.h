@@ -4,13 +4,15 @@
 #include <itagaction.h>
 #include <itaggroupaction.h>
 
-class TagLibrary;
+namespace example {
+
+class TagStore;
 
 /// What a person asks to be done with tags. Each request is carried out, and answered, from the event loop.
 class TagRequests final : public ITagAction
 {
 public:
-    explicit TagRequests(const QSharedPointer<TagLibrary>& library);
+    explicit TagRequests(const QSharedPointer<TagStore>& store);
 
     qint64 createTags(const QVector<NewTagRecord>& tags) override;
     qint64 renameTag(qint64 tagId, const QString& newName) override;
@@ -23,15 +25,15 @@ private:
     template <class Work>
     qint64 answerLater(Work work);
 
-    QSharedPointer<TagLibrary> m_library;
+    QSharedPointer<TagStore> m_store;
     qint64 m_lastRequest = 0;  ///< No two requests of one object may have the same id.
 };
 
 /// What a person asks to be done with categories.
-class CategoryRequests final : public ITagGroupAction
+class GroupRequests final : public ITagGroupAction
 {
 public:
-    explicit CategoryRequests(const QSharedPointer<TagLibrary>& library);
+    explicit GroupRequests(const QSharedPointer<TagStore>& store);
 
     qint64 addTagGroup(const QString& name) override;
     qint64 removeTagGroup(qint64 groupId) override;
@@ -41,6 +43,8 @@ private:
     template <class Work>
     qint64 answerLater(Work work);
 
-    QSharedPointer<TagLibrary> m_library;
+    QSharedPointer<TagStore> m_store;
     qint64 m_lastRequest = 0;
 };
+
+}  // namespace example

@@ -2,6 +2,7 @@
 #include "host/app/files/thumbnailloader.h"
 #include "tests/app/picturefolder.h"
 #include "tests/importer/readermain.h"
+#include "tests/importer/taggedpicture.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -56,11 +57,8 @@ private slots:
         QRandomGenerator random(quint32(qEnvironmentVariableIntValue("VELLUM_TEST_SEED")));
         QVector<ThumbnailRequest> requests;
         for (int i = 0; i < count; ++i) {
-            QByteArray bytes = whole;
-            // The first one is whole; half of the others are garbled where lengths and offsets are.
-            const int end = i % 2 ? bytes.size() : qMin(bytes.size(), 600);
-            for (int flips = i == 0 ? 0 : random.bounded(1, 9); flips > 0; --flips)
-                bytes[random.bounded(end)] = random.bounded(4) ? char(random.bounded(256)) : char(0xff);
+            // The first one is whole.
+            const QByteArray bytes = i == 0 ? whole : garbled(whole, i % 2 == 0, random);
             requests.append({i, m_folder.write(QByteArray::number(i) + name, bytes)});
         }
         ThumbnailLoader loader;

@@ -123,7 +123,7 @@ private slots:
             nested += "<g id='a" + QByteArray::number(level) + "'>" + use.repeated(200) + "</g>";
         }
         ReaderProcess::Settings settings = ThumbnailLoader::defaultSettings();
-        settings.fileLimit = std::chrono::milliseconds(500);
+        settings.fileLimit = std::chrono::seconds(1);
         ThumbnailLoader loader(nullptr, settings);
         QSignalSpy loaded(&loader, &ThumbnailLoader::thumbnailLoaded);
         loader.setWanted({{1, m_folder.write("nested.svg", nested + "</svg>")}, {2, m_folder.writePng("a.png")}}, 64);

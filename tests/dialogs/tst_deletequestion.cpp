@@ -39,18 +39,6 @@ private slots:
         }
     }
 
-    void ordinaryNameIsOnlyEscaped()
-    {
-        const VLSkinSetting* skin = VLSkinSetting::GetInstance();
-        const QString blue = skin->GetPopupWinBlueColor().name(QColor::HexArgb);
-        const QString weak = skin->GetTextColor(1).name(QColor::HexArgb);
-        QCOMPARE(fillDeleteQuestion(question, QStringLiteral("A & B"), 0),
-                 QString(QStringLiteral("The Tag<font color='") + blue +
-                         QStringLiteral("'> A &amp; B </font>has<font color='") + blue +
-                         QStringLiteral("'> 0 </font>files\uFF0Cdelete?<font style='font-size:12px' color='") + weak +
-                         QStringLiteral("'> (Remark.) </font>")));
-    }
-
     void directionOfTheSentenceHolds()
     {
         for (const QString& name :

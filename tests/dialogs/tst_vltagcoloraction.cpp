@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "docs/example-host/records.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltagcoloraction.h"
 #include "taglist/vltagcolorwidget.h"
-#include "tests/support/memorypalette.h"
 
 #include <QMenu>
 #include <QtTest>
@@ -101,7 +101,7 @@ private slots:
     }
 
 private:
-    MemoryPalette m_palette;
+    example::Palette m_palette;
 };
 
 QTEST_MAIN(TestVLTagColorAction)

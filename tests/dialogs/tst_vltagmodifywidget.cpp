@@ -2,6 +2,7 @@
 #include "dialogs/vltagmodifywidget.h"
 #include "plugin/state/vltagmanagersingleton.h"
 #include "tests/support/memoryhost.h"
+#include "tests/support/patience.h"
 
 #include <QLabel>
 #include <QLineEdit>

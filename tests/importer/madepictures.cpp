@@ -128,23 +128,6 @@ QByteArray raf()
     return header.leftJustified(headerSize, '\0') + preview;
 }
 
-QByteArray mrw()
-{
-    const auto block = [](char first, const char* name, const QByteArray& content) -> QByteArray {
-        return QByteArray(1, first) + name + big(quint32(content.size())) + content;
-    };
-    return block('\0', "MRM", block('\0', "PRD", zeros(24)) + block('\0', "TTW", tiff()));
-}
-
-QByteArray crw()
-{
-    const QByteArray camera("Canon\0EOS\0", 10);
-    const QByteArray entries =
-        little(quint16(1)) + little(quint16(0x080a)) + little(quint32(camera.size())) + little(quint32(0));
-    return "II" + little(quint32(26)) + "HEAPCCDR" + little(quint32(0x00010002)) + zeros(8) + camera + entries +
-           little(quint32(camera.size()));
-}
-
 }  // namespace
 
 QVector<MadePicture> madePictures()
@@ -161,12 +144,10 @@ QVector<MadePicture> madePictures()
         {"made.orf", tiff("IIRO")},
         {"made.rw2", tiff(QByteArray("IIU\0", 4), panasonic), false},
         {"made.cr2", tiff(QByteArray("II*\0", 4), QByteArray("CR\2\0\0\0\0\0", 8))},
-        {"made.crw", crw(), false},
         {"made.cr3", cr3()},
         {"made.heic", heif("heic")},
         {"made.avif", heif("avif")},
         {"made.raf", raf()},
-        {"made.mrw", mrw()},
         {"animation.jpg", "GIF89a" + little(quint16(1)) + little(quint16(1)) + zeros(3), false},
     };
 }

@@ -43,6 +43,14 @@ void writeSidecar(const QByteArray& path, const QStringList& keywords)
     writeFile(path, QByteArray::fromStdString(packet));
 }
 
+QByteArray garbled(QByteArray bytes, bool atStart, QRandomGenerator& random)
+{
+    const int end = atStart ? qMin(bytes.size(), 600) : bytes.size();
+    for (int flips = random.bounded(1, 9); flips > 0; --flips)
+        bytes[random.bounded(end)] = random.bounded(4) ? char(random.bounded(256)) : char(0xff);
+    return bytes;
+}
+
 void writeFile(const QByteArray& path, const QByteArray& bytes)
 {
     std::ofstream file(path.constData(), std::ios::binary | std::ios::trunc);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QRandomGenerator>
 #include <QStringList>
 
 /// Writes small pictures and sidecars with keywords for tests. Every function fails the running test by an exception
@@ -21,6 +22,8 @@ struct TaggedPicture
 void writePicture(const QByteArray& path, const QStringList& keywords);
 /// An XMP sidecar with these keywords.
 void writeSidecar(const QByteArray& path, const QStringList& keywords);
+/// The bytes with up to eight of them changed: anywhere, or \a atStart where lengths and offsets are.
+[[nodiscard]] QByteArray garbled(QByteArray bytes, bool atStart, QRandomGenerator& random);
 /// Any file.
 void writeFile(const QByteArray& path, const QByteArray& bytes);
 [[nodiscard]] QByteArray fileBytes(const QByteArray& path);

@@ -11,7 +11,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QRandomGenerator>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
@@ -113,30 +112,6 @@ private slots:
         QVERIFY(process.waitForFinished(30000));
         QCOMPARE(process.exitCode(), 130);
         QCOMPARE(process.readAllStandardOutput(), totals("files: 2, tags: 3, links: 4", 0));
-    }
-
-    void importSurvivesBeingKilled()
-    {
-        QVERIFY(QDir().mkpath(file("many")));
-        for (int i = 0; i < 700; ++i)
-            writeSidecar(path("many/" + QByteArray::number(i) + ".xmp"), {QString::number(i % 90), QString::number(i)});
-        for (int i = 0; i < 700; ++i)
-            writeFile(path("many/" + QByteArray::number(i) + ".svg"), "<svg/>");
-        QRandomGenerator random(7);
-        for (int round = 0; round < 8; ++round) {
-            QProcess process;
-            start(process, {QStringLiteral("--import"), file("many"), QStringLiteral("--library"), file("killed.db")});
-            process.waitForFinished(random.bounded(20, 250));
-            process.kill();
-            process.waitForFinished();
-        }
-        QCOMPARE(import("many", "killed.db").output, totals("files: 700, tags: 700, links: 1310", 0));
-        QSqlDatabase database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
-        database.setDatabaseName(file("killed.db"));
-        QVERIFY(database.open());
-        QSqlQuery check(QStringLiteral("PRAGMA integrity_check"), database);
-        QVERIFY(check.next());
-        QCOMPARE(check.value(0).toString(), QStringLiteral("ok"));
     }
 
     void listsTagsAndFiles()

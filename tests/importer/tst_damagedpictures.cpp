@@ -67,14 +67,8 @@ private slots:
         const int count = variantsOf(whole);
         QRandomGenerator random(m_seed);
         QVector<QByteArray> variants;
-        for (int i = 0; i < count; ++i) {
-            QByteArray bytes = whole;
-            // Half of them in the first part only, where lengths and offsets are.
-            const int end = i % 2 ? bytes.size() : qMin(bytes.size(), 600);
-            for (int flips = random.bounded(1, 9); flips > 0; --flips)
-                bytes[random.bounded(end)] = random.bounded(4) ? char(random.bounded(256)) : char(0xff);
-            variants.append(bytes);
-        }
+        for (int i = 0; i < count; ++i)
+            variants.append(garbled(whole, i % 2 == 0, random));
         readAll(variants, sample);
     }
 

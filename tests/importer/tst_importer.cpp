@@ -65,28 +65,6 @@ private slots:
         m_folder.reset();
     }
 
-    void importsTheSamples()
-    {
-        const ImportRun run(*m_library, VELLUM_SAMPLES);
-        QCOMPARE(run.finishedCount, 1);
-        QCOMPARE(run.summary.error, QString());
-        QVERIFY(run.skipped.isEmpty());
-        QCOMPARE(run.summary.found, 26);
-        QCOMPARE(run.summary.added, 26);
-        QCOMPARE(run.summary.totals.files, qint64(26));
-        QVERIFY(run.summary.totals.tags > 60);
-        const QMap<QByteArray, QStringList> found = tags(VELLUM_SAMPLES);
-        const QVector<QPair<QByteArray, QString>> oneOfEachFormat = {
-            {"Landscapes/Autumn forest.jpg", QStringLiteral("가을")},
-            {"Travel/Postcard from Malmö.jpg", QStringLiteral("Øresund")},
-            {"Design/Tartan.png", QStringLiteral("红色")},
-            {"Design/Fans.tif", QStringLiteral("デザイン")},
-            {"Design/Rings.tif", QStringLiteral("抽象")},
-            {"Everyday/Shoal.webp", QStringLiteral("动物")}};
-        for (const auto& [file, keyword] : oneOfEachFormat)
-            QVERIFY2(found.value(file).contains(keyword), file);
-    }
-
     void joinsSidecars()
     {
         writePicture(path("a.jpg"), {QStringLiteral("embedded"), QStringLiteral("shared")});
@@ -133,25 +111,6 @@ private slots:
         QCOMPARE(unlink(path("b.xmp").constData()), 0);
         QCOMPARE(import().summary.changed, 1);
         QCOMPARE(tags().value("b.jpg"), QStringList{QStringLiteral("one")});
-    }
-
-    void aTouchedFileKeepsItsTags()
-    {
-        writePicture(path("a.jpg"), {QStringLiteral("one")});
-        import();
-        const qint64 tag = ReadOnlyLibrary::open(m_library->path())->tags().value.first().id;
-        m_library->dataProvider()->tagAction()->renameTag(tag, QStringLiteral("renamed"));
-        QTRY_COMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
-
-        const timespec times[2] = {{0, UTIME_OMIT}, {1000, 1}};
-        QCOMPARE(utimensat(AT_FDCWD, path("a.jpg").constData(), times, 0), 0);
-        QCOMPARE(import().summary.changed, 1);
-        QCOMPARE(tags().value("a.jpg"), QStringList{QStringLiteral("renamed")});
-        QCOMPARE(import().summary.changed, 0);
-
-        writePicture(path("a.jpg"), {QStringLiteral("one"), QStringLiteral("two")});
-        QCOMPARE(import().summary.changed, 1);
-        QCOMPARE(tags().value("a.jpg"), (QStringList{QStringLiteral("renamed"), QStringLiteral("two")}));
     }
 
     void filesThatAnotherReaderReadAreReadAgain()

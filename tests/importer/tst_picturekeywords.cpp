@@ -14,6 +14,14 @@
 
 namespace {
 
+QByteArray packet(const QByteArray& body, const QByteArray& attributes = {})
+{
+    return "<x:xmpmeta xmlns:x='adobe:ns:meta/'>"
+           "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+           "<rdf:Description rdf:about='' xmlns:dc='http://purl.org/dc/elements/1.1/' " +
+           attributes + ">" + body + "</rdf:Description></rdf:RDF></x:xmpmeta>";
+}
+
 MetadataAnswer read(const QByteArray& path)
 {
     const RegularFile file = RegularFile::open(path);
@@ -69,11 +77,7 @@ private slots:
     {
         const auto keywordsOf = [this](const QByteArray& element, const QByteArray& attribute = {}) -> QString {
             const QByteArray body = element.isEmpty() ? QByteArray() : "<dc:subject>" + element + "</dc:subject>";
-            writeFile(path("unusual.xmp"),
-                      "<x:xmpmeta xmlns:x='adobe:ns:meta/'>"
-                      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-                      "<rdf:Description rdf:about='' xmlns:dc='http://purl.org/dc/elements/1.1/' " +
-                          attribute + '>' + body + "</rdf:Description></rdf:RDF></x:xmpmeta>");
+            writeFile(path("unusual.xmp"), packet(body, attribute));
             const MetadataAnswer answer = read(path("unusual.xmp"));
             return answer.error + answer.keywords.join(QLatin1Char('|'));
         };
@@ -116,12 +120,6 @@ private slots:
 
     void readsXmpThatBreaksTheRules()
     {
-        const auto packet = [](const QByteArray& body, const QByteArray& attributes = {}) -> QByteArray {
-            return "<x:xmpmeta xmlns:x='adobe:ns:meta/'>"
-                   "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-                   "<rdf:Description rdf:about='' xmlns:dc='http://purl.org/dc/elements/1.1/'" +
-                   attributes + ">" + body + "</rdf:Description></rdf:RDF></x:xmpmeta>";
-        };
         const QByteArray sea = "<dc:subject><rdf:Bag><rdf:li>Sea</rdf:li></rdf:Bag></dc:subject>";
         struct Case
         {

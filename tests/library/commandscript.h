@@ -33,39 +33,24 @@ public:
         const qint64 tag = m_random.bounded(1, 2 + m_step / 5);
         const qint64 category = m_random.bounded(1, 3 + m_step / 10);
         const int color = m_random.bounded(int(TagPalette::size));
-        switch (m_random.bounded(10)) {
-        case 0:
-            tags()->createTags({{name, 0, color}});
-            break;
-        case 1:
-            tags()->renameTag(tag, name);
-            break;
-        case 2:
-            tags()->setTagColor(tag, color);
-            break;
-        case 3:
-            tags()->deleteTags({tag});
-            break;
-        case 4:
-            tags()->addTagsToGroups({category}, {tag});
-            break;
-        case 5:
-            tags()->removeTagsFromGroups({category}, {tag});
-            break;
-        case 6:
-            categories()->addTagGroup(name);
-            break;
-        case 7:
-            categories()->renameTagGroup(category, name);
-            break;
-        case 8:
-            categories()->removeTagGroup(category);
-            break;
-        default:
-            (void)m_library->importAndWait(m_root, {{name.toUtf8(), {}, 1, {}, {{name}}}});
-            QMetaObject::invokeMethod(
-                this, [this] { m_answered(); }, Qt::QueuedConnection);
-        }
+        const std::function<void()> commands[] = {
+            [&] {
+                tags()->createTags({{name, 0, color}});
+            },
+            [&] { tags()->renameTag(tag, name); },
+            [&] { tags()->setTagColor(tag, color); },
+            [&] { tags()->deleteTags({tag}); },
+            [&] { tags()->addTagsToGroups({category}, {tag}); },
+            [&] { tags()->removeTagsFromGroups({category}, {tag}); },
+            [&] { categories()->addTagGroup(name); },
+            [&] { categories()->renameTagGroup(category, name); },
+            [&] { categories()->removeTagGroup(category); },
+            [&] {
+                (void)m_library->importAndWait(m_root, {{name.toUtf8(), {}, 1, {}, {{name}}}});
+                QMetaObject::invokeMethod(
+                    this, [this] { m_answered(); }, Qt::QueuedConnection);
+            }};
+        commands[m_random.bounded(10)]();
     }
 
 private:

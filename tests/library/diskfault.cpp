@@ -41,10 +41,6 @@ ssize_t writeAt(int file, const void* data, size_t size, off_t offset)
         return failWith(ENOSPC);
     if (strikes(DiskFault::Kind::WriteError))
         return failWith(EIO);
-    if (kind == DiskFault::Kind::FillsUp && offset + off_t(size) > callsLeft) {
-        hasStruck = true;
-        return failWith(ENOSPC);
-    }
     if (strikes(DiskFault::Kind::LostWrite))
         return ssize_t(size);
     if (size > 1 && strikes(DiskFault::Kind::ShortWrite)) {

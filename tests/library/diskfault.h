@@ -14,7 +14,6 @@ public:
         Full,           ///< Writing says that there is no space left.
         WriteError,     ///< Writing fails.
         ShortWrite,     ///< Half of it is written, then there is no space left.
-        FillsUp,        ///< Files hold as many bytes as "after" says; writing beyond finds no space left.
         Kill,           ///< Writing kills the process.
         LostWrite,      ///< Writing claims to succeed, and nothing reaches the disk.
         ReadError,      ///< Reading fails.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/library/library.h"
+#include "tests/support/patience.h"
 
 #include <iresponseinfo.h>
 #include <itagaction.h>

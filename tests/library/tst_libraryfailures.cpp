@@ -177,42 +177,6 @@ private slots:
         QCOMPARE(database.number("PRAGMA busy_timeout"), before);
     }
 
-    void failingDiskDuringAnImport()
-    {
-        const QVector<ImportedFile> files = manyPictures();
-        const QStringList before = f->shown();
-        const qint64 root = f->library()->addRootAndWait("/p").rootId;
-        for (int after : {0, 1, 5, 9}) {
-            m_fault->set(DiskFault::Kind::Full, after);
-            const LibraryResult result = f->library()->importAndWait(root, files);
-            m_fault->clear();
-            QVERIFY(!result.succeeded());
-            QVERIFY(result.message.contains("full"));
-            QCOMPARE(f->stored(), before);
-        }
-        QCOMPARE(f->library()->importAndWait(root, files).numbers.filesAdded, 300);
-        QTRY_COMPARE(f->group(-1)->tagCount(1), 73);
-    }
-
-    /// Names of 100 kB, until a disk of 1 MB takes no more.
-    void diskThatFillsUp()
-    {
-        m_fault->set(DiskFault::Kind::FillsUp, 1 << 20);
-        int refused = 0;
-        for (int i = 0; i < 15; ++i) {
-            const QStringList before = f->shown();
-            const QString name = QString::number(i) + QString(100000, QLatin1Char('x'));
-            const int status = f->statusOf(f->tags()->createTags({{name, 0, 0}}));
-            QVERIFY(status == 0 || status == int(LibraryStatus::DiskFull));
-            QCOMPARE(f->shown() == before, status != 0);
-            refused += status != 0;
-            QCOMPARE(f->stored(), f->shown());
-        }
-        QVERIFY(refused > 0 && refused < 15);
-        m_fault->clear();
-        QVERIFY(f->createTags({"there is room again"}));
-    }
-
     /// A library that is opened, and asked for its files, while the disk fails at the first reading, at the second, and
     /// so on, says so or is right; the next time, it has everything.
     void failingReads()

@@ -203,18 +203,6 @@ private slots:
         QCOMPARE(log.count("answer 0"), 2);
     }
 
-    void providersOutliveTheLibrary()
-    {
-        const auto group = f->group(-1);
-        const auto tag = f->tag(2);
-        const auto manager = f->manager();
-        f->close();
-        QCOMPARE(tag->name(), QStringLiteral("two"));
-        QCOMPARE(group->tagCount(1), 3);
-        QCOMPARE(manager->tagGroup(-1), group);
-        QCOMPARE(group->tagByName("two"), tag);
-    }
-
 private:
     std::unique_ptr<LibraryFixture> f;
 };

@@ -4,7 +4,6 @@
 #include "pages/vlgrouplabel.h"
 #include "tests/support/installedhost.h"
 
-#include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -98,17 +97,6 @@ private slots:
         m_host->renameGroup(2, QStringLiteral("late"));
         QCOMPARE(header.count() + news.count(), 0);
         QVERIFY(!m_list->removeGroup(4));
-    }
-
-    void removalFromInsideTheTilesOwnSignals()
-    {
-        connect(m_list.get(), &CTagGroupShowWidgt::signSelectedChanged, this, [this] { m_list->removeGroup(4); });
-        connect(m_list.get(), &CTagGroupShowWidgt::signalClosePopup, this, [this] { m_list->removeGroup(2); });
-        const QPointer<CTagGroupItemWidget> clicked = tile(QStringLiteral("a"));
-        QTest::mouseClick(clicked, Qt::RightButton);
-        m_host->renameGroup(2, QStringLiteral("moved"));
-        QCOMPARE(shownNames(*m_list), QStringLiteral("A +"));
-        QTRY_VERIFY(!clicked);
     }
 
     void namesWrapToTwoLines()

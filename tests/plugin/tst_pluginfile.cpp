@@ -161,7 +161,7 @@ private slots:
     {
         MemoryHost host({QStringLiteral("apple"), QString::fromUtf8("中国")});
         host.addGroup(QStringLiteral("Fruit"));
-        for (int round = 0; round < 100; ++round) {
+        for (int round = 0; round < 30; ++round) {
             LoadedPlugin loaded;
             QVERIFY2(loaded.tagManager, qPrintable(loaded.loader.errorString()));
             loaded.tagManager->setTagColorProvider(host.palette());

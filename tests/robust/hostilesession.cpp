@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tests/robust/hostilesession.h"
 
+#include "plugin/state/vltagmanagersingleton.h"
+#include "taglist/vltaggrouplistview.h"
+
 #include <QMenu>
 
 namespace {
@@ -12,6 +15,95 @@ QStringList manyNames()
         names.append("ball " + QString::number(i));
     return names;
 }
+
+const QVector<qint64> tags{1, 2, 3, 5, 6};
+
+void sendStrangeIds(HostileSession& s)
+{
+    const QVector<QVector<qint64>> strange{{}, {4711, -3, 0}, {5, 5, 5}, {1, 2, 1}, {4711, -2, 0, 1, -1}};
+    for (const qint64 id : {-1, 0, 1, 2}) {
+        const auto group = s.host.group(id);
+        if (!group)
+            continue;
+        for (const auto& ids : strange) {
+            emit group->signalAddTags(ids);
+            emit group->signalUpdated();
+        }
+        emit group->signalRemoveTags({});
+        emit group->signalRemoveTags({4711, -3, -3});
+    }
+    for (const auto& ids : strange)
+        emit s.host.manager()->signalAddTagGroups(ids);
+    emit s.host.manager()->signalRemoveTagGroups({4711, -2, -1, 0, 1});
+}
+
+/// Signals may lie about what the library holds.
+const QVector<HostileDeed> deeds{
+    {"addTags", [](HostileSession& s) { s.host.addTags(QString("awl|bulb 2|new letter").split('|')); }},
+    {"removeTags", [](HostileSession& s) { s.host.removeTags(tags); }},
+    {"updateTags",
+     [](HostileSession& s) {
+         for (const qint64 id : tags)
+             s.host.setFileCount(id, 77);
+     }},
+    {"renameTags",
+     [](HostileSession& s) {
+         for (const qint64 id : tags)
+             s.host.renameTag(id, "odd " + QString::number(id));
+     }},
+    {"addGroups", [](HostileSession& s) { s.host.addGroups(QString("Aa|Zz").split('|')); }},
+    {"removeGroups",
+     [](HostileSession& s) {
+         s.host.removeGroups({2, 3, 4});
+     }},
+    {"renameGroups",
+     [](HostileSession& s) {
+         s.host.renameGroup(2, "Yy");
+         s.host.renameGroup(3, "Ab");
+     }},
+    {"moveTags",
+     [](HostileSession& s) {
+         s.host.removeTagsFromGroups({2}, tags);
+         s.host.addTagsToGroups({3}, tags);
+     }},
+    {"strangeIds", sendStrangeIds},
+    {"clearProvider", [](HostileSession&) { VLTagManagerSingleton::instance()->clear(); }, false},
+    {"replaceProvider",
+     [](HostileSession& s) {
+         s.host.install();
+         if (s.user && s.user->list())
+             s.user->list()->setDataProvider({});
+     },
+     false},
+    {"selectOther",
+     [](HostileSession& s) {
+         if (s.user)
+             s.user->clickTile(s.user->tile(QString()));
+     }},
+    {"reload",
+     [](HostileSession& s) {
+         if (s.user && s.user->list())
+             s.user->list()->reload(s.user->searchText(s.user->currentPage()));
+     }},
+    {"dropRecords",
+     [](HostileSession& s) {
+         s.host.setAnswers(MemoryHost::Answers::OnDemand);
+         for (const qint64 id : tags) {
+             if (const auto tag = s.host.tag(id))
+                 tag->dropRecord();
+         }
+         for (const auto& group : qAsConst(s.host.manager()->groups))
+             group->dropRecord();
+         s.host.memoryLibrary()->manager.reset();
+     },
+     false},
+    {"deleteWindow",
+     [](HostileSession& s) {
+         if (s.user)
+             s.user->closeWindow();
+     },
+     false},
+};
 
 using Step = void (*)(WindowUser&, MemoryHost&);
 
@@ -123,4 +215,9 @@ void HostileSession::openCategories()
 {
     user = std::make_unique<WindowUser>();
     user->selectPage(WindowUser::Categories);
+}
+
+const QVector<HostileDeed>& hostileDeeds()
+{
+    return deeds;
 }

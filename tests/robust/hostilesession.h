@@ -23,3 +23,13 @@ struct HostileSession
     HostileHost host;
     std::unique_ptr<WindowUser> user;
 };
+
+/// What a host does at the worst moment.
+struct HostileDeed
+{
+    const char* name;
+    void (*run)(HostileSession&);
+    bool keepsPage = true;  ///< The page of all tags still follows the library afterwards.
+};
+
+const QVector<HostileDeed>& hostileDeeds();

@@ -283,7 +283,7 @@ QString RandomWalk::walk(const WalkStep& step)
         shown << QStringLiteral("choice ") + name;
     shown += user.chips();
     QStringList colors;
-    for (const TagColorEntry& entry : qAsConst(host.palette()->entries))
+    for (const TagColorEntry& entry : qAsConst(host.palette()->m_entries))
         colors << entry.color;
     check("window", shown.join('\n'), model.expected(colors).join('\n'));
     if (step.seed % stepsPerLook == 0)
@@ -345,9 +345,9 @@ qint64 RandomWalk::someGroup()
 
 void RandomWalk::addTags()
 {
-    QVector<MemoryTagSpec> specs;
+    QVector<example::NewTag> specs;
     for (int count = number(5) == 0 ? 25 : number(3) + 1; count > 0 && model.tags.size() < tagLimit; --count) {
-        const MemoryTagSpec spec{someTagName(), number(8), number(1000)};
+        const example::NewTag spec{someTagName(), number(8), number(1000)};
         if (model.tagId(spec.name) != 0)
             continue;
         specs << spec;

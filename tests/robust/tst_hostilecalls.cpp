@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "plugin/state/tagitem.h"
-#include "plugin/state/vltagmanagersingleton.h"
 #include "plugin/vltagmnagerplugin.h"
 #include "taglist/initialletter.h"
-#include "taglist/vltaggrouplistview.h"
 #include "tests/robust/hostilesession.h"
 #include "tests/support/gestures.h"
 
@@ -13,94 +11,8 @@
 
 namespace {
 
-using Deed = void (*)(HostileSession&);
-
-struct NamedDeed
-{
-    const char* name;
-    Deed run;
-    bool keepsPage = true;  ///< The page of all tags still follows the library afterwards.
-};
-
-const QVector<qint64> tags{1, 2, 3, 5, 6};
-
-void sendStrangeIds(HostileSession& s)
-{
-    const QVector<QVector<qint64>> strange{{}, {4711, -3, 0}, {5, 5, 5}, {1, 2, 1}, {4711, -2, 0, 1, -1}};
-    for (const qint64 id : {-1, 0, 1, 2}) {
-        const auto group = s.host.group(id);
-        if (!group)
-            continue;
-        for (const auto& ids : strange) {
-            emit group->signalAddTags(ids);
-            emit group->signalUpdated();
-        }
-        emit group->signalRemoveTags({});
-        emit group->signalRemoveTags({4711, -3, -3});
-    }
-    for (const auto& ids : strange)
-        emit s.host.manager()->signalAddTagGroups(ids);
-    emit s.host.manager()->signalRemoveTagGroups({4711, -2, -1, 0, 1});
-}
-
-/// What is done from inside a call. Signals may lie about what the library holds.
-const QVector<NamedDeed> deeds{
-    {"addTags", [](HostileSession& s) { s.host.addTags(QString("awl|bulb 2|new letter").split('|')); }},
-    {"removeTags", [](HostileSession& s) { s.host.removeTags(tags); }},
-    {"updateTags",
-     [](HostileSession& s) {
-         for (const qint64 id : tags)
-             s.host.setFileCount(id, 77);
-     }},
-    {"renameTags",
-     [](HostileSession& s) {
-         for (const qint64 id : tags)
-             s.host.renameTag(id, "odd " + QString::number(id));
-     }},
-    {"addGroups", [](HostileSession& s) { s.host.addGroups(QString("Aa|Zz").split('|')); }},
-    {"removeGroups",
-     [](HostileSession& s) {
-         s.host.removeGroups({2, 3, 4});
-     }},
-    {"renameGroups",
-     [](HostileSession& s) {
-         s.host.renameGroup(2, "Yy");
-         s.host.renameGroup(3, "Ab");
-     }},
-    {"moveTags",
-     [](HostileSession& s) {
-         s.host.removeTagsFromGroups({2}, tags);
-         s.host.addTagsToGroups({3}, tags);
-     }},
-    {"strangeIds", sendStrangeIds},
-    {"clearProvider", [](HostileSession&) { VLTagManagerSingleton::instance()->clear(); }, false},
-    {"replaceProvider",
-     [](HostileSession& s) {
-         s.host.install();
-         if (s.user && s.user->list())
-             s.user->list()->setDataProvider({});
-     },
-     false},
-    {"selectOther",
-     [](HostileSession& s) {
-         if (s.user)
-             s.user->clickTile(s.user->tile(QString()));
-     }},
-    {"reload",
-     [](HostileSession& s) {
-         if (s.user && s.user->list())
-             s.user->list()->reload(s.user->searchText(s.user->currentPage()));
-     }},
-    {"deleteWindow",
-     [](HostileSession& s) {
-         if (s.user)
-             s.user->closeWindow();
-     },
-     false},
-};
-
 /// Runs every step and does \a deed from inside the call of that number, from 0.
-void play(HostileSession& s, int callNumber, Deed deed)
+void play(HostileSession& s, int callNumber, void (*deed)(HostileSession&))
 {
     int calls = 0;
     s.host.setInsideCall([&](const char*) {
@@ -198,16 +110,16 @@ private slots:
     void deedsInsideCalls_data()
     {
         QTest::addColumn<int>("number");
-        for (int i = 0; i < deeds.size(); ++i)
-            QTest::newRow(deeds.at(i).name) << i;
+        for (int i = 0; i < hostileDeeds().size(); ++i)
+            QTest::newRow(hostileDeeds().at(i).name) << i;
     }
 
     void deedsInsideCalls()
     {
         QFETCH(const int, number);
-        const NamedDeed& deed = deeds.at(number);
+        const HostileDeed& deed = hostileDeeds().at(number);
         // The short form takes other calls for each deed.
-        const int stride = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS") ? 1 : 25;
+        const int stride = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS") ? 1 : 40;
         for (int i = number % stride; i < m_calls.size(); i += stride) {
             HostileSession s;
             play(s, m_calls.at(i), deed.run);

@@ -2,7 +2,6 @@
 #include "dialogs/vlmessagebox.h"
 #include "dialogs/vltagmodifywidget.h"
 #include "pages/ctaggroupitemwidget.h"
-#include "plugin/state/vltagmanagersingleton.h"
 #include "taglist/vltaggrouplistview.h"
 #include "taglist/vltaglistview.h"
 #include "tests/robust/hostilesession.h"
@@ -18,38 +17,14 @@ namespace {
 
 using Change = void (*)(HostileSession&);
 
-const QVector<QPair<const char*, Change>> changes{
-    {"cleared", [](HostileSession&) { VLTagManagerSingleton::instance()->clear(); }},
-    {"replaced",
-     [](HostileSession& session) {
-         static const MemoryHost other({"elsewhere"});
-         VLTagManagerSingleton::instance()->setDataProvider(other.library());
-         session.host.addTag("late");
-     }},
-    {"emptied",
-     [](HostileSession& session) {
-         session.host.removeGroups({2, 3});
-         session.host.removeTags({1, 2, 3, 4, 5});
-     }},
-    {"dropped",
-     [](HostileSession& session) {
-         MemoryHost& host = session.host;
-         host.setAnswers(MemoryHost::Answers::OnDemand);
-         for (const qint64 id : {1, 2, 3, 4, 5})
-             host.tag(id)->dropRecord();
-         for (const qint64 id : {2, 3})
-             host.group(id)->dropRecord();
-         host.manager()->groups.clear();
-         host.memoryLibrary()->manager.reset();
-     }},
-    {"window closed", [](HostileSession& session) { session.user->closeWindow(); }},
-};
-
+/// The worst of what a host may do.
 void addChangeRows()
 {
     QTest::addColumn<Change>("change");
-    for (const auto& [name, change] : changes)
-        QTest::newRow(name) << change;
+    for (const HostileDeed& deed : hostileDeeds()) {
+        if (!deed.keepsPage)
+            QTest::newRow(deed.name) << deed.run;
+    }
 }
 
 /// Confirms whatever dialog is open.

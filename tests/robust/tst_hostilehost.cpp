@@ -106,14 +106,10 @@ private slots:
         host.setAnswers(MemoryHost::Answers::OnDemand);
         session.play();
         const auto failure = MemoryHost::response(3, "no");
-        auto rejecting = MemoryHost::response();
-        rejecting->tags.append(nullptr);
-        rejecting->files.append(QSharedPointer<QString>::create("file"));
         QVERIFY(host.requests().size() > 3);
         for (int round = 0; round < 2; ++round) {
             for (const MemoryRequest& request : host.requests()) {
-                for (const auto& response :
-                     {QSharedPointer<MemoryResponse>(), failure, rejecting, MemoryHost::response()})
+                for (const auto& response : {QSharedPointer<example::Response>(), failure, MemoryHost::response()})
                     host.answer(request, response);
             }
             for (const qint64 id : {Q_INT64_C(-1), Q_INT64_C(0), std::numeric_limits<qint64>::max()})
@@ -155,7 +151,9 @@ private slots:
             host.tag(id)->dropRecord();
         for (const auto& group : qAsConst(host.manager()->groups)) {
             const QSignalBlocker silent(group.data());
-            group->leave({1, 2, 3, 4, 5});
+            for (const qint64 id : {1, 2, 3, 4, 5})
+                group->leave(id);
+            group->announce();
         }
         session.play();
         QVERIFY(session.user->window());

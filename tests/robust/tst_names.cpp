@@ -114,27 +114,6 @@ private slots:
         QCOMPARE(problems, QStringList());
     }
 
-    void allTogether()
-    {
-        const QStringList names = namesOfAllScripts() + strangeNames();
-        QVERIFY(names.size() > 140);
-        InstalledHost host(names);
-        host.addGroups(names);
-        WindowUser user;
-        QCOMPARE(gestures::shownChips(user.list()), gestures::filedChips(names));
-        for (const int page : {WindowUser::AllTags, WindowUser::Categories, WindowUser::Favorites}) {
-            user.selectPage(page);
-            settle();
-            QVERIFY(!user.window()->grab().isNull());
-        }
-        user.selectPage(WindowUser::AllTags);
-        QCOMPARE(user.tiles().size(), names.size() + 1);
-        QCOMPARE(user.groupChoices(), names);
-        for (const QString& name : names)
-            host.renameTag(host.tagId(name), QStringLiteral("x") + name);
-        QCOMPARE(gestures::shownChips(user.list()).size(), 1);
-    }
-
     void oneByOne_data()
     {
         QTest::addColumn<QString>("name");
@@ -160,17 +139,6 @@ private slots:
         const std::unique_ptr<QMimeData> dragged(makeTagMimeData(2));
         QCOMPARE(dragged->formats(), QStringList("TagManager_Group_List_View"));
         QCOMPARE(dragged->data(dragged->formats().first()), chipPayload(2));
-
-        // A search field takes no line feeds and no control characters.
-        if (name == name.trimmed() && !name.isEmpty() && name.at(0).isPrint()) {
-            const QString start = name.left(name.at(0).isHighSurrogate() ? 2 : 1);
-            user.search(start);
-            settle();
-            if (user.searchText(WindowUser::AllTags) == start)
-                QVERIFY(gestures::findChip(user.list(), name).view);
-            user.search({});
-            settle();
-        }
 
         QMenu* menu = user.openTagMenu(name);
         QVERIFY(menu);

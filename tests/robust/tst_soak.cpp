@@ -34,8 +34,7 @@ public:
     /// To the signals of results: each request leaves one for as long as the action object lives.
     int toResults() const
     {
-        return receiversOf(memoryLibrary()->tagActionObject.data()) +
-               receiversOf(memoryLibrary()->groupActionObject.data());
+        return receiversOf(memoryLibrary()->tagRequests.data()) + receiversOf(memoryLibrary()->groupRequests.data());
     }
 
 private:
@@ -57,6 +56,12 @@ private:
         return count;
     }
 };
+
+/// Which sees reads of memory that was never written, and takes fifty times as long.
+bool isUnderValgrind()
+{
+    return qEnvironmentVariableIsSet("VELLUM_VALGRIND");
+}
 
 /// Resident memory of this process in bytes; always 0 under a sanitizer, which keeps what was freed.
 qint64 residentMemory()
@@ -81,7 +86,7 @@ private slots:
     void nothingIsLeftBehind()
     {
         const MessageCatcher log;
-        QStringList names;
+        QStringList names{"山水", "été", "🐱 cat"};
         for (int i = 0; i < 50; ++i)
             names.append(QChar('a' + i % 26) + QString::number(i));
         Connections host(names);
@@ -90,10 +95,10 @@ private slots:
         const int topLevelsBefore = QApplication::allWidgets().size();
         const int dataBefore = host.toData();
 
-        constexpr int warmUp = 15;
+        const int warmUp = isUnderValgrind() ? 1 : 15;
         constexpr int requestsOfAMinute = 7;
         const bool isLong = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS");
-        const int minutes = isLong ? 1200 : 120;
+        const int minutes = isUnderValgrind() ? 2 : isLong ? 1200 : 120;
         qint64 memoryBefore = 0;
         int resultsBefore = 0;
         for (int minute = 0; minute < minutes; ++minute) {
@@ -104,6 +109,7 @@ private slots:
             {
                 WindowUser user;
                 user.useForAMinute(host);
+                QVERIFY(!user.window()->grab().isNull());
             }
             host.clearRequests();
             QCOMPARE(host.toData(), dataBefore);
@@ -114,7 +120,7 @@ private slots:
         QCOMPARE(host.toResults() - resultsBefore, requestsOfAMinute * (minutes - warmUp));
         // The handlers, the ids that were given out and the allocator's slack; a window with its tags takes far more.
         const qint64 bytesOfAMinute = (residentMemory() - memoryBefore) / (minutes - warmUp);
-        QVERIFY2(bytesOfAMinute < 50000, qPrintable(QString::number(bytesOfAMinute)));
+        QVERIFY2(bytesOfAMinute < 50000 || isUnderValgrind(), qPrintable(QString::number(bytesOfAMinute)));
         QCOMPARE(log.problems(), QStringList());
     }
 };

@@ -117,15 +117,15 @@ public:
         return m_mind->tellUnless(HostLie::NullRecords, "groupInfo", m_truth->groupInfo());
     }
     qint64 groupId() const override { return m_mind->tell("groupId", m_truth->groupId()); }
-    int tags(TagHash* out) const override
+    int tags(example::TagsById* out) const override
     {
-        TagHash truth;
+        example::TagsById truth;
         m_truth->tags(&truth);
         return m_mind->tell("tags", tell(truth, out));
     }
-    int tagsByIds(const QVector<qint64>& ids, TagHash* out) const override
+    int tagsByIds(const QVector<qint64>& ids, example::TagsById* out) const override
     {
-        TagHash truth;
+        example::TagsById truth;
         if (m_mind->lie == HostLie::EverythingAlways)
             m_truth->tags(&truth);
         else if (m_mind->lie != HostLie::NullLookUps)
@@ -139,7 +139,7 @@ public:
     }
 
 private:
-    int tell(const TagHash& truth, TagHash* out) const
+    int tell(const example::TagsById& truth, example::TagsById* out) const
     {
         QList<qint64> ids = truth.keys();
         if (m_mind->lie == HostLie::WrongKeys && !ids.isEmpty())
@@ -189,11 +189,11 @@ public:
 class HostileLibrary final : public ILibraryDataProvider
 {
 public:
-    HostileLibrary(MindPointer mind, const MemoryLibrary& truth)
+    HostileLibrary(MindPointer mind, const example::Library& truth)
         : m_mind(std::move(mind))
         , m_manager(QSharedPointer<HostileManager>::create(m_mind, truth.manager))
-        , m_tagAction(truth.tagActionObject)
-        , m_groupAction(truth.groupActionObject)
+        , m_tagAction(truth.tagRequests)
+        , m_groupAction(truth.groupRequests)
     {
     }
 

@@ -3,6 +3,7 @@
 
 #include "plugin/state/vltagmanagersingleton.h"
 #include "tests/support/memoryhost.h"
+#include "tests/support/patience.h"
 
 /// A host in memory that the shared state uses while this object lives.
 class InstalledHost : public MemoryHost

@@ -1,198 +1,178 @@
 // SPDX-License-Identifier: MIT
 #include "tests/support/memoryhost.h"
 
-#include "tests/support/memoryactions.h"
-
 #include <QPointer>
-
-#include <algorithm>
 
 namespace {
 
-constexpr qint64 firstUserGroup = 2;
+template <typename Interface>
+class MemoryAction : public Interface
+{
+public:
+    explicit MemoryAction(MemoryHost* host)
+        : m_host(host)
+    {
+    }
+
+protected:
+    qint64 take(const MemoryRequest& request) { return m_host ? m_host->take(request) : 0; }
+
+    const QPointer<MemoryHost> m_host;
+};
+
+class MemoryTagAction final : public MemoryAction<ITagAction>
+{
+public:
+    using MemoryAction::MemoryAction;
+
+    qint64 createTags(const QVector<NewTagRecord>& tags) override
+    {
+        QStringList names;
+        QVector<example::NewTag> added;
+        for (const NewTagRecord& tag : tags) {
+            names.append(tag.name);
+            added.append({tag.name, tag.colorIndex});
+        }
+        return take({"createTags", {}, {}, names, [=] { m_host->addTags(added); }});
+    }
+    qint64 renameTag(qint64 tagId, const QString& newName) override
+    {
+        return take({"renameTag", {}, {tagId}, {newName}, [=] { m_host->renameTag(tagId, newName); }});
+    }
+    qint64 setTagColor(qint64 tagId, int colorIndex) override
+    {
+        return take({"setTagColor", {}, {tagId}, {}, [=] { m_host->setTagColor(tagId, colorIndex); }});
+    }
+    qint64 deleteTags(const QVector<qint64>& tagIds) override
+    {
+        return take({"deleteTags", {}, tagIds, {}, [=] { m_host->removeTags(tagIds); }});
+    }
+    qint64 addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) override
+    {
+        return take({"addTagsToGroups", groupIds, tagIds, {}, [=] { m_host->addTagsToGroups(groupIds, tagIds); }});
+    }
+    qint64 removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds) override
+    {
+        return take(
+            {"removeTagsFromGroups", groupIds, tagIds, {}, [=] { m_host->removeTagsFromGroups(groupIds, tagIds); }});
+    }
+};
+
+class MemoryGroupAction final : public MemoryAction<ITagGroupAction>
+{
+public:
+    using MemoryAction::MemoryAction;
+
+    qint64 addTagGroup(const QString& name) override
+    {
+        return take({"addTagGroup", {}, {}, {name}, [=] { m_host->addGroup(name); }});
+    }
+    qint64 removeTagGroup(qint64 groupId) override
+    {
+        return take({"removeTagGroup", {groupId}, {}, {}, [=] { m_host->removeGroup(groupId); }});
+    }
+    qint64 renameTagGroup(qint64 groupId, const QString& newName) override
+    {
+        return take({"renameTagGroup", {groupId}, {}, {newName}, [=] { m_host->renameGroup(groupId, newName); }});
+    }
+};
+
+QStringList texts(const QVector<qint64>& ids)
+{
+    QStringList texts;
+    for (const qint64 id : ids)
+        texts.append(QString::number(id));
+    return texts;
+}
 
 }  // namespace
 
-MemoryHost::MemoryHost(QObject* parent)
-    : QObject(parent)
-    , m_library(QSharedPointer<MemoryLibrary>::create())
+QString MemoryRequest::text() const
 {
-    const auto sink = [host = QPointer<MemoryHost>(this)](const MemoryRequest& request) {
-        return host ? host->takeRequest(request) : qint64(0);
-    };
-    m_library->tagActionObject = QSharedPointer<MemoryTagAction>::create(sink);
-    m_library->groupActionObject = QSharedPointer<MemoryGroupAction>::create(sink);
-    m_library->manager = QSharedPointer<MemoryManager>::create();
-    auto& groups = m_library->manager->groups;
-    groups[AllTags] = QSharedPointer<MemoryGroup>::create(AllTags, QStringLiteral("All Tags"));
-    groups[Uncategorized] = QSharedPointer<MemoryGroup>::create(Uncategorized, QStringLiteral("Uncategorized"));
-    groups[Favorites] = QSharedPointer<MemoryGroup>::create(Favorites, QStringLiteral("Favorites"));
+    QString text = operation;
+    for (const auto& [title, values] :
+         {std::make_pair(" groups ", texts(groups)), {" tags ", texts(tags)}, {" names ", names}})
+        text += values.isEmpty() ? QString() : title + values.join(QLatin1Char(','));
+    return text;
 }
 
 MemoryHost::MemoryHost(const QStringList& tagNames)
-    : MemoryHost()
 {
+    m_library->manager = sharedManager();
+    m_library->tagRequests = QSharedPointer<MemoryTagAction>::create(this);
+    m_library->groupRequests = QSharedPointer<MemoryGroupAction>::create(this);
     addTags(tagNames);
 }
 
 MemoryHost::~MemoryHost() = default;
 
-qint64 MemoryHost::tagId(const QString& name) const
-{
-    const auto found =
-        std::find_if(m_tags.cbegin(), m_tags.cend(), [&](const auto& tag) { return tag->name() == name; });
-    return found == m_tags.cend() ? 0 : found.key();
-}
-
-qint64 MemoryHost::addTag(const QString& name, int colorIndex, int fileCount)
-{
-    return addTags(QVector<MemoryTagSpec>{{name, colorIndex, fileCount}}).constFirst();
-}
-
-QVector<qint64> MemoryHost::addTags(const QVector<MemoryTagSpec>& tags)
-{
-    TagHash added;
-    QVector<qint64> ids;
-    added.reserve(tags.size());
-    for (const MemoryTagSpec& spec : tags) {
-        const qint64 id = m_nextTagId++;
-        const auto tag = QSharedPointer<MemoryTag>::create(id, spec.name, spec.colorIndex, spec.fileCount);
-        m_tags.insert(id, tag);
-        added.insert(id, tag);
-        ids.append(id);
-    }
-    group(AllTags)->join(added);
-    group(Uncategorized)->join(added);
-    return ids;
-}
-
-QVector<qint64> MemoryHost::addTags(const QStringList& names)
-{
-    QVector<MemoryTagSpec> specs;
-    for (const QString& name : names)
-        specs.append({name});
-    return addTags(specs);
-}
-
-void MemoryHost::renameTag(qint64 tagId, const QString& name)
-{
-    if (const auto renamed = tag(tagId))
-        renamed->setName(name);
-}
-
-void MemoryHost::setTagColor(qint64 tagId, int colorIndex)
-{
-    if (const auto colored = tag(tagId))
-        colored->setColorIndex(colorIndex);
-}
-
-void MemoryHost::setFileCount(qint64 tagId, int fileCount)
-{
-    if (const auto counted = tag(tagId))
-        counted->setFileCount(fileCount);
-}
-
-void MemoryHost::removeTags(const QVector<qint64>& tagIds)
-{
-    for (const qint64 id : tagIds) {
-        m_userGroupCounts.remove(id);
-        if (const auto removed = m_tags.take(id))
-            removed->dropRecord();
-    }
-    const auto groups = manager()->groups;
-    for (const auto& group : groups)
-        group->leave(tagIds);
-}
-
 void MemoryHost::setFavorite(qint64 tagId, bool favorite)
 {
-    if (favorite)
-        group(Favorites)->join(pick({tagId}));
+    favorite ? addTagsToGroups({Favorites}, {tagId}) : removeTagsFromGroups({Favorites}, {tagId});
+}
+
+void MemoryHost::refuseWith(int status, const QString& message)
+{
+    m_refusal = status != 0 ? response(status, message) : nullptr;
+}
+
+QStringList MemoryHost::requestTexts() const
+{
+    QStringList texts;
+    for (const MemoryRequest& request : m_requests)
+        texts.append(request.text());
+    return texts;
+}
+
+QSharedPointer<example::Response> MemoryHost::response(int status, const QString& message)
+{
+    return QSharedPointer<example::Response>::create(status, message);
+}
+
+qint64 MemoryHost::take(MemoryRequest request)
+{
+    request.id = ++m_lastRequestId;
+    m_requests.append(request);
+    if (m_answers == Answers::AtOnce)
+        process(request);
+    else if (m_answers == Answers::Later)
+        QMetaObject::invokeMethod(
+            this, [this, request] { process(request); }, Qt::QueuedConnection);
+    requestTaken(request.operation);
+    return request.id;
+}
+
+void MemoryHost::process(const MemoryRequest& request)
+{
+    const QString reason = refusal(request);
+    answer(request, m_refusal ? m_refusal : response(reason.isEmpty() ? 0 : 1, reason));
+    if (!m_refusal && reason.isEmpty())
+        request.carryOut();
+}
+
+QString MemoryHost::refusal(const MemoryRequest& request) const
+{
+    for (const QString& name : request.names) {
+        if (name.trimmed().isEmpty())
+            return QStringLiteral("The name is empty.");
+        if (request.operation.endsWith(QLatin1String("Group")) ? !manager()->tagGroupByName(name).isNull()
+                                                               : tagId(name) != 0)
+            return QStringLiteral("The name is taken.");
+    }
+    return {};
+}
+
+void MemoryHost::answer(const MemoryRequest& request, const QSharedPointer<const IResponseInfo>& response)
+{
+    const auto library = m_library;
+    if (request.operation.endsWith(QLatin1String("Group")))
+        emit library->groupRequests->signalTagGroupResult(request.id, response);
     else
-        group(Favorites)->leave({tagId});
+        emit library->tagRequests->signalTagResult(request.id, response);
 }
 
-QVector<qint64> MemoryHost::addGroups(const QStringList& names)
+void MemoryHost::answerForeign(qint64 requestId, const QSharedPointer<const IResponseInfo>& response)
 {
-    QVector<qint64> ids;
-    for (const QString& name : names) {
-        ids.append(m_nextGroupId++);
-        manager()->groups[ids.last()] = QSharedPointer<MemoryGroup>::create(ids.last(), name);
-    }
-    emit manager()->signalAddTagGroups(ids);
-    return ids;
-}
-
-void MemoryHost::renameGroup(qint64 groupId, const QString& name)
-{
-    if (const auto renamed = group(groupId))
-        renamed->setName(name);
-}
-
-void MemoryHost::removeGroups(const QVector<qint64>& groupIds)
-{
-    QVector<qint64> freed;
-    for (const qint64 id : groupIds) {
-        if (id < firstUserGroup)
-            continue;
-        const auto removed = manager()->groups.take(id);
-        if (!removed)
-            continue;
-        removed->dropRecord();
-        for (const qint64 tagId : removed->tagIds())
-            --m_userGroupCounts[tagId];
-        freed += removed->tagIds();
-    }
-    emit manager()->signalRemoveTagGroups(groupIds);
-    updateUncategorized(freed);
-}
-
-void MemoryHost::addTagsToGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
-{
-    const TagHash tags = pick(tagIds);
-    for (const qint64 groupId : groupIds) {
-        const auto joined = groupId < Favorites ? nullptr : group(groupId);
-        if (!joined)
-            continue;
-        for (auto it = tags.keyBegin(); it != tags.keyEnd() && groupId >= firstUserGroup; ++it)
-            m_userGroupCounts[*it] += joined->contains(*it) ? 0 : 1;
-        joined->join(tags);
-    }
-    updateUncategorized(tagIds);
-}
-
-void MemoryHost::removeTagsFromGroups(const QVector<qint64>& groupIds, const QVector<qint64>& tagIds)
-{
-    const TagHash tags = pick(tagIds);
-    for (const qint64 groupId : groupIds) {
-        const auto left = groupId < Favorites ? nullptr : group(groupId);
-        if (!left)
-            continue;
-        for (auto it = tags.keyBegin(); it != tags.keyEnd() && groupId >= firstUserGroup; ++it)
-            m_userGroupCounts[*it] -= left->contains(*it) ? 1 : 0;
-        left->leave(tagIds);
-    }
-    updateUncategorized(tagIds);
-}
-
-TagHash MemoryHost::pick(const QVector<qint64>& tagIds) const
-{
-    TagHash tags;
-    for (const qint64 id : tagIds) {
-        if (const auto found = tag(id))
-            tags.insert(id, found);
-    }
-    return tags;
-}
-
-void MemoryHost::updateUncategorized(const QVector<qint64>& tagIds)
-{
-    TagHash free = pick(tagIds);
-    QVector<qint64> filed;
-    for (const qint64 id : tagIds) {
-        if (m_userGroupCounts.value(id) > 0 && free.remove(id) > 0)
-            filed.append(id);
-    }
-    group(Uncategorized)->leave(filed);
-    group(Uncategorized)->join(free);
+    emit m_library->tagRequests->signalTagResult(requestId, response);
+    emit m_library->groupRequests->signalTagGroupResult(requestId, response);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "tests/support/patience.h"
+
 #include <ivltagmanagerwidget.h>
 
 #include <QPointer>

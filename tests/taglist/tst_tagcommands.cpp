@@ -51,7 +51,7 @@ const QVector<Command> commands{
              user.chooseColor(4);
      },
      "VLTagGroupListView::slotSetTagColor tagId: 1",
-     {"SendBClickLabelMenu|Set Color|green"},
+     {"SendBClickLabelMenu|Set Color|Green"},
      "VLTagGroupListView::slotSetTagColor failed. Message:"},
     {[](WindowUser& user) {
          user.list()->slotAddTag();
@@ -161,16 +161,6 @@ private slots:
         user.list()->slotDetachTag(1);
         settle();
         QCOMPARE(log.take(), QStringList("VLTagGroupListView::slotDelTag failed. Message: \"disk full\""));
-    }
-
-    void manyCategoriesLeaveTheListAsItIs()
-    {
-        InstalledHost host({"apple"});
-        host.addGroups(QString("1 2 3 4 5 6 7 8 9 10 11 12").split(' '));
-        WindowUser user;
-        QVERIFY(user.openTagMenu("apple"));
-        QCOMPARE(user.list()->findChild<VLGroupListMenu*>()->size(), QSize(168, 230));
-        QCOMPARE(user.list()->findChild<QMenu*>("tag_manager_menu")->height(), 230);
     }
 
     void categoriesAddedAfterARemovalCanBeReached()

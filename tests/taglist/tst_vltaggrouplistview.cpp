@@ -6,12 +6,9 @@
 #include "tests/support/installedhost.h"
 
 #include <QLayout>
-#include <QRandomGenerator>
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QtTest>
-
-#include <numeric>
 
 using gestures::shownChips;
 
@@ -75,45 +72,6 @@ private slots:
         QCOMPARE(shownChips(page.list), QStringList({"B: back"}));
     }
 
-    void providerCanBeReplaced()
-    {
-        InstalledHost host({"apple", "bee"});
-        const qint64 group = host.addGroup(QStringLiteral("group"));
-        host.addTagsToGroups({group}, {host.tagId("bee")});
-        const Page page(host);
-        page.list->setDataProvider(host.group(group));
-        host.addTag(QStringLiteral("not in the group"));
-        QCOMPARE(shownChips(page.list), QStringList({"B: bee"}));
-        page.list->setDataProvider({});
-        host.addTagsToGroups({group}, {host.tagId("apple")});
-        page.list->slotAddTagsCallBack({1});
-        page.list->slotTagUpdateNoMatch({1});
-        QVERIFY(shownChips(page.list).isEmpty());
-    }
-
-    void anotherOrderOfFillingGivesTheSamePixels()
-    {
-        QRandomGenerator random(3);
-        QStringList tagNames;
-        const QString initials = QString::fromUtf8("abcdefghijklmnopqrstuvwxyzAÉñß1@山中文あ한");
-        for (int i = 0; i < 1000; ++i)
-            tagNames.append(initials.at(random.bounded(initials.size())) + QString::number(random.bounded(1000000)));
-        InstalledHost bulkHost(tagNames);
-        const Page bulk(bulkHost);
-        QVector<qint64> leaving(300);
-        std::iota(leaving.begin(), leaving.end(), 100);
-        InstalledHost singleHost;
-        const Page single(singleHost);
-        for (const QString& name : qAsConst(tagNames))
-            singleHost.addTag(name);
-        bulkHost.removeTags(leaving);
-        for (const qint64 id : qAsConst(leaving))
-            singleHost.removeTags({id});
-        QTRY_VERIFY(standInAColumn(bulk.list) && standInAColumn(single.list));
-        QTRY_COMPARE(single.list->size(), bulk.list->size());
-        QCOMPARE(single.list->grab().toImage(), bulk.list->grab().toImage());
-    }
-
     void newSectionHasItsPlaceAtOnce()
     {
         InstalledHost host({"apple", "cat"});
@@ -121,19 +79,6 @@ private slots:
         QTRY_VERIFY(standInAColumn(page.list));
         host.addTag(QStringLiteral("bee"));
         QVERIFY(standInAColumn(page.list));
-    }
-
-    void sectionMayEmptyItselfInsideItsOwnEvent()
-    {
-        InstalledHost host({"apple", "bee"});
-        const Page page(host);
-        connect(page.list, &VLTagGroupListView::signalsCheckoutFile, this,
-                [&host](const QVector<qint64>& ids) { host.removeTags(ids); });
-        QVERIFY(gestures::doubleClickChip(page.list, QStringLiteral("apple")));
-        QCOMPARE(shownChips(page.list), QStringList({"B: bee"}));
-        connect(page.list, &VLTagGroupListView::signalsCheckoutFile, this, [&page] { page.list->setDataProvider({}); });
-        QVERIFY(gestures::doubleClickChip(page.list, QStringLiteral("bee")));
-        QVERIFY(shownChips(page.list).isEmpty());
     }
 
     void sectionsOwnSlotsAgreeWithTheHostsNews()

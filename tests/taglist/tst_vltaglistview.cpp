@@ -4,6 +4,7 @@
 #include "taglist/sortfilterproxymodel.h"
 #include "taglist/vltagdelegate.h"
 #include "tests/support/installedhost.h"
+#include "tests/support/windowuser.h"
 
 #include <vleventtrack.h>
 
@@ -60,16 +61,6 @@ public:
 private:
     QRegion* m_painted;
 };
-
-bool chipsOverlap(const VLTagListView& view)
-{
-    for (int row = 1; row < view.model()->rowCount(); ++row) {
-        const QRect before = view.visualRect(view.model()->index(row - 1, 0));
-        if (before.intersects(view.visualRect(view.model()->index(row, 0))))
-            return true;
-    }
-    return false;
-}
 
 /// A section as its owner sets it up, with the tags of these names.
 struct Section
@@ -144,23 +135,6 @@ private slots:
         QTRY_COMPARE(section.view.height(), 14 + 15);
     }
 
-    void renamedTagsMoveOrLeave()
-    {
-        Section section({"a1", "a2", "a3", "a4", "a5"});
-        QSignalSpy noMatch(&section.view, &VLTagListView::signalCharNoMatch);
-        section.host.renameTag(section.ids[0], "az is a much longer name than before");
-        section.host.renameTag(section.ids[4], "a");
-        QCOMPARE(names(section.view), QStringList({"a", "a2", "a3", "a4", "az is a much longer name than before"}));
-        QVERIFY(!chipsOverlap(section.view));
-        QTRY_COMPARE(section.view.height(), fittedHeight(section.view, 14, 15));
-        QCOMPARE(noMatch.count(), 0);
-        section.host.renameTag(section.ids[1], "banana");
-        QCOMPARE(noMatch.count(), 1);
-        QCOMPARE(noMatch[0][0].value<QVector<qint64>>(), QVector<qint64>{section.ids[1]});
-        QCOMPARE(names(section.view).constFirst(), QStringLiteral("a"));
-        QCOMPARE(names(section.view).size(), 4);
-    }
-
     void resultsStandByClosenessThenByCodeUnit()
     {
         // Units of one, two and three bytes in UTF-8, halves of emoji, and units that sort behind them.
@@ -196,7 +170,7 @@ private slots:
         view.setCurrentIndex(view.model()->index(0, 0));
         QRegion painted;
         PaintedRegion follower(view.viewport(), &painted);
-        QCoreApplication::processEvents();
+        settle();
         painted = {};
         QTest::keyClick(&view, Qt::Key_Right);
         const auto withRing = [&view](int row) {

@@ -65,14 +65,6 @@ QVector<QRect> childRects(const QWidget& widget)
     return rects;
 }
 
-void fillTall(QVBoxLayout* layout, int count, int height)
-{
-    layout->setContentsMargins(3, 16, 0, 0);
-    layout->setSpacing(0);
-    for (int i = 0; i < count; ++i)
-        layout->addWidget(fixedWidget(height, layout->parentWidget()));
-}
-
 }  // namespace
 
 class TestTallBoxLayout : public QObject
@@ -122,23 +114,6 @@ private slots:
         layout->activate();
         QCOMPARE(widgets.at(0)->geometry(), QRect(0, 0, 100, 20));
         QCOMPARE(widgets.at(2)->geometry(), QRect(0, 80, 100, 10));
-    }
-
-    void followsItemsThatComeAndGo()
-    {
-        QWidget column;
-        auto* layout = new VLTallBoxLayout(&column);
-        fillTall(layout, 3, 40);
-        column.resize(100, 400);
-        column.show();
-        QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 96);
-        layout->itemAt(1)->widget()->hide();
-        QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 56);
-        layout->itemAt(0)->widget()->setFixedHeight(10);
-        QTRY_COMPARE(layout->itemAt(2)->geometry().top(), 26);
-        delete layout->itemAt(0)->widget();
-        QTRY_COMPARE(layout->itemAt(1)->geometry().top(), 16);
-        QCOMPARE(layout->sizeHint().height(), 56);
     }
 };
 

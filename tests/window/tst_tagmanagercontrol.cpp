@@ -231,46 +231,48 @@ private slots:
     /// A host may delete the window from inside whatever it is notified of.
     void windowMayGoInEveryNotification()
     {
-        using Deed = void (*)(Controlled&);
-        const QVector<Deed> deeds = {
-            [](Controlled& c) { c.user.selectPage(WindowUser::Categories); },
-            [](Controlled& c) { c.user.search(QStringLiteral("z")); },
-            [](Controlled& c) {
-                c.control->focusSearch();
-                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-            },
-            [](Controlled& c) {
-                c.control->setSearchText(QStringLiteral("z"));
-                settle();
-                c.doubleClick(202);
-            },
-            [](Controlled& c) { c.user.clickTile(c.user.tile(QStringLiteral("Art"))); },
-            [](Controlled& c) { c.user.clickCreateTag(); },
-            [](Controlled& c) { WindowUser::choose(c.user.openGroupMenu(QStringLiteral("Art")), "Rename Category"); },
-            [](Controlled& c) {
-                c.user.clickCreateTag();
-                settle();
-                c.user.closeDialog();
-            }};
-        const QVector<const char*> signal = {SIGNAL(currentPageChanged(TagManagerPage)),
-                                             SIGNAL(searchTextChanged(TagManagerPage, QString)),
-                                             SIGNAL(searchSubmitted(TagManagerPage)),
-                                             SIGNAL(searchResultActivated(qint64)),
-                                             SIGNAL(selectedCategoryChanged(qint64)),
-                                             SIGNAL(nameInputStarted()),
-                                             SIGNAL(nameInputStarted()),
-                                             SIGNAL(nameInputFinished())};
-        for (int i = 0; i < deeds.size(); ++i) {
+        struct Case
+        {
+            const char* signal;
+            void (*deed)(Controlled&);
+            bool onCategories = false;
+        };
+        const QVector<Case> cases = {
+            {SIGNAL(currentPageChanged(TagManagerPage)),
+             [](Controlled& c) { c.user.selectPage(WindowUser::Categories); }},
+            {SIGNAL(searchTextChanged(TagManagerPage, QString)), [](Controlled& c) { c.user.search("z"); }},
+            {SIGNAL(searchSubmitted(TagManagerPage)),
+             [](Controlled& c) {
+                 c.control->focusSearch();
+                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+             }},
+            {SIGNAL(searchResultActivated(qint64)),
+             [](Controlled& c) {
+                 c.control->setSearchText("z");
+                 settle();
+                 c.doubleClick(202);
+             }},
+            {SIGNAL(selectedCategoryChanged(qint64)), [](Controlled& c) { c.user.clickTile(c.user.tile("Art")); },
+             true},
+            {SIGNAL(nameInputStarted()), [](Controlled& c) { c.user.clickCreateTag(); }},
+            {SIGNAL(nameInputStarted()),
+             [](Controlled& c) { WindowUser::choose(c.user.openGroupMenu("Art"), "Rename Category"); }, true},
+            {SIGNAL(nameInputFinished()), [](Controlled& c) {
+                 c.user.clickCreateTag();
+                 settle();
+                 c.user.closeDialog();
+             }}};
+        for (const Case& each : cases) {
             InstalledHost host;
             manyTags(host);
             Controlled c;
-            if (i == 4 || i == 6)
+            if (each.onCategories)
                 c.user.selectPage(WindowUser::Categories);
             m_leaver = &c.user;
-            QVERIFY(connect(c.control->events(), signal.at(i), this, SLOT(closeWindow())));
-            deeds.at(i)(c);
+            QVERIFY(connect(c.control->events(), each.signal, this, SLOT(closeWindow())));
+            each.deed(c);
             settle();
-            QVERIFY2(!c.user.window(), signal.at(i));
+            QVERIFY2(!c.user.window(), each.signal);
         }
     }
 

@@ -159,23 +159,6 @@ private slots:
         }
     }
 
-    void windowButtonsOnlyReport()
-    {
-        const InstalledHost host;
-        const OpenWindow open;
-        QStringList reports;
-        connect(open.window.get(), &IVLTagManagerWidget::signalSoftWareMin, this,
-                [&] { reports << QStringLiteral("min"); });
-        connect(open.window.get(), &IVLTagManagerWidget::signalSoftWareMax, this,
-                [&] { reports << QStringLiteral("max"); });
-        connect(open.window.get(), &IVLTagManagerWidget::signalSoftWareClose, this,
-                [&] { reports << QStringLiteral("close"); });
-        for (QPushButton* button : open.windowButtons())
-            QTest::mouseClick(button, Qt::LeftButton);
-        QCOMPARE(reports, QStringList({QStringLiteral("min"), QStringLiteral("max"), QStringLiteral("close")}));
-        QVERIFY(open.window->isVisible() && !open.window->isMaximized() && !open.window->isMinimized());
-    }
-
     void tabGoesThroughTheWindowAsItIsRead()
     {
         InstalledHost host({QStringLiteral("d"), QStringLiteral("b")});
