@@ -6,7 +6,6 @@
 
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <memory>
@@ -82,23 +81,6 @@ private slots:
             QCOMPARE(tileAt(single, row)->groupId(), tileAt(bulk, row)->groupId());
     }
 
-    void removedTileIsSilentAtOnce()
-    {
-        const auto provider = m_host->group(4);
-        QTest::mouseClick(tile(QStringLiteral("a")), Qt::LeftButton);
-        // The host drops the record before it tells anybody.
-        provider->dropRecord();
-        QVERIFY(m_list->removeGroup(4));
-        QCOMPARE(m_list->findChildren<CTagGroupItemWidget*>().size(), 3);
-        QSignalSpy header(m_list.get(), &CTagGroupShowWidgt::signalGroupInfoChanged);
-        QSignalSpy news(VLTagManagerSingleton::instance(), &VLTagManagerSingleton::signalUpdateGroupAction);
-        emit provider->signalUpdated();
-        m_list->removeGroup(2);
-        m_host->renameGroup(2, QStringLiteral("late"));
-        QCOMPARE(header.count() + news.count(), 0);
-        QVERIFY(!m_list->removeGroup(4));
-    }
-
     void namesWrapToTwoLines()
     {
         const QString faces = QStringLiteral("\U0001F600").repeated(10);
@@ -161,15 +143,6 @@ private:
         Groups all;
         m_host->manager()->tagGroups(all);
         return all;
-    }
-
-    CTagGroupItemWidget* tile(const QString& name) const
-    {
-        for (int row = 0; row < m_list->count(); ++row) {
-            if (shownText(tileAt(*m_list, row), QStringLiteral("tag_group_name_label")) == name)
-                return tileAt(*m_list, row);
-        }
-        return nullptr;
     }
 
     std::unique_ptr<InstalledHost> m_host;

@@ -141,24 +141,6 @@ private slots:
         settle();
     }
 
-    void tagsWhoseProviderIsGone()
-    {
-        HostileSession session;
-        session.user = std::make_unique<WindowUser>();
-        HostileHost& host = session.host;
-        // The library forgets its tags without a word.
-        for (const qint64 id : {1, 2, 3, 4, 5})
-            host.tag(id)->dropRecord();
-        for (const auto& group : qAsConst(host.manager()->groups)) {
-            const QSignalBlocker silent(group.data());
-            for (const qint64 id : {1, 2, 3, 4, 5})
-                group->leave(id);
-            group->announce();
-        }
-        session.play();
-        QVERIFY(session.user->window());
-    }
-
     void twoWindowsAndOneGoes()
     {
         HostileSession session;

@@ -31,23 +31,6 @@ private slots:
         }
     }
 
-    void brokenImagesPaintNothing()
-    {
-        VLSvgWidget widget{QString()};
-        widget.setFixedSize(16, 16);
-        const auto corner = [&widget] { return paint(widget, 1.0).pixelColor(14, 14); };
-        const QByteArray whole = "<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'>"
-                                 "<rect width='4' height='4' fill='#00ff00'/></svg>";
-        widget.setIcon(write(whole));
-        QCOMPARE(corner(), QColor(Qt::green));
-        for (const QByteArray& content : {QByteArray(), QByteArray("not an image"), whole.left(40)}) {
-            widget.setIcon(write(content));
-            QCOMPARE(corner().alpha(), 0);
-        }
-        widget.setIcon(m_directory.filePath(QStringLiteral("missing.svg")));
-        QCOMPARE(corner().alpha(), 0);
-    }
-
 private:
     QString write(const QByteArray& svg)
     {
