@@ -19,7 +19,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(ROOT / "tests" / "session"))
 
-from display import Display, wait_until  # noqa: E402
+from display import Display, Timeout, wait_until  # noqa: E402
 from picture import Picture  # noqa: E402
 from test_session import FIRST_TILE, LIST, RIGHT_HALF, Session, middle  # noqa: E402
 
@@ -42,11 +42,19 @@ class Pictures(Session):
         if not self.checks:
             picture.save(path)
             print(path.relative_to(ROOT), flush=True)
-            return
-        count = picture.differs(Picture.load(path), (0, 0, picture.width, picture.height)) if path.exists() else "all"
-        print(f"{path.relative_to(ROOT)}: {count} pixels are others", flush=True)
-        if count == "all" or count > BLINKING:
+        elif not path.exists() or not self.comes_to_show(Picture.load(path)):
             self.stale.append(path.name)
+
+    def comes_to_show(self, expected):
+        """Whether the window looks so, perhaps once what fades has faded."""
+        def is_shown():
+            picture = self.display.picture().crop(self.vellum.geometry())
+            return picture.differs(expected, (0, 0, picture.width, picture.height)) <= BLINKING
+
+        try:
+            return wait_until(is_shown, "the picture", deadline=5)
+        except Timeout:
+            return False
 
     def choose(self, chip, name):
         menu = self.open_menu(chip)
