@@ -35,6 +35,7 @@ LibraryResult LibraryWriter::carryOut(ChangeKind kind, const LibraryRequestBody&
 {
     LibraryResult result;
     try {
+        m_database->guard();
         m_database->requireInPlace();
         const bool hasFileChanged = m_database->hasFileChanged();
         LibraryTransaction transaction(*m_database, Kind::Writing, mayWait);
@@ -62,6 +63,7 @@ LibraryResult LibraryWriter::carryOut(ChangeKind kind, const LibraryRequestBody&
 LibraryWriter::ForeignChanges LibraryWriter::takeForeignChanges(QString* error)
 {
     try {
+        m_database->guard();
         m_database->requireInPlace();
         const bool hasFileChanged = m_database->hasFileChanged();
         const LibraryTransaction transaction(*m_database, Kind::Reading);

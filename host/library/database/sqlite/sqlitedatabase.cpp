@@ -12,6 +12,7 @@
 #include <QSqlError>
 #include <QUrl>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -36,6 +37,7 @@ SqliteDatabase::SqliteDatabase(const QString& path, Access access)
     , m_path(path)
     , m_access(access)
     , m_file(path)
+    , m_sharedMemory(QFile::encodeName(path) + "-shm")
 {
     QString options = QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(readingTimeout);
     if (access != Access::ReadWrite)
@@ -113,19 +115,17 @@ qint64 SqliteDatabase::foreignVersion()
 /// it is made anew from the log. By its name, since closing a descriptor of it would give up the locks on it.
 void SqliteDatabase::repairFiles()
 {
-    const QString path = m_path + QStringLiteral("-shm");
-    const qint64 size = QFileInfo(path).size();
-    if (size < m_sharedSize) {
-        const QByteArray name = QFile::encodeName(path);
-        if (::truncate(name.constData(), 0) == 0 && ::truncate(name.constData(), m_sharedSize) == 0)
-            return;
-    }
-    m_sharedSize = size;
+    struct stat status = {};
+    if (::stat(m_sharedMemory.constData(), &status) != 0)
+        return;
+    const bool isCut = status.st_size < m_sharedSize;
+    if (!isCut || ::truncate(m_sharedMemory.constData(), 0) != 0 ||
+        ::truncate(m_sharedMemory.constData(), m_sharedSize) != 0)
+        m_sharedSize = status.st_size;
 }
 
 void SqliteDatabase::requireInPlace()
 {
-    guard();
     if (m_file.isAt(m_path))
         return;
     giveUpLog();

@@ -44,5 +44,6 @@ private:
     HeldFile m_file;  ///< Given up after the connection.
     bool m_hasWritten = false;
     HeldFile::Stamp m_accepted;
-    qint64 m_sharedSize = 0;  ///< Of the memory that programs share, the file "-shm"; bytes.
+    QByteArray m_sharedMemory;  ///< The file of the memory that programs share.
+    qint64 m_sharedSize = 0;    ///< Of that; bytes.
 };
