@@ -105,8 +105,13 @@ QFont ChipMetrics::chipFont()
 
 int ChipMetrics::textWidth(const QString& text)
 {
-    const std::optional<int> sum = sumOfAdvances(text);
-    return sum ? toPixels(*sum) : m_metrics.horizontalAdvance(text);
+    if (const std::optional<int> sum = sumOfAdvances(text))
+        return toPixels(*sum);
+    // The text engine gives control characters a width until it has looked for them in other fonts.
+    const auto isControl = [](QChar character) { return character.category() == QChar::Other_Control; };
+    if (std::any_of(text.cbegin(), text.cend(), isControl))
+        (void)m_metrics.horizontalAdvance(text);
+    return m_metrics.horizontalAdvance(text);
 }
 
 QSize ChipMetrics::chipSize(const QString& name, int fileCount, ChipLook look)
