@@ -37,6 +37,9 @@ private slots:
         QVERIFY(!shows("import_bar_skipped") && shows("import_bar_remove") && !shows("import_bar_cancel"));
         bar.showProgress(3, 10);
         QVERIFY(!shows("import_bar_remove") && shows("import_bar_cancel"));
+        QSignalSpy cancelled(&bar, &ImportBar::cancelRequested);
+        bar.findChild<QPushButton*>("import_bar_cancel")->click();
+        QCOMPARE(cancelled.size(), 1);
         summary.error = QStringLiteral("<b>%1</b>");
         QVERIFY(outcome(summary).endsWith(QLatin1String("<b>%1</b>")));
         bar.showAbsence({"/a", "/b"});

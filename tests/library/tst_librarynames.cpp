@@ -105,8 +105,8 @@ private slots:
                                          f->categories()->addTagGroup(name), f->categories()->renameTagGroup(2, name)})
                 QCOMPARE(f->statusOf(request), int(LibraryStatus::NameEmpty));
         }
-        const QVector<QString> invalid = {QString(QChar(0)), QString("a") + QChar(0xd800), QChar(0xdc00) + QString("b"),
-                                          QString(QChar(0xdc00)) + QChar(0xd800)};
+        const QVector<QString> invalid = {QString(QChar(0)), QString("a") + QChar(0xd800), QChar(0xd800) + QString("b"),
+                                          QChar(0xdc00) + QString("b"), QString(QChar(0xdc00)) + QChar(0xd800)};
         for (const QString& name : invalid) {
             for (const qint64 request : {f->tags()->createTags({{name, 0, 0}}), f->tags()->renameTag(1, name),
                                          f->categories()->addTagGroup(name), f->categories()->renameTagGroup(2, name)})

@@ -119,7 +119,7 @@ private slots:
         QFETCH(const int, number);
         const HostileDeed& deed = hostileDeeds().at(number);
         // The short form takes other calls for each deed.
-        const int stride = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS") ? 1 : 40;
+        const int stride = qEnvironmentVariableIsSet("VELLUM_LONG_TESTS") ? 1 : 25;
         for (int i = number % stride; i < m_calls.size(); i += stride) {
             HostileSession s;
             play(s, m_calls.at(i), deed.run);
