@@ -14,8 +14,8 @@ class CPopupDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// The next four are passed on to the title bar; \a closeButton says, too, whether its close button closes the
-    /// dialog. With \a deleteOnClose the dialog deletes itself once it is closed.
+    /// \a closeButton, \a logo and \a title: what the title bar shows; a click on the close button closes the dialog.
+    /// \a movable: the title bar drags the dialog. \a deleteOnClose: the dialog deletes itself once it is closed.
     CPopupDialog(QWidget* parent, bool closeButton, bool logo, bool title, bool movable, bool deleteOnClose);
 
     /// Opens the dialog modally and returns at once.

@@ -3,9 +3,8 @@
 
 #include <QLabel>
 
-/// A label that may be lower than a line of its font: its one line of plain text stands as much higher than its
-/// alignment says as its descenders need, and is set smaller when its glyphs are taller than the label. The font's size
-/// is given in pixels. GUI thread only.
+/// A label that may be lower than its font's line: raises the text by its descenders and shrinks it if the glyphs do
+/// not fit. One line of plain text, in a font whose size is given in pixels. GUI thread only.
 class LowLabel : public QLabel
 {
 public:

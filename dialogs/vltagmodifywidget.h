@@ -30,7 +30,7 @@ public:
 
     /// The name field, for a caller to preset the current name; owned by the dialog.
     [[nodiscard]] QLineEdit* lineEdit() const { return m_lineEdit; }
-    /// Lets the person send a name again: the dialog takes one only.
+    /// Enables sending again: the dialog sends one name until then.
     void allowAgain();
 
 signals:

@@ -43,7 +43,7 @@ signals:
     void signalGroupInfoChanged(QString groupName, int tagCount);
     /// The tile became selected by a click. \a tagCount in decimal.
     void signSelectedChanged(QString groupName, QString tagCount, QSharedPointer<const ITagGroupDataProvider> g_prd);
-    /// The category menu is wanted. \a tag_id: the category's id.
+    /// Requests the category menu. Whatever its name says, \a tag_id is the category's id.
     void signPopMenu(qint64 tag_id, QString name);
     /// The "Add New" tile was clicked.
     void signAddGroup();

@@ -31,10 +31,10 @@ public:
     /// Shows the "Add New" tile and one tile per provider; called once, on an empty list. O(n log n), one layout.
     void fill(const QVector<QSharedPointer<ITagGroupDataProvider>>& providers);
     /// Adds a tile at its sorted place, behind those of the same name. A null provider, or one for a category that is
-    /// shown already, changes nothing. Answers whether there is a new tile.
+    /// shown already, changes nothing. Returns whether a tile was added.
     bool addGroup(const QSharedPointer<ITagGroupDataProvider>& provider);
     /// Removes the tile of that category, also when its record is gone; an unknown id changes nothing.
-    /// Answers whether the selected tile went.
+    /// Returns whether the selected tile was removed.
     bool removeGroup(qint64 g_id);
     /// No tile stays selected; nothing is reported.
     void deselectTiles();
@@ -55,7 +55,7 @@ signals:
     void signalGroupInfoChanged(QString groupName, int tagCount);
     /// A tile became the only selected one. \a tagCount in decimal.
     void signSelectedChanged(QString groupName, QString tagCount, QSharedPointer<const ITagGroupDataProvider> g_prd);
-    /// The category menu is wanted. \a tag_id: the category's id.
+    /// Requests the category menu. Whatever its name says, \a tag_id is the category's id.
     void signPopMenu(qint64 tag_id, QString name);
     /// The "Add New" tile was clicked.
     void signAddGroup();

@@ -10,7 +10,7 @@ class QPainter;
 class QPointF;
 class QTextLayout;
 
-/// Texts of chips that were painted lately, laid out: most of what painting a chip costs is the shaping of its name.
+/// A cache of laid-out chip texts: shaping the name is most of the cost of painting.
 /// GUI thread only.
 class ChipTexts
 {

@@ -70,9 +70,9 @@ signals:
     void signalClosePopup();
     /// The last section is gone.
     void signalEmpty();
-    /// So many tags joined the category.
+    /// \a count tags joined the category.
     void signalAddTag(int count);
-    /// So many tags left the category.
+    /// \a count tags left the category.
     void signalRemoveTag(int count);
     /// The data of a tag that is shown changed.
     void tagUpdated(qint64 tag_id);

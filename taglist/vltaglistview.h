@@ -52,7 +52,7 @@ public:
     /// Tags that the view holds already are left as they are.
     void addTag(const TagItem& item);
     void addTags(QVector<TagItem> items);
-    /// Unknown ids are ignored. Emits signalEmpty() when the last row went.
+    /// Unknown ids are ignored. Emits signalEmpty() when the last row is removed.
     void removeTags(const QVector<qint64>& tag_ids);
     void removeAllRows();
     /// Reads the tag again from its provider; a tag that belongs to another letter now leaves. False, and nothing, for
@@ -72,7 +72,7 @@ signals:
     void signalCharNoMatch(QVector<qint64> tag_ids);
     /// A tag of this view reported a change.
     void signTagUpdated(qint64 tag_id);
-    /// The context menu of the current chip is wanted by key. \a chip: its place on the screen, in logical pixels.
+    /// Requests the context menu of the current chip, by keyboard. \a chip: its place on the screen, in logical pixels.
     void signPopMenuByKey(qint64 tag_id, QString name, QRect chip);
 
 public slots:

@@ -9,7 +9,7 @@ class QGraphicsOpacityEffect;
 class QParallelAnimationGroup;
 class QPropertyAnimation;
 
-/// A thin vertical scroll bar that floats over the right edge of a scroll area and takes no room beside it.
+/// A thin vertical scroll bar that overlays the right edge of a scroll area and takes no room beside it.
 ///
 /// It mirrors the area's own vertical bar, which is switched off; it fades in when the pointer enters the area and out
 /// when it leaves, and widens under the pointer. The area may be deleted before the bar. GUI thread only.

@@ -51,11 +51,16 @@ void VLTagManagerWidget::connectEvents()
     connect(m_stackedWidget, &QStackedWidget::currentChanged, m_events,
             [this](int index) { emit m_events->currentPageChanged(static_cast<TagManagerPage>(index)); });
     for (const TagPage& record : tagPages()) {
-        const auto* page = static_cast<VLAllTagWidget*>(m_stackedWidget->widget(static_cast<int>(record.id)));
+        const QWidget* widget = m_stackedWidget->widget(static_cast<int>(record.id));
+        if (const auto* page = qobject_cast<const VLTagBaseWidget*>(widget)) {
+            connect(page, &VLTagBaseWidget::searchSubmitted, m_events,
+                    [this, id = record.id] { emit m_events->searchSubmitted(id); });
+        }
+        const auto* page = qobject_cast<const VLAllTagWidget*>(widget);
+        if (!page)
+            continue;
         connect(page, &VLAllTagWidget::searchTextChanged, m_events,
                 [this, id = record.id](const QString& text) { emit m_events->searchTextChanged(id, text); });
-        connect(page, &VLTagBaseWidget::searchSubmitted, m_events,
-                [this, id = record.id] { emit m_events->searchSubmitted(id); });
         connect(page, &VLAllTagWidget::searchResultActivated, m_events, &VLTagManagerEvents::searchResultActivated);
         connect(page, &VLAllTagWidget::nameDialogOpened, m_nameInput, &NameInput::follow);
     }
@@ -67,12 +72,13 @@ void VLTagManagerWidget::connectEvents()
 
 VLAllTagWidget* VLTagManagerWidget::shownPage() const
 {
-    return static_cast<VLAllTagWidget*>(m_stackedWidget->currentWidget());
+    return qobject_cast<VLAllTagWidget*>(m_stackedWidget->currentWidget());
 }
 
 VLTagSearchLineEdit* VLTagManagerWidget::shownField() const
 {
-    return shownPage()->searchField();
+    const auto* page = qobject_cast<VLTagBaseWidget*>(m_stackedWidget->currentWidget());
+    return page ? page->searchField() : nullptr;
 }
 
 VLTagManagerEvents* VLTagManagerWidget::events() const
@@ -131,7 +137,7 @@ bool VLTagManagerWidget::isSearchFocused() const
 
 QVector<qint64> VLTagManagerWidget::searchResults(int limit)
 {
-    return shownPage()->searchResults(limit);
+    return shownPage() ? shownPage()->searchResults(limit) : QVector<qint64>();
 }
 
 TagManagerItem VLTagManagerWidget::itemAt(const QPoint& pos) const
@@ -146,7 +152,7 @@ TagManagerItem VLTagManagerWidget::itemAt(const QPoint& pos) const
 
 bool VLTagManagerWidget::revealTag(qint64 tagId)
 {
-    return shownPage()->revealTag(tagId);
+    return shownPage() && shownPage()->revealTag(tagId);
 }
 
 qint64 VLTagManagerWidget::selectedCategory() const
@@ -182,10 +188,11 @@ void VLTagManagerWidget::setChipsDraggable(bool onEveryPage)
 
 int VLTagManagerWidget::scrollPosition() const
 {
-    return shownPage()->scrollValue();
+    return shownPage() ? shownPage()->scrollValue() : 0;
 }
 
 void VLTagManagerWidget::setScrollPosition(int pixels)
 {
-    shownPage()->slotSetOriScrollValue(pixels);
+    if (shownPage())
+        shownPage()->slotSetOriScrollValue(pixels);
 }

@@ -70,6 +70,7 @@ private:
     void applyStyleSheets();
     void followCategories();
     void showPage(QWidget* page, QPushButton* button);
+    /// Null on a page that shows no column of tags.
     [[nodiscard]] VLAllTagWidget* shownPage() const;
     [[nodiscard]] VLTagSearchLineEdit* shownField() const;
 

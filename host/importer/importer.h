@@ -38,12 +38,12 @@ public slots:
     void cancel();
 
 signals:
-    /// \a done files of \a found have been seen to; \a found is still growing while \a done is 0. At most 20 times a
+    /// \a done of \a found files are processed; \a found is still growing while \a done is 0. At most 20 times a
     /// second, and once with both equal before a successful end.
     void progress(int done, int found);
     /// A file or a folder (the bytes of its path) could not be read and was left out.
     void skipped(const QByteArray& path, const QString& reason);
-    /// Sent exactly once for each start(), never from inside it; a new one may be started from here.
+    /// Emitted exactly once for each start(), never from inside it; a new one may be started from here.
     void finished(const ImportSummary& summary);
     /// Internal: cancel() was called.
     void cancelRequested(QPrivateSignal);

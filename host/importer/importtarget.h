@@ -13,7 +13,7 @@ class ReadOnlyLibrary;
 /// The part of a library that one import is about: what it knows of the pictures in one folder, and the way of batches
 /// into it. Paths are absolute. Waits for the library; to be used on the import's thread.
 ///
-/// A call that fails answers empty or false, and leaves the reason in error().
+/// A call that fails returns an empty value or false; error() has the reason.
 class ImportTarget
 {
 public:

@@ -6,7 +6,7 @@
 #include <functional>
 
 /// The files of a folder that could not be read at earlier imports on this computer, and those that this one meets.
-/// One that is unchanged since is neither read nor announced again. Paths are absolute.
+/// One that is unchanged since is neither read nor reported again. Paths are absolute.
 class UnreadableFiles
 {
 public:

@@ -11,6 +11,8 @@ class ITagGroupAction;
 class ITagManagerDataProvider;
 
 /// The open library: the way to its tags and to the objects that change them.
+///
+/// GUI thread only. Objects are shared; the same one at every call.
 class VLHOST_EXPORT ILibraryDataProvider : public QObject
 {
     Q_OBJECT

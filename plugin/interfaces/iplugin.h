@@ -29,13 +29,13 @@ public:
     virtual QUuid pluginId() = 0;
     /// [2] Overwrites all five fields of \a info.
     virtual void pluginInfo(PluginInfo& info) = 0;
-    /// [3] True on success.
+    /// [3] False when the plug-in cannot be used; the host does without it then.
     virtual bool initialize() = 0;
-    /// [4] True on success.
+    /// [4] Drops the plug-in's reference to the library. False when something could not be released.
     virtual bool uninitialize() = 0;
-    /// [5] True on success.
+    /// [5] False when the plug-in stays inactive.
     virtual bool activate() = 0;
-    /// [6] True on success.
+    /// [6] False when the plug-in stays active.
     virtual bool deactivate() = 0;
 
 protected:

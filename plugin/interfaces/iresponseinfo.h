@@ -9,12 +9,14 @@
 #include <QVector>
 
 /// The host's answer to one request. A request succeeded when the status is 0 and nothing was rejected.
+///
+/// Made by the host, and shared by pointer with whoever hears the answer. GUI thread only.
 class IResponseInfo
 {
 public:
     virtual void reserved0() {}
     virtual void reserved1() {}
-    /// [2] 0 when the host accepted the request.
+    /// [2] 0 on success; any other number is the host's error code.
     virtual int status() const = 0;
     /// [3] Why the request failed, in words for a log; empty on success.
     virtual QString message() const = 0;

@@ -30,13 +30,13 @@ public:
     virtual void reserved5() {}
     /// [6] The category's record; may be null once the category is gone.
     virtual QSharedPointer<const ITagGroupInfo> groupInfo() const = 0;
-    /// [7] The same as in the record, also without one.
+    /// [7] The category's id, also when the record is null.
     virtual qint64 groupId() const = 0;
-    /// [8] Fills \a out with every tag of the category and returns their number.
+    /// [8] Adds every tag of the category to \a out, which the caller passes empty, and returns how many.
     virtual int tags(QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const = 0;
     virtual void reserved9() {}
     virtual void reserved10() {}
-    /// [11] Fills \a out with those of \a ids that the category holds and returns their number.
+    /// [11] Adds those of \a ids that the category holds to \a out, which the caller passes empty; returns how many.
     virtual int tagsByIds(const QVector<qint64>& ids, QHash<qint64, QSharedPointer<ITagDataProvider>>* out) const = 0;
     /// [12] Null when no tag of the category has that name.
     virtual QSharedPointer<ITagDataProvider> tagByName(const QString& name) const = 0;

@@ -42,10 +42,12 @@ public:
     virtual void reserved9() {}
     virtual void reserved10() {}
     virtual void reserved11() {}
-    /// [12] Fills \a out with the user categories and returns their number.
+    /// [12] Puts the user categories into \a out, which the caller passes empty, and returns how many.
     virtual int tagGroups(QVector<QSharedPointer<ITagGroupDataProvider>>& out) const = 0;
 
 Q_SIGNALS:
+    /// These categories were created.
     void signalAddTagGroups(QVector<qint64> g_ids);
+    /// These categories were deleted.
     void signalRemoveTagGroups(QVector<qint64> g_ids);
 };

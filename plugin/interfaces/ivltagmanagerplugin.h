@@ -15,8 +15,8 @@ class IVLTagManagerPlugin
 public:
     /// [0] The root object, owned by the plug-in loader.
     virtual QObject* pluginObject() = 0;
-    /// [1] A new tag manager window at every call. Owned by \a parent, or by the caller when \a parent is null.
-    /// The data provider must have been set before.
+    /// [1] A new window at every call, owned by \a parent, or by the caller without one. It shows the library that is
+    /// set now and follows no later one. Null when the host deletes \a parent during the call.
     virtual IVLTagManagerWidget* createTagManagerWidget(QWidget* parent) = 0;
     /// [2] Shares ownership of the open library's provider; null is allowed and means that no library is open.
     virtual void setDataProvider(const QSharedPointer<ILibraryDataProvider>& provider) = 0;

@@ -4,14 +4,14 @@
 #include <QString>
 #include <QtGlobal>
 
-/// A tag's record as its provider hands it out: an unchanging snapshot, shared and owned by pointer.
+/// A tag's record as its provider hands it out. An immutable snapshot, held by shared pointer.
 class ITagInfo
 {
 public:
     virtual void reserved0() {}
-    /// [1]
+    /// [1] Unique among the tags of the library.
     virtual qint64 id() const = 0;
-    /// [2]
+    /// [2] The display name, as the host stores it.
     virtual QString name() const = 0;
     /// [3] Index into the host's palette.
     virtual int colorIndex() const = 0;
@@ -20,14 +20,14 @@ protected:
     ~ITagInfo() = default;
 };
 
-/// A category's record as its provider hands it out.
+/// A category's record as its provider hands it out. An immutable snapshot, held by shared pointer.
 class ITagGroupInfo
 {
 public:
     virtual void reserved0() {}
-    /// [1]
+    /// [1] As in namespace taggroupid.
     virtual qint64 id() const = 0;
-    /// [2]
+    /// [2] The display name, as the host stores it.
     virtual QString name() const = 0;
 
 protected:

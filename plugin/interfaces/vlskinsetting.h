@@ -22,9 +22,9 @@ public:
 
     /// Device pixels per logical pixel of the screen; above 0.
     double GetDpi() const;
-    /// A complete style declaration that shows the image, ready to be pasted between braces.
+    /// A complete style declaration that shows the image, to be put between braces. Empty for an unknown name.
     QString GetResourcePath(const QString& name) const;
-    /// A file or resource path of the image that Qt can open.
+    /// A file or resource path of the image that Qt can open. Empty for an unknown name.
     QString GetResourceAbsolutePath(const QString& name) const;
     /// Applies the named style sheet to \a widget; an unknown name leaves the widget as it is.
     void SetWidgetStyleSheetWithQssName(QWidget* widget, const QString& name) const;

@@ -32,9 +32,9 @@ public:
     [[nodiscard]] VLTagSearchLineEdit* searchField() const;
 
 signals:
-    /// The page's content changed its size.
+    /// The page's content changed its size. For listeners; nothing emits it.
     void signUpdateLayout();
-    /// A tag's row is to be removed from the page.
+    /// A tag's row is to be removed from the page. For listeners; nothing emits it.
     void signDelTagUi(QString tagName);
     /// The search field's text changed.
     void signSearchChanged(QString text);

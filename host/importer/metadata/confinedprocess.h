@@ -10,7 +10,7 @@
 #include <sys/types.h>
 
 /// A process that is to confine itself (see confinement), joined to this one by a socket that is its standard input. It
-/// writes nowhere else, hears no key of the terminal, and is killed with this object. Any thread, always the same one:
+/// writes nowhere else, receives no terminal input, and is killed with this object. Any thread, always the same one:
 /// the process ends with the thread that has started it.
 class ConfinedProcess
 {

@@ -25,7 +25,7 @@ void MetadataAnswer::setProblem(Problem newProblem, const QString& newDetail)
         error = tr("The file is empty");
         break;
     case Unreadable:
-        error = tr("The file's contents cannot be had");
+        error = tr("The file's contents cannot be read");
         break;
     case UnknownFormat:
         error = tr("The contents are of no known picture format");

@@ -12,9 +12,8 @@
 class ReaderProcess;
 struct MetadataAnswer;
 
-/// Reads the keywords of many files with several reader processes at once. Where not all of them can be run, those that
-/// can read all files. Lives on one thread with an event loop,
-/// which it blocks only to open a file.
+/// Reads the keywords of many files with several reader processes at once. If only some of them can be started, those
+/// read all files. Lives on one thread with an event loop, which it blocks only to open a file.
 class ReaderPool : public QObject
 {
     Q_OBJECT

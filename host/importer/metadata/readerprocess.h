@@ -16,9 +16,8 @@
 class ConfinedProcess;
 class QSocketNotifier;
 
-/// One reader process: confined, started when there is a file to read, and started anew whenever a file has brought it
-/// down or held it up; that file has failed then, and no other. Lives on one thread with an event loop; never blocks
-/// it.
+/// One reader process: confined, started when there is a file to read, and restarted when a file crashes or stalls it;
+/// only that file fails. Lives on one thread with an event loop; never blocks it.
 class ReaderProcess : public QObject
 {
     Q_OBJECT

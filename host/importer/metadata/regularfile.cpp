@@ -21,7 +21,7 @@ RegularFile RegularFile::open(const QByteArray& path)
     }
     if (status.st_mode != 0 && !S_ISREG(status.st_mode)) {
         file.descriptor = {};
-        file.error = tr("This is no file");
+        file.error = tr("This is not a regular file");
     } else if (!file.descriptor.isValid()) {
         file.error = QString::fromLocal8Bit(strerror(errno));
     }

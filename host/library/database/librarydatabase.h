@@ -26,8 +26,7 @@ public:
     [[nodiscard]] QSqlQuery& prepared(const char* sql);
 
     /// Takes the write lock at once, so that a transaction cannot fail half way because somebody else has it. While
-    /// another program holds the lock, \a mayWait is asked several times a
-    /// second.
+    /// another program holds the lock, \a mayWait is asked several times a second.
     virtual void beginWriting(const std::function<bool()>& mayWait) = 0;
     /// A number that changes when another connection commits, and not with this connection's own commits.
     [[nodiscard]] virtual qint64 foreignVersion() = 0;
@@ -36,10 +35,10 @@ public:
     /// Repairs, as far as possible, what other programs did to files that the engine needs at hand. To be called before
     /// each use; does nothing inside a transaction. Costs microseconds.
     void guard();
-    /// Whether the library itself was written to since acceptFile(), by this or another program, and be it past the
-    /// engine. What the connection remembers of it is dropped then. To be called outside of transactions.
+    /// Whether the library itself was written to since acceptFile(), by this or another program, even bypassing
+    /// the engine. What the connection remembers of it is dropped then. To be called outside of transactions.
     [[nodiscard]] virtual bool hasFileChanged() = 0;
-    /// What is there now is the library that was opened.
+    /// Accepts the file as it is now as the library that was opened.
     virtual void acceptFile() = 0;
     /// Brings what was committed from a log into the library itself, as far as nobody else is in the way. To be called
     /// now and then while nothing else is to be done.

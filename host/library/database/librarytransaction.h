@@ -19,7 +19,7 @@ public:
     /// Whether to go on waiting for a lock.
     using MayWait = std::function<bool()>;
 
-    /// Throws a LibraryError if the lock cannot be acquired as long as \a mayWait answers true.
+    /// Waits for the lock while \a mayWait returns true; throws a LibraryError after that.
     LibraryTransaction(
         LibraryDatabase& database, Kind kind, const MayWait& mayWait = [] { return false; });
     ~LibraryTransaction();
