@@ -20,6 +20,7 @@ build|libqt5svg5-dev|Qt's SVG renderer, for the icons
 build|libqt5sql5-sqlite|Qt's SQLite driver, for the library file
 build|libexiv2-dev|reads keywords that are embedded in pictures
 build|libglib2.0-dev|knows which program of the desktop opens a picture
+build|libicu-dev|compares names without regard to case, width and accents
 build|libseccomp-dev|confines the processes that read pictures
 build|qt5-image-formats-plugins|thumbnails of WebP, TIFF and other pictures
 build|fonts-noto-core|letters of most scripts, for tag names

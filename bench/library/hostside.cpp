@@ -103,7 +103,7 @@ void bench::HostSide::openWindow()
     m_window->show();
 }
 
-double bench::HostSide::carryOut(const LibraryCommand& command)
+double bench::HostSide::carryOut(const MeasuredCommand& command)
 {
     const auto provider = m_session->library().dataProvider();
     const double time = elapsed([&] {

@@ -24,7 +24,7 @@ public:
     ~HostSide() override;
 
     double open() override;
-    double carryOut(const LibraryCommand& command) override;
+    double carryOut(const MeasuredCommand& command) override;
     double import(const LibraryContent& content) override;
     /// Finds the pictures, has their keywords read by processes, and writes them, as when a folder is opened.
     double importFolder(const LibraryContent& content);

@@ -35,7 +35,7 @@ void reportCommands(const bench::LibraryTask& task, const bench::LibraryContent&
     QHash<QByteArray, QVector<double>> values;
     for (int turn = 0; turn < bench::libraryTurns; ++turn) {
         const auto commands = bench::libraryCommands(content, turn);
-        for (const bench::LibraryCommand& command : commands) {
+        for (const bench::MeasuredCommand& command : commands) {
             if (turn == 0)
                 operations.append(command.operation);
             values[command.operation].append(side->carryOut(command));

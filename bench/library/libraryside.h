@@ -11,7 +11,7 @@
 namespace bench {
 
 class LibraryContent;
-struct LibraryCommand;
+struct MeasuredCommand;
 
 /// One of the two programs that work on a library file: the host with its window, or sqlite3.
 ///
@@ -24,7 +24,7 @@ public:
     /// Reads the library and, where there is a window, shows it.
     virtual double open() = 0;
     /// From the request to its answer.
-    virtual double carryOut(const LibraryCommand& command) = 0;
+    virtual double carryOut(const MeasuredCommand& command) = 0;
     /// Writes files whose keywords are known already, and tells what came of it.
     virtual double import(const LibraryContent& content) = 0;
 };

@@ -60,7 +60,7 @@ double bench::SqliteSide::open()
                   "SELECT category_id, tag_id FROM tag_categories;");
 }
 
-double bench::SqliteSide::carryOut(const LibraryCommand& command)
+double bench::SqliteSide::carryOut(const MeasuredCommand& command)
 {
     return timeOf(command.sql);
 }

@@ -13,7 +13,7 @@ public:
     SqliteSide(const QString& file, Clock clock);
 
     double open() override;
-    double carryOut(const LibraryCommand& command) override;
+    double carryOut(const MeasuredCommand& command) override;
     double import(const LibraryContent& content) override;
 
 private:

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "host/app/commands/changecommand.h"
 #include "host/app/commands/commandline.h"
 #include "host/app/commands/descriptorlimit.h"
+#include "host/app/commands/findcommand.h"
 #include "host/app/commands/importcommand.h"
 #include "host/app/commands/listcommand.h"
 #include "host/app/commands/messagehandler.h"
@@ -40,7 +42,9 @@ int print(const QString& text)
 
 bool hasDescriptors(const CommandLine& commandLine)
 {
-    const int readers = commandLine.action == CommandLine::Action::List ? 0 : QThread::idealThreadCount();
+    const int readers = commandLine.action != CommandLine::Action::Import && commandLine.needsNoDisplay()
+                            ? 0
+                            : QThread::idealThreadCount();
     const QString lack = lackOfDescriptors(readers);
     if (!lack.isEmpty())
         std::fprintf(stderr, "vellum: %s\n", lack.toLocal8Bit().constData());
@@ -64,8 +68,16 @@ int runWithoutDisplay(const CommandLine& commandLine, int argc, char** argv)
     if (!hasDescriptors(commandLine))
         return 1;
     const QCoreApplication application(argc, argv);
-    return commandLine.action == CommandLine::Action::Import ? runImportCommand(commandLine)
-                                                             : runListCommand(commandLine);
+    switch (commandLine.action) {
+    case CommandLine::Action::Import:
+        return runImportCommand(commandLine);
+    case CommandLine::Action::Find:
+        return runFindCommand(commandLine);
+    case CommandLine::Action::Change:
+        return runChangeCommand(commandLine);
+    default:
+        return runListCommand(commandLine);
+    }
 }
 
 }  // namespace

@@ -168,6 +168,22 @@ LibraryResult Library::forgetAndWait(qint64 rootId, const QVector<QByteArray>& p
     return d->engine->sendAndWait(ChangeKind::Forget, body, cancelled);
 }
 
+LibraryResult Library::carryOutAndWait(const LibraryCommand& command, Mode mode)
+{
+    if (mode == Mode::Rehearsal)
+        return d->engine->rehearseAndWait(command.body);
+    return d->engine->sendAndWait(command.kind, command.body, nullptr);
+}
+
+void Library::carryOut(const LibraryCommand& command, QObject* context, ResultCallback callback)
+{
+    d->engine->send(command.kind, command.body,
+                    [guard = QPointer<QObject>(context), callback = std::move(callback)](const LibraryResult& result) {
+                        if (guard && callback)
+                            callback(result);
+                    });
+}
+
 template <typename Answer, typename Read>
 void Library::query(Read read, QObject* context, std::function<void(const Answer&)> callback)
 {
@@ -202,6 +218,11 @@ void Library::queryFileIds(const FileQuery& query, QObject* context, FileIdsCall
 void Library::queryFiles(const QVector<qint64>& ids, QObject* context, FilesCallback callback)
 {
     query([ids](ReadOnlyLibrary& reader) { return reader.files(ids); }, context, std::move(callback));
+}
+
+void Library::queryTagShares(const QVector<qint64>& fileIds, QObject* context, TagSharesCallback callback)
+{
+    query([fileIds](ReadOnlyLibrary& reader) { return reader.tagShares(fileIds); }, context, std::move(callback));
 }
 
 void Library::holdNotifications(int longest)

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/records/filequery.h"
+#include "host/library/query/filequery.h"
 #include "host/library/records/libraryresult.h"
+#include "host/library/requests/librarycommand.h"
 
 #include <QObject>
 #include <QSharedPointer>
@@ -38,6 +39,8 @@ class Library : public QObject
 
 public:
     using FileIdsCallback = std::function<void(const LibraryAnswer<QVector<qint64>>& ids)>;
+    using TagSharesCallback = std::function<void(const LibraryAnswer<QVector<TagShare>>& shares)>;
+    using ResultCallback = std::function<void(const LibraryResult& result)>;
     using FilesCallback = std::function<void(const LibraryAnswer<QVector<FileRow>>& files)>;
 
     /// Opens the library in the file \a path, creating it when there is none (readable by its owner alone). Null when
@@ -76,12 +79,27 @@ public:
     [[nodiscard]] LibraryResult forgetAndWait(qint64 rootId, const QVector<QByteArray>& paths,
                                               const std::atomic_bool* cancelled = nullptr);
 
+    enum class Mode
+    {
+        Commit,
+        Rehearsal  ///< Carry it out as far as the answer tells, and commit nothing.
+    };
+
+    /// Carries out a command and waits for its commit: for programs without an event loop. The data signals follow as
+    /// above.
+    [[nodiscard]] LibraryResult carryOutAndWait(const LibraryCommand& command, Mode mode = Mode::Commit);
+    /// Carries out a command; \a callback is called as a request is answered, unless \a context is gone by then.
+    void carryOut(const LibraryCommand& command, QObject* context, ResultCallback callback);
+
     /// Asks for the ids of files, ordered by path; answered on the GUI thread unless \a context is gone by then. Runs
     /// on a thread for reading, beside the requests, and sees what is committed when it runs. 8 bytes for each file.
     void queryFileIds(const FileQuery& query, QObject* context, FileIdsCallback callback);
     /// Asks for the files with these ids, in that order, without tag ids; files that are gone are left out. Answered
     /// like queryFileIds(). Meant for the page of files that is looked at.
     void queryFiles(const QVector<qint64>& ids, QObject* context, FilesCallback callback);
+
+    /// Asks for the tags that these files have: those of most of them first. Answered like queryFileIds().
+    void queryTagShares(const QVector<qint64>& fileIds, QObject* context, TagSharesCallback callback);
 
     /// From now on holds back the signals of what other programs and imports change, so that nothing that is shown
     /// changes while a person types a name: for up to \a longest milliseconds after the first such change. The answer

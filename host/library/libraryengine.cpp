@@ -65,6 +65,15 @@ LibraryResult LibraryEngine::sendAndWait(ChangeKind kind, LibraryRequestBody bod
     return done->get_future().get();
 }
 
+LibraryResult LibraryEngine::rehearseAndWait(LibraryRequestBody body)
+{
+    const auto done = std::make_shared<std::promise<LibraryResult>>();
+    m_writer->post([this, done, body = std::move(body)](LibraryWriter& writer) {
+        done->set_value(writer.rehearse(body, patience()));
+    });
+    return done->get_future().get();
+}
+
 LibraryResult LibraryEngine::carryOut(LibraryWriter& writer, ChangeKind kind, const LibraryRequestBody& body,
                                       const LibraryTransaction::MayWait& mayWait, const Answer& answer)
 {

@@ -39,6 +39,8 @@ public:
     /// programs until \a cancelled is set or, without that, as any other request does.
     [[nodiscard]] LibraryResult sendAndWait(ChangeKind kind, LibraryRequestBody body,
                                             const std::atomic_bool* cancelled);
+    /// Tells what a request would do; waits likewise.
+    [[nodiscard]] LibraryResult rehearseAndWait(LibraryRequestBody body);
     /// The provider whose category signals follow the library.
     void setManager(const QSharedPointer<LibraryCategoryList>& manager);
 

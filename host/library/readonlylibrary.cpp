@@ -4,6 +4,7 @@
 #include "host/library/computer/computerstate.h"
 #include "host/library/database/categorytable.h"
 #include "host/library/database/filequeries.h"
+#include "host/library/database/filesearch.h"
 #include "host/library/database/filetable.h"
 #include "host/library/database/keywordtable.h"
 #include "host/library/database/librarydatabase.h"
@@ -168,6 +169,14 @@ LibraryAnswer<QVector<qint64>> ReadOnlyLibrary::fileIds(const FileQuery& query)
     return guarded([&] { return filequeries::fileIds(*m_database, query); });
 }
 
+LibraryAnswer<QStringList> ReadOnlyLibrary::unknownNames(const QueryTerm& term)
+{
+    return guarded([&] {
+        const LibraryTransaction transaction(*m_database, LibraryTransaction::Kind::Reading);
+        return filesearch::unknownNames(*m_database, term);
+    });
+}
+
 LibraryAnswer<QVector<FileRow>> ReadOnlyLibrary::files(const QVector<qint64>& ids)
 {
     return guarded([&] {
@@ -181,6 +190,27 @@ LibraryAnswer<QVector<FileRow>> ReadOnlyLibrary::files(const QVector<qint64>& id
         }
         return rows;
     });
+}
+
+LibraryAnswer<QVector<FileRow>> ReadOnlyLibrary::filesWithTags(const QVector<qint64>& ids)
+{
+    LibraryAnswer<QVector<FileRow>> answer = files(ids);
+    const auto tags = guarded([&] {
+        for (FileRow& file : answer.value)
+            file.tagIds = filequeries::livingTagsOf(*m_database, file.id);
+        return true;
+    });
+    return {answer.value, answer.error + tags.error};
+}
+
+LibraryAnswer<QVector<TagShare>> ReadOnlyLibrary::tagShares(const QVector<qint64>& fileIds)
+{
+    return guarded([&] { return filequeries::tagSharesOf(*m_database, fileIds); });
+}
+
+LibraryAnswer<qint64> ReadOnlyLibrary::fileIdAt(qint64 rootId, const QByteArray& path)
+{
+    return guarded([&] { return filetable::idByPath(*m_database, rootId, path); });
 }
 
 LibraryAnswer<qint64> ReadOnlyLibrary::forEachFileBelow(qint64 rootId, const QByteArray& folder,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/records/filequery.h"
+#include "host/library/query/filequery.h"
 #include "host/library/records/libraryresult.h"
 
 #include <QString>
@@ -64,8 +64,17 @@ public:
     [[nodiscard]] LibraryAnswer<qint64> forEachFile(const FileVisitor& visitor);
     /// The ids of the files asked for, ordered by root and path.
     [[nodiscard]] LibraryAnswer<QVector<qint64>> fileIds(const FileQuery& query);
+    /// The names in a query that no tag or category has, as typed.
+    [[nodiscard]] LibraryAnswer<QStringList> unknownNames(const QueryTerm& term);
     /// The files with these ids, in that order, without tag ids; unknown ids are left out.
     [[nodiscard]] LibraryAnswer<QVector<FileRow>> files(const QVector<qint64>& ids);
+
+    /// The same with the ids of their living tags.
+    [[nodiscard]] LibraryAnswer<QVector<FileRow>> filesWithTags(const QVector<qint64>& ids);
+    /// The tags that at least one of these files has: those of most files first.
+    [[nodiscard]] LibraryAnswer<QVector<TagShare>> tagShares(const QVector<qint64>& fileIds);
+    /// The file at a path relative to the root; 0 when the library holds none there.
+    [[nodiscard]] LibraryAnswer<qint64> fileIdAt(qint64 rootId, const QByteArray& path);
 
     /// Visits the files of a root in \a folder (at any depth; empty for the whole root), by path in byte order, without
     /// tag ids, absolute path and presence. All of it is one moment of the library. Fails when the library's index of

@@ -123,8 +123,8 @@ class Vellum(unittest.TestCase):
                 (shot + f"--plugin {IMAGE_PLUGIN}", 1, "is not a tag manager plug-in"),
                 ("FOLDER --screenshot /nowhere/x.png", 1, "The picture cannot be written"),
                 ("--colour", 2, "Unknown option 'colour'. Try \"vellum --help\"."),
-                ("--import FOLDER --list tags", 2, "Only one of --import"),
-                ("--list tags", 2, "--list needs --library"),
+                ("--import FOLDER --list tags", 2, "Only one command"),
+                ("--list tags", 2, "This needs --library"),
                 ("--import FOLDER --scale 2", 2, "goes with a window only"),
                 ("--help", 0, "")):
             with self.subTest(arguments):

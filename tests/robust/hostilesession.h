@@ -27,8 +27,8 @@ struct HostileSession
 /// What a host does at the worst moment.
 struct HostileDeed
 {
-    const char* name;
-    void (*run)(HostileSession&);
+    const char* name = nullptr;
+    void (*run)(HostileSession&) = nullptr;
     bool keepsPage = true;  ///< The page of all tags still follows the library afterwards.
 };
 

@@ -9,6 +9,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QHash>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -59,6 +60,10 @@ public:
 private:
     [[nodiscard]] bool has(const char* option) const { return m_parser.isSet(QString::fromLatin1(option)); }
     [[nodiscard]] QByteArray value(const char* option) const;
+    void readLists();
+    [[nodiscard]] QStringList namesAfter(const char* option);
+    [[nodiscard]] bool tagsFiles() const { return m_lists.contains("--tag") || m_lists.contains("--untag"); }
+    void readChanges();
     void readAction();
     void readFolder();
     void readFiles();
@@ -72,6 +77,7 @@ private:
 
     QCommandLineParser m_parser;
     QStringList m_arguments;
+    QHash<QString, QStringList> m_lists;  ///< The values of the options that take several, by option.
     CommandLine m_result;
 };
 
@@ -79,19 +85,21 @@ Reader::Reader(const QStringList& arguments)
     : m_arguments(arguments)
 {
     m_parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    for (const char* const flag : {"json", "reread", "forget-missing", "help", "h", "version", "v"})
+    for (const char* const flag : {"json", "0", "dry-run", "reread", "forget-missing", "help", "h", "version", "v"})
         m_parser.addOption(QCommandLineOption(QString::fromLatin1(flag)));
-    for (const char* const name :
-         {"library", "import", "list", "screenshot", "page", "search", "size", "scale", "plugin", "relocate"})
+    for (const char* const name : {"library", "import", "list", "find", "into", "screenshot", "page", "search", "size",
+                                   "scale", "plugin", "relocate"})
         m_parser.addOption(QCommandLineOption(QString::fromLatin1(name), {}, QStringLiteral("value")));
 }
 
 CommandLine Reader::read()
 {
+    readLists();
     if (!m_parser.parse(m_arguments)) {
         complain(textFrom(m_parser.errorText().toLatin1()));
         return m_result;
     }
+    readChanges();
     readAction();
     if (m_result.action == CommandLine::Action::ShowHelp || m_result.action == CommandLine::Action::ShowVersion)
         return m_result;
@@ -111,6 +119,68 @@ QByteArray Reader::value(const char* option) const
     return m_parser.value(QString::fromLatin1(option)).toLatin1();
 }
 
+/// Options that are followed by several values, up to the next option. They are taken out of the arguments, as the
+/// parser knows options with one value only.
+void Reader::readLists()
+{
+    static const QStringList options = {QStringLiteral("--tag"), QStringLiteral("--untag"), QStringLiteral("--merge"),
+                                        QStringLiteral("--rename")};
+    QStringList others;
+    for (auto argument = m_arguments.cbegin(); argument != m_arguments.cend();) {
+        if (*argument == QLatin1String("--")) {
+            std::copy(argument, m_arguments.cend(), std::back_inserter(others));
+            break;
+        }
+        const QString option = argument->section('=', 0, 0);
+        if (!options.contains(option)) {
+            others.append(*argument++);
+            continue;
+        }
+        QStringList& values = m_lists[option];
+        if (option != *argument)
+            values.append(argument->mid(option.size() + 1));
+        const bool takesMore = option == *argument;
+        for (++argument; takesMore && argument != m_arguments.cend() && !argument->startsWith("--"); ++argument)
+            values.append(*argument);
+    }
+    m_arguments = others;
+}
+
+QStringList Reader::namesAfter(const char* option)
+{
+    QStringList names;
+    for (const QString& value : m_lists.value(QString::fromLatin1(option))) {
+        const QByteArray bytes = value.toLatin1();
+        names.append(textFrom(bytes));
+        if (names.constLast().toUtf8() != bytes)
+            complain(tr("A name after %1 is not valid UTF-8.").arg(QLatin1String(option)));
+    }
+    if (names.isEmpty() && m_lists.contains(QString::fromLatin1(option)))
+        complain(tr("%1 needs the name of a tag.").arg(QLatin1String(option)));
+    return names;
+}
+
+void Reader::readChanges()
+{
+    TagChanges& changes = m_result.changes;
+    changes.put = namesAfter("--tag");
+    changes.takeOff = namesAfter("--untag");
+    changes.merge = namesAfter("--merge");
+    changes.rename = namesAfter("--rename");
+    changes.mergeInto = textFrom(value("into"));
+    changes.isRehearsal = has("dry-run");
+    if (!changes.rename.isEmpty() && changes.rename.size() != 2)
+        complain(tr("--rename takes the name of a tag and its new name."));
+    if (changes.merge.isEmpty() != changes.mergeInto.isEmpty())
+        complain(tr("--merge takes names of tags, and --into the name of the one that they become."));
+    if (!tagsFiles())
+        return;
+    for (const QString& file : m_parser.positionalArguments())
+        changes.files.append(file.toLatin1());
+    if (changes.files.isEmpty() || changes.files.contains(QByteArray()))
+        complain(tr("--tag and --untag need files, as in --tag beach -- a.jpg b.jpg."));
+}
+
 void Reader::readAction()
 {
     using Action = CommandLine::Action;
@@ -122,12 +192,18 @@ void Reader::readAction()
         m_result.action = Action::Import;
     else if (has("list"))
         m_result.action = Action::List;
+    else if (has("find"))
+        m_result.action = Action::Find;
+    else if (!m_lists.isEmpty())
+        m_result.action = Action::Change;
     else if (has("screenshot"))
         m_result.action = Action::Screenshot;
 }
 
 void Reader::readFolder()
 {
+    if (tagsFiles())
+        return;
     const QStringList folders = m_parser.positionalArguments();
     if (folders.size() > 1)
         complain(tr("There can be only one FOLDER."));
@@ -168,6 +244,8 @@ void Reader::readList()
     else if (has("list") && list != "tags")
         complain(tr("--list takes tags, categories, files or ignored, not \"%1\".").arg(textFrom(list)));
     m_result.json = has("json");
+    m_result.query = textFrom(value("find"));
+    m_result.separatesByNul = has("0");
 }
 
 void Reader::readRelocate()
@@ -177,7 +255,7 @@ void Reader::readRelocate()
     const QByteArray answer = value("relocate");
     if (answer != "yes" && answer != "no")
         complain(tr("--relocate takes yes or no, not \"%1\".").arg(textFrom(answer)));
-    if (m_result.folder.isEmpty() || has("list"))
+    if (m_result.folder.isEmpty() || has("list") || has("find") || !m_lists.isEmpty())
         complain(tr("--relocate goes with a folder that is opened or imported."));
     m_result.relocate = answer == "yes";
 }
@@ -221,18 +299,25 @@ void Reader::readScale()
 
 void Reader::checkTogether()
 {
-    if (int(has("import")) + int(has("list")) + int(has("screenshot")) > 1)
-        complain(tr("Only one of --import, --list and --screenshot can be done at a time."));
-    if (has("json") && !has("list"))
-        complain(tr("--json goes with --list."));
-    if (has("list") && m_result.libraryFile.isEmpty() && m_result.folder.isEmpty())
-        complain(tr("--list needs --library FILE or a FOLDER that was imported."));
-    if (has("reread") && has("list"))
+    const int changes = int(tagsFiles()) + int(m_lists.contains("--merge")) + int(m_lists.contains("--rename"));
+    if (int(has("import")) + int(has("list")) + int(has("find")) + int(has("screenshot")) + changes > 1)
+        complain(tr("Only one command can be done at a time."));
+    if (has("json") && !has("list") && !has("find"))
+        complain(tr("--json goes with --list and --find."));
+    if (has("0") && (!has("find") || has("json")))
+        complain(tr("-0 goes with --find, without --json."));
+    if (has("dry-run") && changes == 0)
+        complain(tr("--dry-run goes with --tag, --untag, --merge and --rename."));
+    const bool readsLibrary = has("list") || has("find") || (changes > 0 && !tagsFiles());
+    if (readsLibrary && m_result.libraryFile.isEmpty() && m_result.folder.isEmpty())
+        complain(tr("This needs --library FILE or a FOLDER that was imported."));
+    const bool opensNothing = has("list") || has("find") || changes > 0;
+    if (has("reread") && opensNothing)
         complain(tr("--reread goes with a folder that is imported."));
     if (has("forget-missing") && !has("import"))
         complain(tr("--forget-missing goes with --import."));
     for (const char* const option : {"page", "search", "size", "scale", "plugin"}) {
-        if (has(option) && (has("import") || has("list")))
+        if (has(option) && (has("import") || opensNothing))
             complain(tr("--%1 goes with a window only.").arg(QLatin1String(option)));
     }
 }
@@ -263,6 +348,10 @@ QString CommandLine::helpText()
     return QCoreApplication::translate("CommandLine", R"(Usage: vellum [FOLDER] [OPTIONS]
        vellum --import FOLDER [--library FILE]
        vellum --list tags|categories|files|ignored --library FILE [--json]
+       vellum --find QUERY [--json|-0] FOLDER
+       vellum [--tag NAME...] [--untag NAME...] [--dry-run] -- FILE...
+       vellum --merge NAME... --into NAME [--dry-run] -- FOLDER
+       vellum --rename NAME NEWNAME [--dry-run] -- FOLDER
 
 Shows the tags of the pictures in a folder, from the keywords that other
 programs have written into the pictures or into XMP files beside them. FOLDER is
@@ -306,7 +395,32 @@ changed.
                      control characters beyond ASCII and characters that are
                      invisible or turn the direction of the text as \uHHHH or
                      \UHHHHHHHH.
-  --json             with --list: a JSON array of objects with the members
+  --find QUERY       print the files that a query finds, as --list files does.
+                     A query is made of words with and, or, not and brackets:
+                       beach and not (family or blurry)
+                     not binds closest, then and, then or; words beside each
+                     other are joined by and.
+                       beach        any tag called so, whatever the case, the
+                                    width and the accents
+                       "New York"   the tag of exactly that name; \" and \\ inside
+                                    stand for a quotation mark and a backslash
+                       untagged     files without a tag
+                       category:X   files with a tag of the category X
+                       name:X       X is in the name of the file
+                       folder:X     X is in the path of its folder
+                       date:D       taken in D: 2024, 2024-05, 2024-05-17, or a
+                                    range as in 2023-12..2024-02, open at one end
+  -0                 with --find: paths alone, unchanged, each followed by a NUL
+  --tag NAME...      put tags on files; a tag that there is not yet is made. Each
+                     name is an argument of its own. The files belong to the one
+                     library whose folders hold all of them, or to the one that
+                     --library names. Later imports keep what was put on.
+  --untag NAME...    take tags off files; later imports keep them off
+  --merge NAME...    make one tag of several: the tag after --into gets their
+                     files, categories and keywords, and they are deleted
+  --rename OLD NEW   give a tag another name
+  --dry-run          with the four above: say what would change, and change nothing
+  --json             with --list and --find: a JSON array of objects with the members
                        tags        id, name, fileCount, colorIndex
                        categories  id, name, tagCount
                        files       path, size, tags (an array of names), away

@@ -5,9 +5,22 @@
 
 #include <QByteArray>
 #include <QSize>
-#include <QString>
+#include <QStringList>
+#include <QVector>
 
 #include <optional>
+
+/// Changes of tags that are asked for on the command line.
+struct TagChanges
+{
+    QStringList put;            ///< Names of tags to put on the files; made when missing.
+    QStringList takeOff;        ///< Names of tags to take off the files.
+    QVector<QByteArray> files;  ///< At least one, for put and takeOff.
+    QStringList merge;          ///< Names of tags to merge into mergeInto.
+    QString mergeInto;
+    QStringList rename;        ///< The name of a tag and its new one; or empty.
+    bool isRehearsal = false;  ///< Say what would change, and change nothing.
+};
 
 /// The parsed command line. Paths are the original bytes, which need not be valid UTF-8.
 struct CommandLine
@@ -18,6 +31,8 @@ struct CommandLine
         Screenshot,     ///< Render the window to screenshotFile and end.
         Import,         ///< Import folder into libraryFile without a display.
         List,           ///< Print libraryFile without a display.
+        Find,           ///< Print the files that query finds, without a display.
+        Change,         ///< Carry out changes without a display.
         ShowHelp,       ///< Print helpText() to standard output and end with status 0.
         ShowVersion,    ///< Print versionText() to standard output and end with status 0.
         ReadMetadata,   ///< Run as a reader process of an import: return runMetadataReader().
@@ -38,7 +53,10 @@ struct CommandLine
     std::optional<bool> relocate;                   ///< Whether folder is the new place of one that is gone.
     bool forgetMissing = false;                     ///< For Import: remove missing files from the library.
     List list = List::Tags;                         ///< For List.
-    bool json = false;                              ///< For List: JSON in place of tab-separated lines.
+    bool json = false;                              ///< For List and Find: JSON in place of tab-separated lines.
+    QString query;                                  ///< For Find.
+    bool separatesByNul = false;                    ///< For Find: paths alone, unescaped, each followed by a NUL.
+    TagChanges changes;                             ///< For Change.
     QByteArray screenshotFile;                      ///< For Screenshot.
     TagManagerPage page = TagManagerPage::AllTags;  ///< The page shown first.
     QString search;                                 ///< The text typed into that page's search field.

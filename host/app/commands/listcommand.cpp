@@ -1,64 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/commands/listcommand.h"
 
+#include "host/app/commands/commandfailure.h"
+#include "host/app/commands/commandlibrary.h"
 #include "host/app/commands/commandline.h"
-#include "host/importer/folderwalk.h"
+#include "host/app/commands/recordprinter.h"
 #include "host/library/readonlylibrary.h"
-#include "host/library/records/escapedtext.h"
 
 #include <QHash>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
-#include <cerrno>
-#include <cstdio>
-#include <unistd.h>
 
 namespace {
-
-/// Prints records, each as a line of fields separated by tabs or as an object of one JSON array.
-class RecordPrinter
-{
-public:
-    explicit RecordPrinter(bool json)
-        : m_json(json)
-    {
-    }
-
-    void begin() { write(m_json ? "[" : ""); }
-    void end() { write(m_json ? "\n]\n" : ""); }
-    void print(const QJsonObject& object, const QVector<QByteArray>& fields);
-    [[nodiscard]] bool isFine() const { return m_fine; }
-
-private:
-    void write(const QByteArray& bytes);
-
-    bool m_json;
-    bool m_first = true;
-    bool m_fine = true;
-};
-
-void RecordPrinter::print(const QJsonObject& object, const QVector<QByteArray>& fields)
-{
-    if (m_json) {
-        write(m_first ? "\n" : ",\n");
-        write(escapedJson(QJsonDocument(object).toJson(QJsonDocument::Compact)));
-    } else {
-        for (int i = 0; i < fields.size(); ++i) {
-            write(i > 0 ? "\t" : "");
-            write(escapedText(fields.at(i)));
-        }
-        write("\n");
-    }
-    m_first = false;
-}
-
-void RecordPrinter::write(const QByteArray& bytes)
-{
-    const auto size = size_t(bytes.size());
-    m_fine = m_fine && fwrite(bytes.constData(), 1, size, stdout) == size;
-}
 
 /// Each prints one list and returns the error; empty on success.
 QString printTags(ReadOnlyLibrary& reader, RecordPrinter& printer)
@@ -87,21 +38,6 @@ QString printCategories(ReadOnlyLibrary& reader, RecordPrinter& printer)
     return categories.error;
 }
 
-void printFile(const FileRow& file, const QStringList& tags, RecordPrinter& printer)
-{
-    const QString path = QString::fromUtf8(file.path);
-    QJsonObject object = {{QStringLiteral("path"), path},
-                          {QStringLiteral("size"), file.known.state.size},
-                          {QStringLiteral("tags"), QJsonArray::fromStringList(tags)},
-                          {QStringLiteral("away"), file.isAway}};
-    if (path.toUtf8() != file.path)
-        object.insert(QStringLiteral("pathBase64"), QString::fromLatin1(file.path.toBase64()));
-    QVector<QByteArray> fields = {file.path, file.isAway ? "away" : QByteArray::number(file.known.state.size)};
-    for (const QString& tag : tags)
-        fields.append(tag.toUtf8());
-    printer.print(object, fields);
-}
-
 QString printFiles(ReadOnlyLibrary& reader, RecordPrinter& printer)
 {
     // An import may run at the same time.
@@ -116,7 +52,7 @@ QString printFiles(ReadOnlyLibrary& reader, RecordPrinter& printer)
         QStringList ofFile;
         for (const qint64 id : file.tagIds)
             ofFile.append(names.value(id));
-        printFile(file, ofFile, printer);
+        printer.printFile(file, ofFile);
         return printer.isFine();
     };
     return reader.forEachFile(visit).error;
@@ -150,34 +86,18 @@ QString printList(CommandLine::List list, ReadOnlyLibrary& reader, RecordPrinter
     return {};
 }
 
-int fail(int status, const QByteArray& reason)
-{
-    fprintf(stderr, "vellum: %s\n", escapedText(reason).constData());
-    return status;
-}
-
 }  // namespace
 
 int runListCommand(const CommandLine& commandLine)
 {
-    const QByteArray path = commandLine.libraryPath();
-    if (path.isEmpty() && !canonicalFolder(commandLine.folder))
-        return fail(CommandLine::exitUsage, "There is no folder " + commandLine.folder);
-    if (path.isEmpty())
-        return fail(1, "There is no home folder that holds libraries; name the library with --library FILE");
-    if (access(path.constData(), F_OK) != 0)
-        return fail(CommandLine::exitUsage, "There is no library " + path);
-    QString error;
-    const std::unique_ptr<ReadOnlyLibrary> reader = ReadOnlyLibrary::open(QString::fromUtf8(path), &error);
-    if (!reader)
-        return fail(1, error.toUtf8());
-    RecordPrinter printer(commandLine.json);
-    printer.begin();
-    const QString failure = printList(commandLine.list, *reader, printer);
-    if (!failure.isEmpty())
-        return fail(1, failure.toUtf8());
-    printer.end();
-    if (!printer.isFine() || fflush(stdout) != 0)
-        return fail(1, qt_error_string(errno).toUtf8());
-    return 0;
+    return exitStatusOf([&] {
+        const auto reader = commandlibrary::openForReading(commandlibrary::fileOf(commandLine));
+        RecordPrinter printer(commandLine.json);
+        printer.begin();
+        const QString failure = printList(commandLine.list, *reader, printer);
+        if (!failure.isEmpty())
+            throw CommandFailure{1, failure.toUtf8()};
+        printer.end();
+        requirePrinted(printer.isFine());
+    });
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "host/library/records/filequery.h"
+#include "host/library/query/filequery.h"
 
 #include <QObject>
 #include <QString>

@@ -62,6 +62,13 @@ bool categorytable::exists(LibraryDatabase& database, qint64 id)
     return LibraryStatement(database, "SELECT 1 FROM categories WHERE id = ? AND deleted IS NULL").run(id).next();
 }
 
+QVector<qint64> categorytable::categoriesOf(LibraryDatabase& database, qint64 tagId)
+{
+    LibraryStatement select(database, "SELECT category_id FROM tag_categories JOIN categories ON categories.id ="
+                                      " category_id WHERE tag_id = ? AND deleted IS NULL");
+    return select.run(tagId).integers();
+}
+
 CategoryRow categorytable::insertCategory(LibraryDatabase& database, const QString& name)
 {
     LibraryStatement insert(database, "INSERT INTO categories (name, spelling) VALUES (?, ?)");

@@ -20,6 +20,9 @@ namespace categorytable {
 [[nodiscard]] qint64 idByName(LibraryDatabase& database, const QString& name);
 [[nodiscard]] bool exists(LibraryDatabase& database, qint64 id);
 
+/// The ids of the categories that the tag is in, favourites included.
+[[nodiscard]] QVector<qint64> categoriesOf(LibraryDatabase& database, qint64 tagId);
+
 /// Adds a category whose name is not taken.
 CategoryRow insertCategory(LibraryDatabase& database, const QString& name);
 void updateName(LibraryDatabase& database, qint64 id, const QString& name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/database/filequeries.h"
 
+#include "host/library/database/filesearch.h"
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/librarytransaction.h"
 #include "host/library/database/tagtable.h"
@@ -14,16 +15,6 @@
 
 namespace {
 
-/// A list of ids as the one value that json_each() takes apart again, so that a list of any length is bound.
-QString jsonArray(const QVector<qint64>& ids)
-{
-    // Ids are below 2^53 (they count up from 1), which is what a number in JSON holds.
-    QJsonArray array;
-    for (qint64 id : ids)
-        array.append(id);
-    return QString::fromLatin1(QJsonDocument(array).toJson(QJsonDocument::Compact));
-}
-
 QVector<qint64> fileIdsOfTags(LibraryDatabase& database, const QVector<qint64>& tagIds)
 {
     // A few tags: their files are collected and sorted. Many: each file is asked for its tags, in the order of the
@@ -36,10 +27,52 @@ QVector<qint64> fileIdsOfTags(LibraryDatabase& database, const QVector<qint64>& 
                                           : "SELECT id FROM files WHERE EXISTS (SELECT 1 FROM file_tags WHERE"
                                             " file_id = files.id AND +tag_id IN (SELECT value FROM json_each(?)))"
                                             " ORDER BY root_id, path");
-    return select.run(jsonArray(tagIds)).integers();
+    return select.run(filequeries::jsonArray(tagIds)).integers();
 }
 
-QVector<qint64> tagIdsOfCategories(LibraryDatabase& database, const QVector<qint64>& categoryIds)
+template <typename Unwanted>
+void removeAll(QVector<qint64>& ids, const Unwanted& unwanted)
+{
+    ids.erase(std::remove_if(ids.begin(), ids.end(), [&](qint64 id) { return unwanted.contains(id); }), ids.end());
+}
+
+QSet<qint64> deletedTags(LibraryDatabase& database)
+{
+    const QVector<qint64> ids = tagtable::deletedIds(database);
+    return {ids.cbegin(), ids.cend()};
+}
+
+}  // namespace
+
+QString filequeries::jsonArray(const QVector<qint64>& ids)
+{
+    // Ids are below 2^53 (they count up from 1), which is what a number in JSON holds.
+    QJsonArray array;
+    for (qint64 id : ids)
+        array.append(id);
+    return QString::fromLatin1(QJsonDocument(array).toJson(QJsonDocument::Compact));
+}
+
+QVector<qint64> filequeries::livingTagsOf(LibraryDatabase& database, qint64 fileId)
+{
+    LibraryStatement select(database, "SELECT tag_id FROM file_tags JOIN tags ON tags.id = tag_id WHERE file_id = ?"
+                                      " AND deleted IS NULL ORDER BY tag_id");
+    return select.run(fileId).integers();
+}
+
+QVector<TagShare> filequeries::tagSharesOf(LibraryDatabase& database, const QVector<qint64>& fileIds)
+{
+    LibraryStatement select(database, "SELECT tag_id, count(*) FROM file_tags JOIN tags ON tags.id = tag_id"
+                                      " WHERE file_id IN (SELECT value FROM json_each(?)) AND deleted IS NULL"
+                                      " GROUP BY tag_id ORDER BY count(*) DESC, tags.name");
+    select.run(jsonArray(fileIds));
+    QVector<TagShare> shares;
+    while (select.next())
+        shares.append({select.integer(0), int(select.integer(1))});
+    return shares;
+}
+
+QVector<qint64> filequeries::tagIdsOfCategories(LibraryDatabase& database, const QVector<qint64>& categoryIds)
 {
     if (categoryIds.contains(reservedcategory::allTags))
         return LibraryStatement(database, "SELECT id FROM tags WHERE deleted IS NULL").run().integers();
@@ -57,25 +90,13 @@ QVector<qint64> tagIdsOfCategories(LibraryDatabase& database, const QVector<qint
     return tagIds;
 }
 
-template <typename Unwanted>
-void removeAll(QVector<qint64>& ids, const Unwanted& unwanted)
-{
-    ids.erase(std::remove_if(ids.begin(), ids.end(), [&](qint64 id) { return unwanted.contains(id); }), ids.end());
-}
-
-QSet<qint64> deletedTags(LibraryDatabase& database)
-{
-    const QVector<qint64> ids = tagtable::deletedIds(database);
-    return {ids.cbegin(), ids.cend()};
-}
-
-}  // namespace
-
 QVector<qint64> filequeries::fileIds(LibraryDatabase& database, const FileQuery& query)
 {
     if (query.scope == FileQuery::Scope::AllFiles)
         return LibraryStatement(database, "SELECT id FROM files ORDER BY root_id, path").run().integers();
     const LibraryTransaction transaction(database, LibraryTransaction::Kind::Reading);
+    if (query.scope == FileQuery::Scope::Matching)
+        return filesearch::find(database, query.term);
     QVector<qint64> tagIds =
         query.scope == FileQuery::Scope::Tags ? query.ids : tagIdsOfCategories(database, query.ids);
     removeAll(tagIds, deletedTags(database));

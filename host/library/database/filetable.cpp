@@ -172,6 +172,25 @@ void filetable::removeDecision(LibraryDatabase& database, qint64 id, qint64 tagI
     LibraryStatement(database, "DELETE FROM decisions WHERE file_id = ? AND tag_id = ?").run(id, tagId);
 }
 
+bool filetable::exists(LibraryDatabase& database, qint64 id)
+{
+    return LibraryStatement(database, "SELECT 1 FROM files WHERE id = ?").run(id).next();
+}
+
+bool filetable::hasKeywordFor(LibraryDatabase& database, qint64 id, qint64 tagId)
+{
+    LibraryStatement select(database, "SELECT 1 FROM file_keywords JOIN keywords ON keywords.id = keyword_id"
+                                      " WHERE file_id = ? AND tag_id = ?");
+    return select.run(id, tagId).next();
+}
+
+int filetable::copyTag(LibraryDatabase& database, qint64 from, qint64 into)
+{
+    LibraryStatement insert(database, "INSERT OR IGNORE INTO file_tags (tag_id, file_id)"
+                                      " SELECT ?, file_id FROM file_tags WHERE tag_id = ?");
+    return insert.run(into, from).rowsChanged();
+}
+
 int filetable::followKeyword(LibraryDatabase& database, qint64 keywordId, qint64 tagId)
 {
     LibraryStatement insert(database,

@@ -35,6 +35,7 @@ struct Decision
 /// 0 without such a file.
 [[nodiscard]] qint64 idByPath(LibraryDatabase& database, qint64 rootId, const QByteArray& path);
 [[nodiscard]] std::optional<StoredFile> fileById(LibraryDatabase& database, qint64 id);
+[[nodiscard]] bool exists(LibraryDatabase& database, qint64 id);
 /// Visits every file, ordered by root and path, until \a visitor returns false.
 void forEach(LibraryDatabase& database, const FileVisitor& visitor);
 /// The same for the files of a root in \a folder, at any depth; empty: all of the root. Throws when the index of paths
@@ -60,6 +61,12 @@ void addKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId);
 /// The same for many; fastest when sorted by file.
 void addKeywords(LibraryDatabase& database, const QVector<KeywordOfFile>& keywords);
 void removeKeyword(LibraryDatabase& database, qint64 id, qint64 keywordId);
+
+/// Whether one of the file's keywords leads to the tag.
+[[nodiscard]] bool hasKeywordFor(LibraryDatabase& database, qint64 id, qint64 tagId);
+
+/// Gives the tag \a into to every file that has the tag \a from, which keeps its files. Returns how many files got it.
+int copyTag(LibraryDatabase& database, qint64 from, qint64 into);
 
 /// Whether the tags of any file are still those of a library of version 1.
 [[nodiscard]] bool hasFilesOfVersion1(LibraryDatabase& database);

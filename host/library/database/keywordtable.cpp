@@ -34,6 +34,11 @@ void keywordtable::update(LibraryDatabase& database, qint64 id, State state, qin
         .run(int(state), tagColumn(tagId), id);
 }
 
+void keywordtable::redirect(LibraryDatabase& database, qint64 from, qint64 into)
+{
+    LibraryStatement(database, "UPDATE keywords SET tag_id = ? WHERE tag_id = ?").run(into, from);
+}
+
 QVector<KeywordRow> keywordtable::ignored(LibraryDatabase& database)
 {
     LibraryStatement select(

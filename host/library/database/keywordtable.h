@@ -31,6 +31,8 @@ struct Keyword
 /// Adds a keyword that is not known; \a tagId is 0 unless it is mapped. Returns its id.
 qint64 insert(LibraryDatabase& database, const QString& name, State state, qint64 tagId);
 void update(LibraryDatabase& database, qint64 id, State state, qint64 tagId);
+/// Makes all keywords that lead to the tag \a from lead to the tag \a into.
+void redirect(LibraryDatabase& database, qint64 from, qint64 into);
 
 /// Those without a tag, or of a deleted one, that files have, by name.
 [[nodiscard]] QVector<KeywordRow> ignored(LibraryDatabase& database);

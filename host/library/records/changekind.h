@@ -16,5 +16,7 @@ enum class ChangeKind
     Import = 10,
     Forget = 11,
     AddRoot = 12,
-    Settle = 13
+    Settle = 13,
+    MergeTags = 14,
+    TagFiles = 15
 };

@@ -37,6 +37,13 @@ inline bool operator==(const TagLink& a, const TagLink& b)
     return a.categoryId == b.categoryId && a.tagId == b.tagId;
 }
 
+/// Of some files, how many have a tag.
+struct TagShare
+{
+    qint64 tagId = 0;
+    int files = 0;
+};
+
 /// A folder of pictures. Where it is mounted is known to each computer, not to the library.
 struct RootRow
 {

@@ -10,6 +10,20 @@
 
 using Kind = LibraryTransaction::Kind;
 
+namespace {
+
+LibraryResult resultOf(const LibraryError& error)
+{
+    LibraryResult result;
+    result.status = error.status();
+    result.message = error.message();
+    result.rejectedTags = error.rejectedTags();
+    result.rejectedCategories = error.rejectedCategories();
+    return result;
+}
+
+}  // namespace
+
 LibraryWriter::LibraryWriter(std::unique_ptr<LibraryDatabase> database)
     : m_database(std::move(database))
 {
@@ -28,6 +42,19 @@ LibraryContents LibraryWriter::readContents()
     m_version = m_database->foreignVersion();
     m_place = changelog::last(*m_database);
     return {tagtable::tags(*m_database), categorytable::categories(*m_database), categorytable::links(*m_database)};
+}
+
+LibraryResult LibraryWriter::rehearse(const LibraryRequestBody& body, const LibraryTransaction::MayWait& mayWait)
+{
+    LibraryResult result;
+    try {
+        const LibraryTransaction transaction(*m_database, Kind::Writing, mayWait);
+        LibraryRequest request{*m_database, m_place.id + 1, result};
+        body(request);
+    } catch (const LibraryError& error) {
+        result = resultOf(error);
+    }
+    return result;
 }
 
 LibraryResult LibraryWriter::carryOut(ChangeKind kind, const LibraryRequestBody& body,
@@ -51,11 +78,7 @@ LibraryResult LibraryWriter::carryOut(ChangeKind kind, const LibraryRequestBody&
         m_place = place;
         m_database->requireInPlace();
     } catch (const LibraryError& error) {
-        result = {};
-        result.status = error.status();
-        result.message = error.message();
-        result.rejectedTags = error.rejectedTags();
-        result.rejectedCategories = error.rejectedCategories();
+        result = resultOf(error);
     }
     return result;
 }

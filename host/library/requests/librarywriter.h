@@ -38,6 +38,8 @@ public:
     /// \a others gets what was committed by others before it.
     [[nodiscard]] LibraryResult carryOut(ChangeKind kind, const LibraryRequestBody& body,
                                          const LibraryTransaction::MayWait& mayWait, ForeignChanges& foreign);
+    /// What the request would do; nothing is committed.
+    [[nodiscard]] LibraryResult rehearse(const LibraryRequestBody& body, const LibraryTransaction::MayWait& mayWait);
     /// What others committed since the last call or request. Costs microseconds when there is nothing. What cannot be
     /// read now is read the next time; \a error says why.
     [[nodiscard]] ForeignChanges takeForeignChanges(QString* error);

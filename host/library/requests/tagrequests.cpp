@@ -2,6 +2,7 @@
 #include "host/library/requests/tagrequests.h"
 
 #include "host/library/database/categorytable.h"
+#include "host/library/database/decisiontable.h"
 #include "host/library/database/filetable.h"
 #include "host/library/database/keywordtable.h"
 #include "host/library/database/tagtable.h"
@@ -35,6 +36,14 @@ void takeKeywordBack(LibraryRequest& request, TagRow& tag)
     tagtable::addToFileCount(request.database, tag.id, more);
     request.change().fileCountChanges[tag.id] += more;
     request.change().filesChanged = true;
+}
+
+/// Pictures that come with the name of a merged tag get the tag that it became, also when none came with it so far.
+void leadNameTo(LibraryDatabase& database, qint64 from, qint64 into)
+{
+    const QString name = tagtable::tagById(database, from)->name;
+    if (!keywordtable::find(database, name))
+        keywordtable::insert(database, name, State::Mapped, into);
 }
 
 void createTag(LibraryRequest& request, const NewTagRecord& record)
@@ -102,6 +111,30 @@ void tagrequests::remove(LibraryRequest& request, const QVector<qint64>& ids)
         request.change().tagsDeleted.append(id);
     }
     request.change().filesChanged = !removed.isEmpty();
+}
+
+void tagrequests::merge(LibraryRequest& request, const QVector<qint64>& ids, qint64 into)
+{
+    (void)requestchecks::requireTag(request.database, into);
+    QVector<qint64> others = ids;
+    others.removeAll(into);
+    requestchecks::requireTags(request.database, others);
+    int more = 0;
+    for (qint64 from : qAsConst(others)) {
+        leadNameTo(request.database, from, into);
+        more += filetable::copyTag(request.database, from, into);
+        keywordtable::redirect(request.database, from, into);
+        decisiontable::merge(request.database, from, into);
+        for (qint64 categoryId : categorytable::categoriesOf(request.database, from)) {
+            if (categorytable::addTag(request.database, {categoryId, into}))
+                request.change().linksAdded.append({categoryId, into});
+        }
+    }
+    if (more > 0) {
+        tagtable::addToFileCount(request.database, into, more);
+        request.change().fileCountChanges[into] += more;
+    }
+    remove(request, others);
 }
 
 void tagrequests::addToCategories(LibraryRequest& request, const QVector<qint64>& categoryIds,

@@ -17,6 +17,9 @@ void rename(LibraryRequest& request, qint64 id, const QString& name);
 void recolor(LibraryRequest& request, qint64 id, int colorIndex);
 /// Costs the same however many files the tags are on. Their keywords are ignored from now on.
 void remove(LibraryRequest& request, const QVector<qint64>& ids);
+/// Makes one tag of several: \a into gets the files, categories and keywords of the others, which are deleted. A file
+/// that had any of them has \a into afterwards. Costs as much as these tags have files.
+void merge(LibraryRequest& request, const QVector<qint64>& ids, qint64 into);
 void addToCategories(LibraryRequest& request, const QVector<qint64>& categoryIds, const QVector<qint64>& tagIds);
 void removeFromCategories(LibraryRequest& request, const QVector<qint64>& categoryIds, const QVector<qint64>& tagIds);
 

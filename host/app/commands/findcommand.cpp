@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "host/app/commands/findcommand.h"
+
+#include "host/app/commands/commandfailure.h"
+#include "host/app/commands/commandlibrary.h"
+#include "host/app/commands/commandline.h"
+#include "host/app/commands/recordprinter.h"
+#include "host/library/query/queryparser.h"
+#include "host/library/readonlylibrary.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+struct Words
+{
+    Q_DECLARE_TR_FUNCTIONS(FindCommand)
+};
+
+QueryTerm parsed(const QString& query)
+{
+    constexpr int shownLength = 30;
+    const queryparser::Parsed parsed = queryparser::parse(query);
+    if (parsed.term)
+        return *parsed.term;
+    const QString where = parsed.position < query.size()
+                              ? Words::tr("The query is wrong at \"%1\" (character %2).")
+                                    .arg(query.mid(parsed.position, shownLength), QString::number(parsed.position + 1))
+                              : Words::tr("The query is wrong at its end.");
+    throw CommandFailure{CommandLine::exitUsage, (where + ' ' + parsed.error).toUtf8()};
+}
+
+template <typename T>
+T required(const LibraryAnswer<T>& answer)
+{
+    if (!answer)
+        throw CommandFailure{1, answer.error.toUtf8()};
+    return answer.value;
+}
+
+void printPath(const FileRow& file, bool& isFine)
+{
+    const auto size = size_t(file.path.size()) + 1;  // With the NUL behind it.
+    isFine = isFine && fwrite(file.path.constData(), 1, size, stdout) == size;
+}
+
+void printFound(ReadOnlyLibrary& reader, const QVector<qint64>& ids, const CommandLine& commandLine)
+{
+    constexpr int pageSize = 1000;
+    QHash<qint64, QString> names;
+    for (const TagRow& tag : required(reader.tags()))
+        names.insert(tag.id, tag.name);
+    RecordPrinter printer(commandLine.json);
+    bool isFine = true;
+    if (!commandLine.separatesByNul)
+        printer.begin();
+    for (int start = 0; start < ids.size() && isFine && printer.isFine(); start += pageSize) {
+        for (const FileRow& file : required(reader.filesWithTags(ids.mid(start, pageSize)))) {
+            if (commandLine.separatesByNul) {
+                printPath(file, isFine);
+                continue;
+            }
+            QStringList tags;
+            for (const qint64 id : file.tagIds)
+                tags.append(names.value(id));
+            printer.printFile(file, tags);
+        }
+    }
+    if (!commandLine.separatesByNul)
+        printer.end();
+    requirePrinted(isFine && printer.isFine());
+}
+
+}  // namespace
+
+int runFindCommand(const CommandLine& commandLine)
+{
+    return exitStatusOf([&] {
+        const QueryTerm query = parsed(commandLine.query);
+        const auto reader = commandlibrary::openForReading(commandlibrary::fileOf(commandLine));
+        // An import may go on meanwhile.
+        const ReadOnlyLibrary::Snapshot snapshot(*reader);
+        for (const QString& name : required(reader->unknownNames(query)))
+            printNote(Words::tr("There is no tag or category called \"%1\".").arg(name).toUtf8());
+        printFound(*reader, required(reader->fileIds(FileQuery::matching(query))), commandLine);
+    });
+}

@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+struct CommandLine;
+
+/// Prints the files that a query finds; returns the program's exit status. Reads only.
+[[nodiscard]] int runFindCommand(const CommandLine& commandLine);
