@@ -15,6 +15,7 @@ declare -A purpose=(
 )
 passed=0
 failed=0
+configuration=()
 report=()
 
 usage() {
@@ -26,7 +27,7 @@ is below build/, the full output of each stage in build/logs.
 
   --quick       only the layout of the code and the tests of the release build
   --long        the long forms of the tests that have one (soak, random walk, damaged
-                pictures); hours instead of minutes
+                pictures), and the pictures of the documentation; hours instead of minutes
   --stage NAME  only this stage; may be given more than once
   --help        this text
 
@@ -47,7 +48,10 @@ parse_arguments() {
     while [[ $# -gt 0 ]]; do
         case $1 in
         --quick) stages=(format release) ;;
-        --long) export VELLUM_LONG_TESTS=1 ;;
+        --long)
+            export VELLUM_LONG_TESTS=1
+            configuration=(-C pictures)
+            ;;
         --stage)
             [[ $# -gt 1 && -n ${purpose[$2]:-} ]] || wrong_usage "--stage takes one of: ${all_stages[*]}"
             stages+=("$2")
@@ -79,7 +83,7 @@ build_preset() {
 # Runs the tests of a preset and adds what ctest counted.
 run_ctest() {
     local log=$logs/ctest-$1.log status=0 total missed
-    (cd "$root" && ctest --preset "$1" --output-log "$log") || status=1
+    (cd "$root" && ctest --preset "$1" ${configuration[@]+"${configuration[@]}"} --output-log "$log") || status=1
     read -r missed total < <(sed -nE 's/^[0-9]+% tests passed, ([0-9]+) tests? failed out of ([0-9]+)$/\1 \2/p' "$log" 2>/dev/null)
     if [[ -z ${total:-} ]]; then
         count 0 1

@@ -6,9 +6,12 @@
 #include "host/app/dialogs/skippedfilesdialog.h"
 #include "host/app/files/filepanel.h"
 #include "host/app/files/filepresenter.h"
+#include "host/app/files/selectiontagger.h"
 #include "host/app/librarysession.h"
+#include "host/app/picturedrop.h"
 #include "host/app/refusaltext.h"
 #include "host/app/widgets/elidedlabel.h"
+#include "host/app/widgets/flatbuttonstyle.h"
 #include "host/app/widgets/importbar.h"
 #include "host/app/widgets/noticebar.h"
 #include "host/app/widgets/windowgeometry.h"
@@ -27,6 +30,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QPushButton>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
@@ -41,11 +45,13 @@ constexpr int smallestTagWindow = 600;  // wide enough for the pages' descriptio
 constexpr int firstPanelWidth = 330;    // two thumbnails side by side
 constexpr QPoint titlePosition(20, 7);
 constexpr int titleHeight = 18;
+constexpr int titleGap = 12;
 constexpr int titleFontPixels = 12;
 constexpr int windowButtonsWidth = 120;  // kept free at the right of the title
 constexpr qint64 silentImport = 1000;    // milliseconds
 constexpr int longestHold = 30000;       // milliseconds; changes by others are held back while a name is typed
 const QString splitterKey = QStringLiteral("window/panel");
+const QString picturesKey = QStringLiteral("window/pictures");  // whether they are shown
 
 }  // namespace
 
@@ -84,6 +90,8 @@ void HostWindow::restoreGeometryKept()
     const QSettings settings;
     WindowGeometry::load(settings).applyTo(*this);
     m_splitter->restoreState(settings.value(splitterKey).toByteArray());
+    if (settings.value(picturesKey, true).toBool())
+        m_presenter->showAll();
     m_keepsGeometry = true;
 }
 
@@ -116,8 +124,25 @@ void HostWindow::closeEvent(QCloseEvent* event)
 void HostWindow::resizeEvent(QResizeEvent* event)
 {
     FrameWindow::resizeEvent(event);
-    const int width = contentWidget()->width() - titlePosition.x() - windowButtonsWidth;
+    placeTitle();
+}
+
+/// The button for the pictures stands behind the title, in the strip that the pages leave free.
+void HostWindow::placeTitle()
+{
+    const int button = m_picturesButton->sizeHint().width();
+    const int room = contentWidget()->width() - titlePosition.x() - windowButtonsWidth;
+    const int width = std::min(m_title->sizeHint().width(), room - button - titleGap);
     m_title->setGeometry(QRect(titlePosition, QSize(width, titleHeight)));
+    m_picturesButton->setGeometry(titlePosition.x() + width + titleGap, titlePosition.y() - 3, button, 24);
+}
+
+void HostWindow::togglePictures()
+{
+    if (m_files->isHidden())
+        m_presenter->showAgain();
+    else
+        closeFiles();
 }
 
 void HostWindow::showEvent(QShowEvent* event)
@@ -142,6 +167,13 @@ void HostWindow::setUpTitle()
     colors.setColor(QPalette::WindowText, VLSkinSetting::GetInstance()->GetTextColor(2));
     m_title->setPalette(colors);
     m_title->raise();
+    m_picturesButton = new QPushButton(tr("Pictures"), contentWidget());
+    m_picturesButton->setObjectName(QStringLiteral("pictures_button"));
+    m_picturesButton->setToolTip(tr("Show the pictures (F9)"));
+    m_picturesButton->setStyleSheet(flatButtonStyle());
+    m_picturesButton->raise();
+    connect(m_picturesButton, &QPushButton::clicked, this, &HostWindow::togglePictures);
+    connect(m_files, &FilePanel::visibilityChanged, m_picturesButton, &QWidget::setHidden);
 }
 
 void HostWindow::setUpContent(IVLTagManagerPlugin& plugin)
@@ -176,6 +208,11 @@ void HostWindow::setUpShortcuts()
         connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
     };
     add(QKeySequence(Qt::CTRL + Qt::Key_F), [this] { focusSearch(); });
+    add(QKeySequence(Qt::Key_F9), [this] { togglePictures(); });
+    add(QKeySequence(Qt::CTRL + Qt::Key_T), [this] { m_presenter->focusTagField(); });
+    add(QKeySequence(Qt::CTRL + Qt::Key_Return), [this] { m_presenter->tagger()->putOnAgain(); });
+    add(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_C), [this] { m_presenter->tagger()->copyTags(); });
+    add(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_V), [this] { m_presenter->tagger()->pasteTags(); });
     add(QKeySequence(Qt::CTRL + Qt::Key_Q), [this] { close(); });
     add(QKeySequence(Qt::CTRL + Qt::Key_W), [this] { close(); });
     add(QKeySequence(Qt::Key_F11), [this] { toggleMaximized(); });
@@ -199,6 +236,9 @@ void HostWindow::connectTagManager()
     IVLTagManagerControl* control = tagManager();
     if (!control)
         return;
+    control->setChipsDraggable(true);
+    const auto* drop = new PictureDrop(this, m_tagWindow);
+    connect(drop, &PictureDrop::picturesDropped, m_presenter->tagger(), &SelectionTagger::putOnFiles);
     VLTagManagerEvents* events = control->events();
     connect(events, &VLTagManagerEvents::searchResultActivated, m_presenter,
             [this](qint64 tagId) { m_presenter->showTagFiles({tagId}); });
@@ -325,4 +365,5 @@ void HostWindow::saveGeometryKept() const
     QSettings settings;
     WindowGeometry::of(*this).save(settings);
     settings.setValue(splitterKey, m_splitter->saveState());
+    settings.setValue(picturesKey, !m_files->isHidden());
 }

@@ -18,6 +18,7 @@ class IVLTagManagerPlugin;
 class IVLTagManagerWidget;
 class LibrarySession;
 class NoticeBar;
+class QPushButton;
 class QSplitter;
 
 /// The main window: a frame around the plug-in's window, with the file panel beside it and the bars for imports and
@@ -56,6 +57,8 @@ protected:
 
 private:
     void setUpTitle();
+    void placeTitle();
+    void togglePictures();
     void setUpContent(IVLTagManagerPlugin& plugin);
     void setUpShortcuts();
     void connectTagWindow();
@@ -77,6 +80,7 @@ private:
 
     LibrarySession& m_session;
     ElidedLabel* m_title = nullptr;
+    QPushButton* m_picturesButton = nullptr;  ///< Shown while the pictures are folded away.
     QSplitter* m_splitter = nullptr;
     QPointer<QWidget> m_focusBeforeFiles;  ///< The widget that had the focus before the file panel.
     FilePanel* m_files = nullptr;

@@ -14,6 +14,7 @@
 #include <itagmanagerdataprovider.h>
 
 #include <QFile>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -63,6 +64,7 @@ private slots:
     void init()
     {
         QSettings().clear();
+        QSettings().setValue(QStringLiteral("window/pictures"), false);
         m_folder = std::make_unique<PictureFolder>();
         LibraryChoice choice;
         choice.file = m_folder->path("holidays.vellum");
@@ -262,6 +264,34 @@ private slots:
         QTest::keyClick(m_window.get(), Qt::Key_Escape);
         QVERIFY(m_window->filePanel()->isHidden());
         QCOMPARE(m_window->focusWidget(), button);
+    }
+
+    void picturesAreFoldedAndShown()
+    {
+        Library& library = m_session->library();
+        const qint64 root = library.addRootAndWait("/nowhere").rootId;
+        QVERIFY(library.importAndWait(root, {taggedFile("a.png", {"A"}), taggedFile("b.png", {})}).succeeded());
+        const FilePanel& panel = *m_window->filePanel();
+        auto* const button = m_window->findChild<QPushButton*>(QStringLiteral("pictures_button"));
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_COMPARE(panel.title(), QStringLiteral("2 pictures"));
+        QVERIFY(button->isHidden());
+        QTest::mouseClick(panel.findChild<QPushButton*>(QStringLiteral("untagged_pictures")), Qt::LeftButton);
+        QTRY_COMPARE(panel.title(), QStringLiteral("1 picture without tags"));
+        auto* const query = panel.findChild<QLineEdit*>(QStringLiteral("query_field"));
+        query->setText(QStringLiteral("a or (untagged"));
+        QTest::keyClick(query, Qt::Key_Return);
+        QCOMPARE(query->cursorPosition(), 5);
+        QCOMPARE(panel.title(), QStringLiteral("1 picture without tags"));
+        query->setText(QStringLiteral("a or untagged"));
+        QTest::keyClick(query, Qt::Key_Return);
+        QTRY_COMPARE(panel.title(), QStringLiteral("2 pictures found"));
+        m_window->close();
+        const LibraryChoice choice = m_session->choice();
+        openSession(choice);
+        QTRY_COMPARE(m_window->filePanel()->title(), QStringLiteral("2 pictures"));
+        QTest::keyClick(m_window.get(), Qt::Key_F9);
+        QVERIFY(m_window->filePanel()->isHidden());
     }
 
     void emptyLibraryTellsWhatToDo()

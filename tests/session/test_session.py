@@ -91,9 +91,16 @@ class Session:
     def opens_on_all_tags(self):
         self.open("--size", "1100x700")
         wait_until(lambda: len(self.vellum.listed("tags")) > 100, "the import of the samples")
+        self.folds_the_pictures_away()
         wait_until(lambda: self.vellum.first_chip(self.vellum.area(*LIST)), "chips on the page")
         page, _ = self.vellum.shown_page()
         assert page == "all", page
+
+    def folds_the_pictures_away(self):
+        left = self.vellum.geometry()[0]
+        wait_until(lambda: self.vellum.corner()[0] > left + 100, "the pictures beside the tags")
+        self.display.key("F9")
+        wait_until(lambda: self.vellum.corner()[0] < left + 100, "the pictures to go")
 
     def looks_at_files(self):
         vellum = self.vellum

@@ -2,6 +2,10 @@
 #include "host/app/files/filelistmodel.h"
 
 #include "host/app/commands/picturefile.h"
+#include "host/app/files/filedrag.h"
+
+#include <QMimeData>
+#include <QUrl>
 
 #include <utility>
 
@@ -101,6 +105,28 @@ Thumbnail::Source FileListModel::thumbnailSource(int row) const
 int FileListModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_ids.size();
+}
+
+Qt::ItemFlags FileListModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+    return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}
+
+QMimeData* FileListModel::mimeData(const QModelIndexList& indexes) const
+{
+    QVector<qint64> ids;
+    QList<QUrl> urls;
+    for (const QModelIndex& index : indexes) {
+        ids.append(id(index.row()));
+        const QByteArray file = path(index.row());
+        if (file.startsWith('/'))
+            urls.append(QUrl::fromEncoded("file://" + file.toPercentEncoding("/")));
+    }
+    auto* const data = new QMimeData;
+    filedrag::setFiles(*data, ids);
+    data->setUrls(urls);
+    return data;
 }
 
 QVariant FileListModel::data(const QModelIndex& index, int role) const

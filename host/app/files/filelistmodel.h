@@ -41,6 +41,8 @@ public:
 
     /// Marks the path of \a row as requested, and returns the id for which setPaths() is then expected.
     qint64 askForPath(int row);
+    /// -1 for a file that is not shown. Costs a look at every row.
+    [[nodiscard]] int rowOf(qint64 id) const { return m_ids.indexOf(id); }
     [[nodiscard]] qint64 id(int row) const { return m_ids.at(row); }
     /// Empty while not known.
     [[nodiscard]] QByteArray path(int row) const { return m_paths.value(m_ids.at(row)).path; }
@@ -52,6 +54,9 @@ public:
     [[nodiscard]] Thumbnail::Source thumbnailSource(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    /// Ids of all rows, and the URLs of those whose path is known. Owned by the caller.
+    [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:

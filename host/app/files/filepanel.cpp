@@ -2,6 +2,8 @@
 #include "host/app/files/filepanel.h"
 
 #include "host/app/files/fileview.h"
+#include "host/app/files/querybar.h"
+#include "host/app/tagging/tagstrip.h"
 #include "host/app/widgets/elidedlabel.h"
 #include "host/app/widgets/wrappedlabel.h"
 
@@ -35,6 +37,8 @@ FilePanel::FilePanel(QWidget* parent)
     , m_view(new FileView(this))
     , m_message(new QLabel(this))
     , m_notice(new WrappedLabel(this))
+    , m_queryBar(new QueryBar(this))
+    , m_strip(new TagStrip(this))
 {
     setObjectName(QStringLiteral("file_panel"));
     setAttribute(Qt::WA_StyledBackground);
@@ -81,13 +85,25 @@ QString FilePanel::message() const
 
 bool FilePanel::isHeaderAt(const QPoint& pos) const
 {
-    return isVisible() && rect().contains(pos) && pos.y() < m_body->y();
+    return isVisible() && rect().contains(pos) && pos.y() < m_queryBar->y();
 }
 
 void FilePanel::showFiles(const QVector<qint64>& ids, bool keepPlace)
 {
     m_body->setCurrentWidget(m_view);
     m_view->setFiles(ids, keepPlace);
+}
+
+void FilePanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    emit visibilityChanged(true);
+}
+
+void FilePanel::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    emit visibilityChanged(false);
 }
 
 void FilePanel::setUpHeader()
@@ -101,8 +117,8 @@ void FilePanel::setUpHeader()
     m_closeButton->setIconSize(QSize(closeIconSide, closeIconSide));
     m_closeButton->setAutoRaise(true);
     m_closeButton->setFocusPolicy(Qt::NoFocus);
-    m_closeButton->setAccessibleName(tr("Close the files"));
-    m_closeButton->setToolTip(tr("Close (Esc)"));
+    m_closeButton->setAccessibleName(tr("Fold the pictures away"));
+    m_closeButton->setToolTip(tr("Fold away (F9)"));
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
     m_closeButton->setIcon(QIcon(skin->GetResourceAbsolutePath(QStringLiteral("title_window_close_normal.svg"))));
 
@@ -126,8 +142,10 @@ void FilePanel::setUpBody()
     m_notice->setContentsMargins(sideMargin, 0, sideMargin, noticeBottom);
     m_notice->hide();
     auto* column = static_cast<QVBoxLayout*>(layout());
+    column->addWidget(m_queryBar);
     column->addWidget(m_body, 1);
     column->addWidget(m_notice);
+    column->addWidget(m_strip);
 }
 
 void FilePanel::applySkin()

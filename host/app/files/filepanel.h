@@ -7,6 +7,8 @@
 class ElidedLabel;
 class FileView;
 class QLabel;
+class QueryBar;
+class TagStrip;
 class QStackedWidget;
 class QToolButton;
 class WrappedLabel;
@@ -27,6 +29,8 @@ public:
     void showFiles(const QVector<qint64>& ids, bool keepPlace);
 
     [[nodiscard]] FileView* view() const { return m_view; }
+    [[nodiscard]] QueryBar* queryBar() const { return m_queryBar; }
+    [[nodiscard]] TagStrip* strip() const { return m_strip; }
     [[nodiscard]] QString title() const;
     /// Empty while files are shown.
     [[nodiscard]] QString message() const;
@@ -35,8 +39,14 @@ public:
     [[nodiscard]] bool isHeaderAt(const QPoint& pos) const;
 
 signals:
+    /// The panel came into sight or went.
+    void visibilityChanged(bool isVisible);
     /// The user closed the panel.
     void closeRequested();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void setUpHeader();
@@ -49,4 +59,6 @@ private:
     FileView* m_view = nullptr;
     QLabel* m_message = nullptr;
     WrappedLabel* m_notice = nullptr;
+    QueryBar* m_queryBar = nullptr;
+    TagStrip* m_strip = nullptr;
 };

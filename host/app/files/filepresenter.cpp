@@ -5,7 +5,12 @@
 #include "host/app/files/filepanel.h"
 #include "host/app/files/fileview.h"
 #include "host/app/files/pictureopener.h"
+#include "host/app/files/querybar.h"
+#include "host/app/files/selectiontagger.h"
+#include "host/app/tagging/tagfield.h"
+#include "host/app/tagging/tagstrip.h"
 #include "host/library/library.h"
+#include "host/library/query/queryparser.h"
 
 #include <ilibrarydataprovider.h>
 #include <itagdataprovider.h>
@@ -27,10 +32,16 @@ FilePresenter::FilePresenter(Library& library, FilePanel& panel, QObject* parent
     : QObject(parent)
     , m_library(library)
     , m_panel(panel)
+    , m_tagger(new SelectionTagger(m_library, *m_panel.view(), *m_panel.strip(), this))
 {
     connect(&m_library, &Library::filesChanged, this, &FilePresenter::refresh);
     connect(m_panel.view(), &FileView::filesNeeded, this, &FilePresenter::fillPaths);
     connect(m_panel.view(), &FileView::fileActivated, this, &FilePresenter::openFile);
+    connect(m_panel.view(), &FileView::filesSelected, this, &FilePresenter::dropUnselected, Qt::QueuedConnection);
+    connect(m_tagger, &SelectionTagger::refused, &m_panel, &FilePanel::setNotice);
+    connect(m_panel.queryBar(), &QueryBar::allRequested, this, &FilePresenter::showAll);
+    connect(m_panel.queryBar(), &QueryBar::untaggedRequested, this, &FilePresenter::showUntagged);
+    connect(m_panel.queryBar(), &QueryBar::queryEntered, this, &FilePresenter::showQuery);
     connect(m_panel.view(), &FileView::thumbnailsUnavailable, &m_panel, &FilePanel::setNotice);
 }
 
@@ -42,6 +53,48 @@ void FilePresenter::showTagFiles(const QVector<qint64>& tagIds)
 void FilePresenter::showCategoryFiles(const QVector<qint64>& categoryIds)
 {
     present(FileQuery::ofCategories(categoryIds));
+}
+
+void FilePresenter::showAll()
+{
+    present(FileQuery::allFiles());
+}
+
+void FilePresenter::showAgain()
+{
+    present(m_query);
+}
+
+void FilePresenter::showUntagged()
+{
+    showQuery(QStringLiteral("untagged"));
+}
+
+void FilePresenter::showQuery(const QString& query)
+{
+    if (query.trimmed().isEmpty()) {
+        showAll();
+        return;
+    }
+    const queryparser::Parsed parsed = queryparser::parse(query);
+    if (!parsed.term) {
+        m_panel.setNotice(parsed.error);
+        m_panel.queryBar()->showMistake(parsed.position);
+        return;
+    }
+    m_queryText = query;
+    present(FileQuery::matching(*parsed.term));
+}
+
+void FilePresenter::focusTagField()
+{
+    if (m_panel.isHidden())
+        showAll();
+    TagField* const field = m_panel.strip()->field();
+    if (field->isEnabled())
+        field->setFocus(Qt::ShortcutFocusReason);
+    else
+        m_panel.view()->setFocus(Qt::ShortcutFocusReason);
 }
 
 void FilePresenter::showHintIfEmpty()
@@ -76,7 +129,12 @@ void FilePresenter::showHint(int files)
 void FilePresenter::present(const FileQuery& query)
 {
     m_query = query;
+    m_isAsked = true;
     m_name = nameAskedFor();
+    if (query.scope != FileQuery::Scope::Matching)
+        m_queryText = queryTextOf(query);
+    m_panel.queryBar()->setQuery(m_queryText);
+    m_panel.setNotice({});
     m_panel.setTitle(m_name);
     m_panel.showMessage(tr("Looking for files…"));
     m_panel.show();
@@ -85,7 +143,7 @@ void FilePresenter::present(const FileQuery& query)
 
 void FilePresenter::refresh()
 {
-    if (m_panel.isHidden() || m_query.scope == FileQuery::Scope::AllFiles)
+    if (m_panel.isHidden() || !m_isAsked)
         return;
     if (m_asking)
         m_outdated = true;
@@ -104,19 +162,58 @@ void FilePresenter::ask(bool keepPlace)
                            });
 }
 
-void FilePresenter::showAnswer(const QVector<qint64>& ids, const QString& error, bool keepPlace)
+QVector<qint64> FilePresenter::withSelected(const QVector<qint64>& ids)
+{
+    const QSet<qint64> found(ids.cbegin(), ids.cend());
+    QHash<qint64, QVector<qint64>> keptAfter;
+    qint64 previous = 0;
+    const QVector<qint64> selected = m_panel.view()->selectedFiles();
+    const QSet<qint64> selectedSet(selected.cbegin(), selected.cend());
+    m_kept.clear();
+    for (const qint64 id : qAsConst(m_shown)) {
+        if (found.contains(id)) {
+            previous = id;
+        } else if (selectedSet.contains(id)) {
+            keptAfter[previous].append(id);
+            m_kept.insert(id);
+        }
+    }
+    if (m_kept.isEmpty())
+        return ids;
+    QVector<qint64> merged = keptAfter.value(0);
+    for (const qint64 id : ids) {
+        merged.append(id);
+        merged += keptAfter.value(id);
+    }
+    return merged;
+}
+
+void FilePresenter::dropUnselected()
+{
+    if (m_kept.isEmpty() || m_asking)
+        return;
+    const QVector<qint64> selected = m_panel.view()->selectedFiles();
+    const QSet<qint64> selectedSet(selected.cbegin(), selected.cend());
+    if (!selectedSet.contains(m_kept))
+        ask(true);
+}
+
+void FilePresenter::showAnswer(const QVector<qint64>& found, const QString& error, bool keepPlace)
 {
     m_asking = false;
+    const QVector<qint64> ids = keepPlace ? withSelected(found) : found;
+    if (!keepPlace)
+        m_kept.clear();
+    m_shown = ids;
     // A deleted tag or category has no name.
     const QString name = nameAskedFor();
     if (!name.isEmpty())
         m_name = name;
-    m_panel.setTitle(titleFor(ids.size()));
+    m_panel.setTitle(titleFor(found.size()));
     if (!error.isEmpty())
         m_panel.showMessage(tr("The files cannot be shown: %1").arg(error));
     else if (ids.isEmpty())
-        m_panel.showMessage(m_query.scope == FileQuery::Scope::Tags ? tr("No file carries this tag.")
-                                                                    : tr("No file carries a tag of this category."));
+        m_panel.showMessage(emptyMessage());
     else
         m_panel.showFiles(ids, keepPlace);
     if (m_outdated)
@@ -153,6 +250,12 @@ QString FilePresenter::titleFor(int files) const
     const bool one = files == 1;
     const QString number = files == 0 ? tr("No") : QLocale().toString(files);
     const QString asked = QLocale().toString(m_query.ids.size());
+    if (m_query.scope == FileQuery::Scope::AllFiles)
+        return one ? tr("%1 picture").arg(number) : tr("%1 pictures").arg(number);
+    if (m_query.scope == FileQuery::Scope::Matching && m_query.term.kind == QueryTerm::Kind::Untagged)
+        return (one ? tr("%1 picture without tags") : tr("%1 pictures without tags")).arg(number);
+    if (m_query.scope == FileQuery::Scope::Matching)
+        return (one ? tr("%1 picture found") : tr("%1 pictures found")).arg(number);
     if (m_query.scope == FileQuery::Scope::Tags) {
         if (m_query.ids.size() == 1)
             return (one ? tr("%1 file tagged ‘%2’") : tr("%1 files tagged ‘%2’")).arg(number, m_name);
@@ -161,6 +264,30 @@ QString FilePresenter::titleFor(int files) const
     if (m_query.ids.size() == 1)
         return (one ? tr("%1 file in category ‘%2’") : tr("%1 files in category ‘%2’")).arg(number, m_name);
     return (one ? tr("%1 file in any of %2 categories") : tr("%1 files in any of %2 categories")).arg(number, asked);
+}
+
+QString FilePresenter::emptyMessage() const
+{
+    switch (m_query.scope) {
+    case FileQuery::Scope::AllFiles:
+        return tr("There are no pictures in this library yet.");
+    case FileQuery::Scope::Tags:
+        return tr("No file carries this tag.");
+    case FileQuery::Scope::Categories:
+        return tr("No file carries a tag of this category.");
+    case FileQuery::Scope::Matching:
+        break;
+    }
+    return m_query.term.kind == QueryTerm::Kind::Untagged ? tr("Every picture has a tag.")
+                                                          : tr("No picture is found by this query.");
+}
+
+QString FilePresenter::queryTextOf(const FileQuery& query) const
+{
+    if (m_name.isEmpty() || query.ids.size() != 1)
+        return {};
+    const QString name = queryparser::quoted(m_name);
+    return query.scope == FileQuery::Scope::Categories ? QStringLiteral("category:") + name : name;
 }
 
 QString FilePresenter::nameAskedFor() const

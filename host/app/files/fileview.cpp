@@ -1,13 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/files/fileview.h"
 
+#include "host/app/files/filedrag.h"
 #include "host/app/files/filelistmodel.h"
 #include "host/app/files/filetiledelegate.h"
 #include "host/app/files/filetilelayout.h"
 #include "host/app/files/thumbnailloader.h"
 
+#include <vlskinsetting.h>
+
+#include <QDrag>
+#include <QDragEnterEvent>
 #include <QEvent>
+#include <QItemSelection>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMimeData>
+#include <QPainter>
 #include <QScrollBar>
+#include <QSet>
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +26,8 @@
 
 namespace {
 
+constexpr int dragSide = 72;       // logical pixels
+constexpr int dragOffset = 10;     // from the pointer, logical pixels
 constexpr int rowsPerBatch = 500;  // rows laid out in one turn of the event loop
 
 }  // namespace
@@ -48,10 +61,50 @@ void FileView::setFiles(const QVector<qint64>& ids, bool keepPlace)
 {
     m_loader->setWanted({}, m_pixels);
     m_placeToRestore = keepPlace ? verticalScrollBar()->value() : 0;
+    const QVector<qint64> selected = keepPlace ? selectedFiles() : QVector<qint64>();
+    const qint64 current = keepPlace && currentIndex().isValid() ? m_model->id(currentIndex().row()) : 0;
     m_model->setFiles(ids);
-    if (!keepPlace)
+    if (keepPlace)
+        selectFiles(selected, current);
+    else
         scrollToTop();
     m_request.start();
+}
+
+QVector<qint64> FileView::selectedFiles() const
+{
+    QVector<int> rows;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.append(row);
+    }
+    std::sort(rows.begin(), rows.end());
+    QVector<qint64> ids;
+    ids.reserve(rows.size());
+    for (const int row : qAsConst(rows))
+        ids.append(m_model->id(row));
+    return ids;
+}
+
+/// Those that are still shown.
+void FileView::selectFiles(const QVector<qint64>& ids, qint64 current)
+{
+    const QSet<qint64> wanted(ids.cbegin(), ids.cend());
+    QItemSelection selection;
+    for (int row = 0; row < m_model->rowCount() && !wanted.isEmpty(); ++row) {
+        if (!wanted.contains(m_model->id(row)))
+            continue;
+        const int first = row;
+        while (row + 1 < m_model->rowCount() && wanted.contains(m_model->id(row + 1)))
+            ++row;
+        selection.append(QItemSelectionRange(m_model->index(first), m_model->index(row)));
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    const int row = m_model->rowOf(current);
+    if (row >= 0)
+        selectionModel()->setCurrentIndex(m_model->index(row), QItemSelectionModel::NoUpdate);
+    // The model was made anew, which deselects without a word.
+    emit filesSelected();
 }
 
 void FileView::setPaths(const QVector<qint64>& ids, const QVector<FileRow>& files)
@@ -74,6 +127,71 @@ void FileView::resizeEvent(QResizeEvent* event)
     m_request.start();
 }
 
+void FileView::keyPressEvent(QKeyEvent* event)
+{
+    const int digit = event->key() - Qt::Key_0;
+    if (digit >= 1 && digit <= 9 && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier)
+        emit digitPressed(digit);
+    else
+        QListView::keyPressEvent(event);
+}
+
+void FileView::startDrag(Qt::DropActions /*supportedActions*/)
+{
+    const QModelIndexList indexes = selectionModel()->selectedRows();
+    if (indexes.isEmpty())
+        return;
+    // Owned by Qt. The picture hangs below the pointer, so that the chip there stays in sight.
+    auto* const drag = new QDrag(this);
+    drag->setMimeData(m_model->mimeData(indexes));
+    drag->setPixmap(dragPicture(indexes.size()));
+    drag->setHotSpot(QPoint(-dragOffset, -dragOffset));
+    drag->exec(Qt::CopyAction);
+}
+
+/// The current picture, small, and how many there are.
+QPixmap FileView::dragPicture(int files) const
+{
+    const auto thumbnail = currentIndex().data(FileListModel::ThumbnailRole).value<Thumbnail>();
+    QPixmap picture(QSize(dragSide, dragSide) * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    const QSize size = thumbnail.image.size().scaled(dragSide, dragSide, Qt::KeepAspectRatio);
+    painter.drawImage(QRect(QPoint(0, 0), size), thumbnail.image);
+    if (files > 1) {
+        const QString number = QLocale().toString(files);
+        QRect badge = painter.fontMetrics().boundingRect(number).adjusted(-6, -3, 6, 3);
+        badge.moveBottomRight(QPoint(dragSide - 1, dragSide - 1));
+        painter.fillRect(badge, VLSkinSetting::GetInstance()->GetInputAndButtonColor());
+        painter.setPen(Qt::white);
+        painter.drawText(badge, Qt::AlignCenter, number);
+    }
+    return picture;
+}
+
+void FileView::dragEnterEvent(QDragEnterEvent* event)
+{
+    event->setAccepted(filedrag::tagOf(*event->mimeData()) != 0);
+}
+
+void FileView::dragMoveEvent(QDragMoveEvent* event)
+{
+    event->setAccepted(filedrag::tagOf(*event->mimeData()) != 0 && indexAt(event->pos()).isValid());
+}
+
+void FileView::dropEvent(QDropEvent* event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    const qint64 tagId = filedrag::tagOf(*event->mimeData());
+    if (tagId == 0 || !index.isValid())
+        return;
+    event->acceptProposedAction();
+    const bool isSelected = selectionModel()->isSelected(index);
+    emit tagDropped(tagId, isSelected ? selectedFiles() : QVector<qint64>{m_model->id(index.row())});
+}
+
 void FileView::showEvent(QShowEvent* event)
 {
     QListView::showEvent(event);
@@ -90,6 +208,12 @@ void FileView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottom
 {
     // QListView::dataChanged() would lay out all rows again, although no tile changes its size.
     QAbstractItemView::dataChanged(topLeft, bottomRight, roles);  // NOLINT(bugprone-parent-virtual-call)
+}
+
+void FileView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QListView::selectionChanged(selected, deselected);
+    emit filesSelected();
 }
 
 void FileView::updateGeometries()
@@ -113,12 +237,15 @@ void FileView::setUpGrid()
     setGridSize(FileTileLayout::tileSize);
     setLayoutMode(QListView::Batched);
     setBatchSize(rowsPerBatch);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(QFrame::NoFrame);
     setMouseTracking(true);
+    setSelectionRectVisible(true);
+    setDragDropMode(QAbstractItemView::DragDrop);
+    setDropIndicatorShown(false);
     verticalScrollBar()->setSingleStep(FileTileLayout::tileSize.height() / 4);
 }
 

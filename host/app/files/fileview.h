@@ -24,6 +24,8 @@ public:
 
     /// Replaces the files. \a keepPlace keeps the scroll position, as far as there are files.
     void setFiles(const QVector<qint64>& ids, bool keepPlace);
+    /// Ids in the order shown.
+    [[nodiscard]] QVector<qint64> selectedFiles() const;
     /// The answer to filesNeeded().
     void setPaths(const QVector<qint64>& ids, const QVector<FileRow>& files);
 
@@ -32,20 +34,34 @@ signals:
     void filesNeeded(const QVector<qint64>& ids);
     /// The user double-clicked this file.
     void fileActivated(const QByteArray& path);
+    /// A chip was dropped on a picture: the tag is for \a files, that one or, when it is selected, all selected ones.
+    void tagDropped(qint64 tagId, const QVector<qint64>& files);
+    /// A key from 1 to 9 was pressed.
+    void digitPressed(int digit);
+    /// Other files are selected than before.
+    void filesSelected();
     /// No thumbnail can be made on this system, for \a reason. Emitted once.
     void thumbnailsUnavailable(const QString& reason);
 
 protected:
     bool event(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight, const QVector<int>& roles) override;
     void updateGeometries() override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
     void setUpGrid();
     void requestThumbnails();
+    void selectFiles(const QVector<qint64>& ids, qint64 current);
+    [[nodiscard]] QPixmap dragPicture(int files) const;
     void updatePixels();
     [[nodiscard]] QVector<int> rowsByUrgency() const;
     [[nodiscard]] int firstRowBelow(int y) const;
