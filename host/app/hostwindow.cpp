@@ -282,6 +282,8 @@ void HostWindow::connectAnswers()
     const auto library = m_session.library().dataProvider();
     connect(library->tagAction().data(), &ITagAction::signalTagResult, this, show);
     connect(library->tagGroupAction().data(), &ITagGroupAction::signalTagGroupResult, this, show);
+    connect(m_presenter->tagger(), &SelectionTagger::refused, this,
+            [this](const QString& reason) { m_noticeBar->showNotice(refusalText(ChangeKind::TagFiles, reason)); });
     connect(&m_session.library(), &Library::failed, m_noticeBar, &NoticeBar::showNotice);
 }
 

@@ -33,6 +33,10 @@ QString refusalText(ChangeKind kind, const QString& reason)
         return Refusal::tr("The category was not renamed. %1").arg(reason);
     case ChangeKind::DeleteCategory:
         return Refusal::tr("The category was not deleted. %1").arg(reason);
+    case ChangeKind::TagFiles:
+        return Refusal::tr("The tags of the pictures were not changed. %1").arg(reason);
+    case ChangeKind::MergeTags:
+        return Refusal::tr("The tags were not merged. %1").arg(reason);
     default:
         return Refusal::tr("Nothing was changed. %1").arg(reason);
     }

@@ -38,7 +38,6 @@ FilePresenter::FilePresenter(Library& library, FilePanel& panel, QObject* parent
     connect(m_panel.view(), &FileView::filesNeeded, this, &FilePresenter::fillPaths);
     connect(m_panel.view(), &FileView::fileActivated, this, &FilePresenter::openFile);
     connect(m_panel.view(), &FileView::filesSelected, this, &FilePresenter::dropUnselected, Qt::QueuedConnection);
-    connect(m_tagger, &SelectionTagger::refused, &m_panel, &FilePanel::setNotice);
     connect(m_panel.queryBar(), &QueryBar::allRequested, this, &FilePresenter::showAll);
     connect(m_panel.queryBar(), &QueryBar::untaggedRequested, this, &FilePresenter::showUntagged);
     connect(m_panel.queryBar(), &QueryBar::queryEntered, this, &FilePresenter::showQuery);

@@ -14,6 +14,7 @@
 #include <tagrecords.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -115,21 +116,27 @@ void SelectionTagger::readFavorites()
     m_strip.setFavorites(names);
 }
 
+/// One question at a time: a selection that grows under the mouse would queue up hundreds of them.
 void SelectionTagger::askForTags()
 {
     readFavorites();
+    if (m_isAsking) {
+        m_isOutdated = true;
+        return;
+    }
     const QVector<qint64> selected = m_view.selectedFiles();
     if (selected.isEmpty()) {
-        ++m_generation;
         showTags({}, 0);
         return;
     }
-    m_library.queryTagShares(
-        selected, this,
-        [this, generation = ++m_generation, count = selected.size()](const LibraryAnswer<QVector<TagShare>>& shares) {
-            if (generation == m_generation && shares)
-                showTags(shares.value, count);
-        });
+    m_isAsking = true;
+    m_library.queryTagShares(selected, this, [this, count = selected.size()](const auto& shares) {
+        m_isAsking = false;
+        if (std::exchange(m_isOutdated, false))
+            m_ask.start();
+        else if (shares)
+            showTags(shares.value, count);
+    });
 }
 
 void SelectionTagger::showTags(const QVector<TagShare>& shares, int selected)

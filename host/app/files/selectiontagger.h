@@ -49,8 +49,9 @@ private:
     Library& m_library;
     FileView& m_view;
     TagStrip& m_strip;
-    QTimer m_ask;                    ///< Gathers all reasons of one turn of the event loop into one question.
-    quint64 m_generation = 0;        ///< Counts questions, so that late answers can be told.
+    QTimer m_ask;  ///< Gathers all reasons of one turn of the event loop into one question.
+    bool m_isAsking = false;
+    bool m_isOutdated = false;       ///< The selection or its tags changed while an answer was under way.
     bool m_areNamesOutdated = true;  ///< The tags of the library changed since their names were read.
     QVector<qint64> m_onAll;         ///< Tags that all selected files have.
     bool m_areFavoritesOutdated = true;
