@@ -151,7 +151,10 @@ void TagContextMenu::open(bool isFavorite, int colorIndex, const QRect& item)
                                    : VLTagGroupListView::tr("Set as Favorite Tag"));
     m_colorRow->setSelected(colorIndex);
     fitGroupMenu();
-    popUpMenuBeside(m_menu, item);
+    if (item.isNull())
+        popUpMenuAtCursor(m_menu);
+    else
+        popUpMenuBeside(m_menu, item);
 }
 
 void TagContextMenu::close()

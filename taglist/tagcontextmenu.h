@@ -36,7 +36,7 @@ public:
 
     /// Puts the entries in their order. \a inCategory: the tags shown can be removed from their category.
     void arrange(bool inCategory);
-    /// Pops the menu up beside \a item, in logical pixels of the screen, or at its corner when it is empty.
+    /// Pops the menu up beside \a item, in logical pixels of the screen, or at the mouse cursor when it is null.
     /// \a colorIndex: the swatch to mark.
     void open(bool isFavorite, int colorIndex, const QRect& item);
     void close();

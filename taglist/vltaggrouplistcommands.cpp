@@ -16,7 +16,6 @@
 #include <tagrecords.h>
 #include <vleventtrack.h>
 
-#include <QCursor>
 #include <QDebug>
 #include <QLineEdit>
 #include <QPointer>
@@ -78,7 +77,7 @@ void VLTagGroupListView::slotCheckTagLinkFile(qint64 tag_id, QString)
 
 void VLTagGroupListView::slotPopMenu(qint64 tag_id, QString name)
 {
-    openMenu(tag_id, name, QRect(QCursor::pos(), QSize(0, 0)));
+    openMenu(tag_id, name, QRect());
 }
 
 void VLTagGroupListView::openMenu(qint64 tag_id, const QString& name, const QRect& chip)

@@ -88,8 +88,8 @@ void popUpMenuBeside(QMenu* menu, const QRect& item)
     narrowWideEntries(menu);
     const int height = menu->sizeHint().height();
     // QMenu would let its lower edge stand at the lower edge of the item and so cover it.
-    const bool goesAbove = screen && !item.isEmpty() && below.y() + height > screen->geometry().bottom() &&
-                           item.top() - height >= screen->geometry().top();
+    const bool goesAbove =
+        screen && below.y() + height > screen->geometry().bottom() && item.top() - height >= screen->geometry().top();
     popUpMenu(menu, goesAbove ? item.topLeft() - QPoint(0, height) : below);
 }
 

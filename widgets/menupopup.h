@@ -9,8 +9,7 @@ class QRect;
 /// off screen first, so that its size is known; placement at the edges of the screen is left to QMenu. Entries that are
 /// too wide for a menu of fixed width get a narrower face. Does not block.
 void popUpMenu(QMenu* menu, const QPoint& place);
-/// popUpMenu() below \a item, in logical pixels of the screen, or above it where there is no room below. An empty
-/// rectangle stands for its upper left corner.
+/// popUpMenu() below \a item, in logical pixels of the screen, or above it where there is no room below.
 void popUpMenuBeside(QMenu* menu, const QRect& item);
 /// popUpMenu() at the mouse cursor.
 void popUpMenuAtCursor(QMenu* menu);

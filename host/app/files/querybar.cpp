@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/files/querybar.h"
 
+#include "host/app/tagging/flowlayout.h"
 #include "host/app/widgets/flatbuttonstyle.h"
 
 #include <vlskinsetting.h>
 
-#include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -31,11 +31,9 @@ QueryBar::QueryBar(QWidget* parent)
         tr("Tags with and, or, not and brackets; \"exact tag\", untagged, category:…, name:…, folder:…, "
            "date:2024-05"));
     m_field->setClearButtonEnabled(true);
-    auto* buttons = new QHBoxLayout;
-    buttons->setSpacing(spacing);
+    auto* buttons = new FlowLayout(spacing);
     buttons->addWidget(all);
     buttons->addWidget(untagged);
-    buttons->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(sideMargin, 0, sideMargin, 0);
     layout->setSpacing(spacing);

@@ -32,14 +32,15 @@ TagField::TagField(QWidget* parent)
     connect(m_completer, qOverload<const QModelIndex&>(&QCompleter::activated), this, &TagField::choose);
 }
 
-/// A window of its own, so it takes no style from the field.
+/// A window of its own, so it takes no style from the field. The completer makes it as high as its rows and 3 pixels: a
+/// padding would cut off the last row.
 void TagField::setUpList()
 {
     QAbstractItemView* const list = m_completer->popup();
     list->setObjectName(QStringLiteral("tag_suggestions"));
     const VLSkinSetting* skin = VLSkinSetting::GetInstance();
     const QString sheet = QStringLiteral("QAbstractItemView { background: %1; color: %2; border: 1px solid %3;"
-                                         " padding: 4px; font-size: 13px; outline: 0; }"
+                                         " font-size: 13px; outline: 0; }"
                                          "QAbstractItemView::item { padding: 4px 8px; border-radius: 4px; }"
                                          "QAbstractItemView::item:selected { background: %4; color: white; }");
     list->setStyleSheet(sheet.arg(skin->GetPopupWinBackgroundColor().name(), skin->GetTextColor(0).name(),
