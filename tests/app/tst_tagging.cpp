@@ -75,6 +75,10 @@ private slots:
         QTRY_VERIFY(chips().contains("brand new"));
         QTRY_COMPARE(f->shown(), f->stored());
         QVERIFY(f->stored().join('\n').contains("brand  new"));
+        // Other pictures are shown: nothing of the selection is left to be tagged.
+        m_presenter->showUntagged();
+        QTRY_VERIFY(!field()->isEnabled());
+        QCOMPARE(chips(), QStringList());
     }
 
     void suggestionsAreRanked()

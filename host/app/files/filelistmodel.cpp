@@ -31,6 +31,11 @@ FileListModel::FileListModel(QObject* parent)
 
 void FileListModel::setFiles(const QVector<qint64>& ids)
 {
+    const QList<qint64> loaded = m_thumbnails.keys();
+    m_outdated = QSet<qint64>(loaded.begin(), loaded.end());
+    // Tags change more often than files: the same rows keep their layout.
+    if (ids == m_ids)
+        return;
     beginResetModel();
     m_ids = ids;
     const QHash<qint64, KnownFile> before = std::exchange(m_paths, {});
@@ -39,8 +44,6 @@ void FileListModel::setFiles(const QVector<qint64>& ids)
         if (known != before.constEnd() && !known->path.isEmpty())
             m_paths.insert(known.key(), {row, known->path});
     }
-    const QList<qint64> loaded = m_thumbnails.keys();
-    m_outdated = QSet<qint64>(loaded.begin(), loaded.end());
     endResetModel();
 }
 

@@ -22,12 +22,6 @@
 
 #include <sys/stat.h>
 
-namespace {
-
-constexpr qint64 everyTag = -1;  // the reserved category that holds all tags
-
-}  // namespace
-
 FilePresenter::FilePresenter(Library& library, FilePanel& panel, QObject* parent)
     : QObject(parent)
     , m_library(library)
@@ -299,7 +293,7 @@ QString FilePresenter::nameAskedFor() const
         return category ? category->groupName() : QString();
     }
     QHash<qint64, QSharedPointer<ITagDataProvider>> tags;
-    const auto all = library->tagGroup(everyTag);
+    const auto all = library->tagGroup(taggroupid::allTags);
     if (all)
         all->tagsByIds(m_query.ids, &tags);
     const auto tag = tags.value(m_query.ids.first());
@@ -308,6 +302,6 @@ QString FilePresenter::nameAskedFor() const
 
 bool FilePresenter::hasTags() const
 {
-    const auto all = m_library.dataProvider()->tagManagerDataProvider()->tagGroup(everyTag);
+    const auto all = m_library.dataProvider()->tagManagerDataProvider()->tagGroup(taggroupid::allTags);
     return all && all->tagCount(1) > 0;
 }

@@ -64,9 +64,8 @@ void FileView::setFiles(const QVector<qint64>& ids, bool keepPlace)
     const QVector<qint64> selected = keepPlace ? selectedFiles() : QVector<qint64>();
     const qint64 current = keepPlace && currentIndex().isValid() ? m_model->id(currentIndex().row()) : 0;
     m_model->setFiles(ids);
-    if (keepPlace)
-        selectFiles(selected, current);
-    else
+    selectFiles(selected, current);
+    if (!keepPlace)
         scrollToTop();
     m_request.start();
 }
