@@ -105,6 +105,7 @@ Library::Library(std::unique_ptr<Private> members)
     : d(std::move(members))
 {
     connect(d->engine.get(), &LibraryEngine::filesChanged, this, &Library::filesChanged);
+    connect(d->engine.get(), &LibraryEngine::tagsChanged, this, &Library::tagsChanged);
     connect(d->engine.get(), &LibraryEngine::failed, this, &Library::failed);
 }
 

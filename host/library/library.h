@@ -111,6 +111,8 @@ public:
 signals:
     /// Files joined or left the library, or their tags changed, by an import, a removal or a deleted tag.
     void filesChanged();
+    /// Tags were made, changed or deleted, or joined or left a category: after the signals of the providers.
+    void tagsChanged();
     /// What other programs change cannot be read; \a reason is for the person. Once for each reason.
     void failed(const QString& reason);
 

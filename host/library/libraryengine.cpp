@@ -227,6 +227,8 @@ void LibraryEngine::queueNotifications(const LibraryNotifications& notifications
     if (!notifications.categoriesRemoved.isEmpty())
         m_notifications.emplace_back(
             [this, ids = notifications.categoriesRemoved] { emit m_manager->signalRemoveTagGroups(ids); });
+    if (!notifications.tagsUpdated.isEmpty() || !notifications.categories.isEmpty())
+        m_notifications.emplace_back([this] { emit tagsChanged(); });
     if (notifications.filesChanged)
         m_notifications.emplace_back([this] { emit filesChanged(); });
 }

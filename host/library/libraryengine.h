@@ -51,6 +51,7 @@ public:
 
 signals:
     void filesChanged();
+    void tagsChanged();
     /// Other programs' changes cannot be read, for a reason that is not a lock; once for each reason.
     void failed(const QString& reason);
 

@@ -3,12 +3,36 @@
 
 #include "host/library/database/librarystatement.h"
 
+namespace {
+
+decisiontable::Sign signFrom(qint64 column)
+{
+    return column > 0 ? decisiontable::Sign::Plus : decisiontable::Sign::Minus;
+}
+
+}  // namespace
+
+bool decisiontable::hasAny(LibraryDatabase& database)
+{
+    return LibraryStatement(database, "SELECT 1 FROM decisions LIMIT 1").run().next();
+}
+
+QVector<decisiontable::Decision> decisiontable::decisionsOf(LibraryDatabase& database, qint64 fileId)
+{
+    LibraryStatement select(database, "SELECT tag_id, sign FROM decisions WHERE file_id = ?");
+    select.run(fileId);
+    QVector<Decision> decisions;
+    while (select.next())
+        decisions.append({select.integer(0), signFrom(select.integer(1))});
+    return decisions;
+}
+
 std::optional<decisiontable::Sign> decisiontable::find(LibraryDatabase& database, qint64 fileId, qint64 tagId)
 {
     LibraryStatement select(database, "SELECT sign FROM decisions WHERE file_id = ? AND tag_id = ?");
     if (!select.run(fileId, tagId).next())
         return std::nullopt;
-    return select.integer(0) > 0 ? Sign::Plus : Sign::Minus;
+    return signFrom(select.integer(0));
 }
 
 void decisiontable::set(LibraryDatabase& database, qint64 fileId, qint64 tagId, Sign sign)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
+#include <QVector>
 
 #include <optional>
 
@@ -17,6 +17,16 @@ enum class Sign
     Plus = 1     ///< The file has the tag without a keyword.
 };
 
+/// What was decided about one tag of one file.
+struct Decision
+{
+    qint64 tagId = 0;
+    Sign sign = Sign::Plus;
+};
+
+/// Whether there is a decision about any file.
+[[nodiscard]] bool hasAny(LibraryDatabase& database);
+[[nodiscard]] QVector<Decision> decisionsOf(LibraryDatabase& database, qint64 fileId);
 [[nodiscard]] std::optional<Sign> find(LibraryDatabase& database, qint64 fileId, qint64 tagId);
 void set(LibraryDatabase& database, qint64 fileId, qint64 tagId, Sign sign);
 void remove(LibraryDatabase& database, qint64 fileId, qint64 tagId);

@@ -152,26 +152,6 @@ bool filetable::hasFilesOfVersion1(LibraryDatabase& database)
     return LibraryStatement(database, "SELECT 1 FROM files WHERE v1_content IS NOT NULL LIMIT 1").run().next();
 }
 
-bool filetable::hasDecisions(LibraryDatabase& database)
-{
-    return LibraryStatement(database, "SELECT 1 FROM decisions LIMIT 1").run().next();
-}
-
-QVector<filetable::Decision> filetable::decisionsOf(LibraryDatabase& database, qint64 id)
-{
-    LibraryStatement select(database, "SELECT tag_id, sign FROM decisions WHERE file_id = ?");
-    select.run(id);
-    QVector<Decision> decisions;
-    while (select.next())
-        decisions.append({select.integer(0), select.integer(1) > 0});
-    return decisions;
-}
-
-void filetable::removeDecision(LibraryDatabase& database, qint64 id, qint64 tagId)
-{
-    LibraryStatement(database, "DELETE FROM decisions WHERE file_id = ? AND tag_id = ?").run(id, tagId);
-}
-
 bool filetable::exists(LibraryDatabase& database, qint64 id)
 {
     return LibraryStatement(database, "SELECT 1 FROM files WHERE id = ?").run(id).next();

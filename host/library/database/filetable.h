@@ -25,13 +25,6 @@ using FileVisitor = std::function<bool(FileRow& file)>;
 /// Id of the file, id of the keyword.
 using KeywordOfFile = QPair<qint64, qint64>;
 
-/// A person's word about one tag of one file.
-struct Decision
-{
-    qint64 tagId = 0;
-    bool isPlus = false;
-};
-
 /// 0 without such a file.
 [[nodiscard]] qint64 idByPath(LibraryDatabase& database, qint64 rootId, const QByteArray& path);
 [[nodiscard]] std::optional<StoredFile> fileById(LibraryDatabase& database, qint64 id);
@@ -70,10 +63,6 @@ int copyTag(LibraryDatabase& database, qint64 from, qint64 into);
 
 /// Whether the tags of any file are still those of a library of version 1.
 [[nodiscard]] bool hasFilesOfVersion1(LibraryDatabase& database);
-/// Whether there is a decision about any file.
-[[nodiscard]] bool hasDecisions(LibraryDatabase& database);
-[[nodiscard]] QVector<Decision> decisionsOf(LibraryDatabase& database, qint64 id);
-void removeDecision(LibraryDatabase& database, qint64 id, qint64 tagId);
 
 /// After a keyword was made to lead to a tag: gives the tag to every file that has the keyword, but for a decision
 /// against it. Reads the keywords of all files. Returns how many files got it.

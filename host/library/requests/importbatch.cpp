@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/library/requests/importbatch.h"
 
+#include "host/library/database/decisiontable.h"
 #include "host/library/database/keywordtable.h"
 #include "host/library/database/libraryerror.h"
 #include "host/library/database/roottable.h"
@@ -48,7 +49,7 @@ ImportBatch::ImportBatch(LibraryRequest& request, qint64 rootId)
     : m_request(request)
     , m_database(request.database)
     , m_rootId(rootId)
-    , m_hasDecisions(filetable::hasDecisions(m_database))
+    , m_hasDecisions(decisiontable::hasAny(m_database))
     , m_isUnsettled(filetable::hasFilesOfVersion1(m_database))
 {
     if (!roottable::exists(m_database, rootId))
@@ -170,10 +171,11 @@ QVector<qint64> ImportBatch::shownTags(qint64 fileId, const QVector<Keyword>& ke
     if (!m_hasDecisions)
         return tags;
     QVector<qint64> shown = tags;
-    for (const filetable::Decision& decision : filetable::decisionsOf(m_database, fileId)) {
-        if (std::binary_search(tags.cbegin(), tags.cend(), decision.tagId) == decision.isPlus)
-            filetable::removeDecision(m_database, fileId, decision.tagId);
-        else if (decision.isPlus)
+    for (const decisiontable::Decision& decision : decisiontable::decisionsOf(m_database, fileId)) {
+        const bool isPlus = decision.sign == decisiontable::Sign::Plus;
+        if (std::binary_search(tags.cbegin(), tags.cend(), decision.tagId) == isPlus)
+            decisiontable::remove(m_database, fileId, decision.tagId);
+        else if (isPlus)
             shown.append(decision.tagId);
         else
             shown.removeAll(decision.tagId);
