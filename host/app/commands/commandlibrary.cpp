@@ -22,9 +22,10 @@ struct Words
     Q_DECLARE_TR_FUNCTIONS(CommandLibrary)
 };
 
+/// Put together as bytes: the path may be no UTF-8.
 CommandFailure usageFailure(const QString& text, const QByteArray& path)
 {
-    return {CommandLine::exitUsage, text.arg(QStringLiteral("%1")).toUtf8().replace("%1", path)};
+    return {CommandLine::exitUsage, text.toUtf8().replace("%1", path)};
 }
 
 /// A place in one of a library's roots.

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <unistd.h>
 
 namespace {
 
@@ -79,6 +80,9 @@ void printFound(ReadOnlyLibrary& reader, const QVector<qint64>& ids, const Comma
 int runFindCommand(const CommandLine& commandLine)
 {
     return exitStatusOf([&] {
+        if (commandLine.separatesByNul && isatty(STDOUT_FILENO) == 1)
+            throw CommandFailure{CommandLine::exitUsage,
+                                 Words::tr("-0 prints names as they are: send them to a program or a file.").toUtf8()};
         const QueryTerm query = parsed(commandLine.query);
         const auto reader = commandlibrary::openForReading(commandlibrary::fileOf(commandLine));
         // An import may go on meanwhile.
