@@ -48,9 +48,11 @@ private slots:
         QTRY_COMPARE(chips(), (QStringList{"Sea", "Sky (1 of 2)"}));
         chip("Sky")->findChildren<QToolButton*>().at(0)->click();
         QTRY_COMPARE(chips(), (QStringList{"Sea", "Sky"}));
+        QCOMPARE(f->statusOf(f->tags()->renameTag(f->group(-1)->tagByName("Sky")->tagInfo()->id(), "Air")), 0);
+        QTRY_COMPARE(chips(), (QStringList{"Air", "Sea"}));
         // The pictures stay while they are selected, although what found them is gone.
         QTest::keyClick(chip("Sea"), Qt::Key_Delete);
-        QTRY_COMPARE(chips(), QStringList{"Sky"});
+        QTRY_COMPARE(chips(), QStringList{"Air"});
         QCOMPARE(view()->model()->rowCount(), 2);
         view()->clearSelection();
         QTRY_COMPARE(view()->model()->rowCount(), 0);
@@ -71,6 +73,11 @@ private slots:
         QTest::keyClick(field(), Qt::Key_Escape);
         QTest::keyClick(field(), Qt::Key_Return);
         QTRY_VERIFY(chips().contains("cit"));
+        QTest::keyClicks(field(), "typo");
+        QTest::keyClick(field(), Qt::Key_Escape);
+        QTest::keyClick(field(), Qt::Key_Escape);
+        QCOMPARE(field()->text(), QString());
+        QVERIFY(m_panel->isVisible());
         type("  brand  new ");
         QTRY_VERIFY(chips().contains("brand new"));
         QTRY_COMPARE(f->shown(), f->stored());

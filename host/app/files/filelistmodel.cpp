@@ -3,6 +3,7 @@
 
 #include "host/app/commands/picturefile.h"
 #include "host/app/files/filedrag.h"
+#include "host/app/widgets/plaintooltip.h"
 
 #include <QMimeData>
 #include <QUrl>
@@ -13,13 +14,6 @@ namespace {
 
 constexpr int thumbnailBytes = 96 * 1024 * 1024;
 constexpr int entryOverhead = 64;  // bytes of bookkeeping, roughly
-
-// Tool tips interpret text that looks like markup.
-QString pathToolTip(const QByteArray& path)
-{
-    const QString text = QString::fromUtf8(path).toHtmlEscaped();
-    return QLatin1String("<p style='white-space:pre-wrap'>") + text + QLatin1String("</p>");
-}
 
 }  // namespace
 
@@ -140,7 +134,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
         return PictureFile::displayName(path(index.row()));
     case Qt::ToolTipRole:
-        return pathToolTip(path(index.row()));
+        return plainToolTip(QString::fromUtf8(path(index.row())));
     case PathRole:
         return path(index.row());
     case ThumbnailRole: {

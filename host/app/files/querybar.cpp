@@ -2,11 +2,11 @@
 #include "host/app/files/querybar.h"
 
 #include "host/app/tagging/flowlayout.h"
+#include "host/app/widgets/escapablelineedit.h"
 #include "host/app/widgets/flatbuttonstyle.h"
 
 #include <vlskinsetting.h>
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -19,7 +19,7 @@ constexpr int spacing = 6;
 
 QueryBar::QueryBar(QWidget* parent)
     : QWidget(parent)
-    , m_field(new QLineEdit(this))
+    , m_field(new EscapableLineEdit(this))
 {
     auto* all = new QPushButton(tr("All pictures"), this);
     all->setObjectName(QStringLiteral("all_pictures"));

@@ -50,14 +50,10 @@ SelectionTagger::SelectionTagger(Library& library, FileView& view, TagStrip& str
     connect(m_strip.field(), &TagField::suggestionsNeeded, this, &SelectionTagger::readNames);
     connect(&m_view, &FileView::tagDropped, this, &SelectionTagger::putOnFiles);
     connect(&m_view, &FileView::digitPressed, this, &SelectionTagger::putOnFavorite);
-    const auto outdate = [this] { m_areNamesOutdated = m_areFavoritesOutdated = true; };
-    const auto favorites = m_library.dataProvider()->tagManagerDataProvider()->tagGroup(taggroupid::favorites);
-    connect(favorites.data(), &ITagGroupDataProvider::signalAddTags, this, outdate);
-    connect(favorites.data(), &ITagGroupDataProvider::signalRemoveTags, this, outdate);
-    connect(allTags(m_library).data(), &IDataProvider::signalUpdated, this, outdate);
-    connect(allTags(m_library).data(), &ITagGroupDataProvider::signalAddTags, this, outdate);
-    connect(allTags(m_library).data(), &ITagGroupDataProvider::signalRemoveTags, this, outdate);
-    connect(&m_library, &Library::filesChanged, this, outdate);
+    connect(&m_library, &Library::tagsChanged, this, [this] {
+        m_areNamesOutdated = m_areFavoritesOutdated = true;
+        m_ask.start();
+    });
     m_strip.showTags({}, 0);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/tagging/selectedtag.h"
 
+#include "host/app/widgets/plaintooltip.h"
+
 #include <vlskinsetting.h>
 
 #include <QKeyEvent>
@@ -27,9 +29,7 @@ SelectedTag::SelectedTag(const Content& content, QWidget* parent)
     setObjectName(QStringLiteral("selected_tag"));
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(label());
-    // Tool tips take text for markup when it looks like it.
-    setToolTip(QLatin1String("<p style='white-space:pre-wrap'>") + m_content.name.toHtmlEscaped() +
-               QLatin1String("</p>"));
+    setToolTip(plainToolTip(m_content.name));
     if (!isOnAll()) {
         m_putOnAll = makeButton(QStringLiteral("+"), tr("Put on all selected pictures (Enter)"));
         connect(m_putOnAll, &QToolButton::clicked, this, &SelectedTag::putOnAll);

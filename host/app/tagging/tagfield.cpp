@@ -17,7 +17,7 @@ constexpr int tagIdRole = Qt::UserRole + 1;  ///< qint64; 0 for what was typed.
 }  // namespace
 
 TagField::TagField(QWidget* parent)
-    : QLineEdit(parent)
+    : EscapableLineEdit(parent)
     , m_rows(new QStandardItemModel(this))
     , m_completer(new QCompleter(m_rows, this))
 {
@@ -59,33 +59,29 @@ void TagField::keyPressEvent(QKeyEvent* event)
             chooseTyped();
         return;
     }
-    QLineEdit::keyPressEvent(event);
+    if (event->key() == Qt::Key_Escape && m_completer->popup()->isVisible())
+        m_completer->popup()->hide();
+    else
+        EscapableLineEdit::keyPressEvent(event);
 }
 
 void TagField::suggest()
 {
     emit suggestionsNeeded();
-    const auto found = m_suggestions.suggestions(typedName(), {}, mostSuggestions);
+    const auto found = m_suggestions.suggestions(typedName(), m_present, mostSuggestions);
     m_rows->clear();
-    TagSuggestions::Fit best = TagSuggestions::Fit::None;
-    bool isKnown = false;
     for (const TagSuggestions::Suggestion& suggestion : found) {
         const TagSuggestions::Tag& tag = suggestion.tag;
-        isKnown = isKnown || tag.name == typedName();
-        if (m_present.contains(tag.id))
-            continue;
-        if (best == TagSuggestions::Fit::None)
-            best = suggestion.fit;
         addRow(tr("%1    %2").arg(tag.name, QLocale().toString(tag.files)), tag.id);
     }
-    if (!isKnown && !typedName().isEmpty())
+    if (!typedName().isEmpty() && !m_suggestions.hasTag(typedName()))
         addRow(tr("Create “%1”").arg(typedName()), 0);
     if (m_rows->rowCount() == 0) {
         m_completer->popup()->hide();
         return;
     }
     m_completer->complete();
-    markBest(best);
+    markBest(found.isEmpty() ? TagSuggestions::Fit::None : found.constFirst().fit);
 }
 
 void TagField::addRow(const QString& text, qint64 tagId)

@@ -2,15 +2,14 @@
 #pragma once
 
 #include "host/app/tagging/tagsuggestions.h"
-
-#include <QLineEdit>
+#include "host/app/widgets/escapablelineedit.h"
 
 class QCompleter;
 class QStandardItemModel;
 
 /// The field in which a person types tags for the selected pictures, with suggestions below it. Enter takes the marked
 /// suggestion; the field is empty and has the keyboard afterwards.
-class TagField : public QLineEdit
+class TagField : public EscapableLineEdit
 {
     Q_OBJECT
 

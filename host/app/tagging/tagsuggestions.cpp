@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -23,10 +24,18 @@ bool hasWordBeginning(const QString& text, const QString& start)
 
 void TagSuggestions::setTags(const QVector<Tag>& tags)
 {
-    m_entries.clear();
+    const QHash<qint64, Entry> before = std::exchange(m_entries, {});
     m_entries.reserve(tags.size());
-    for (const Tag& tag : tags)
-        m_entries.append({tag, foldedname::folded(tag.name), foldedname::reading(tag.name)});
+    m_names.clear();
+    m_names.reserve(tags.size());
+    for (const Tag& tag : tags) {
+        Entry entry = before.value(tag.id);
+        if (entry.tag.name != tag.name)
+            entry = {tag, foldedname::folded(tag.name), foldedname::reading(tag.name)};
+        entry.tag = tag;
+        m_entries.insert(tag.id, entry);
+        m_names.insert(tag.name);
+    }
 }
 
 void TagSuggestions::noteUse(qint64 id)
@@ -51,8 +60,8 @@ QVector<TagSuggestions::Suggestion> TagSuggestions::suggestions(const QString& t
     }
     const auto rank = [this](const Suggestion& suggestion) {
         const int used = m_recent.indexOf(suggestion.tag.id);
-        return std::make_tuple(int(suggestion.fit), used < 0 ? recentTags : used,
-                               -m_companions.value(suggestion.tag.id), -suggestion.tag.files, suggestion.tag.name);
+        return std::make_tuple(int(suggestion.fit), used < 0 ? recentTags : used, -suggestion.tag.files,
+                               suggestion.tag.name);
     };
     const int count = std::min(limit, found.size());
     std::partial_sort(found.begin(), found.begin() + count, found.end(),

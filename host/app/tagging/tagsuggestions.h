@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QVector>
 
@@ -33,14 +34,13 @@ public:
         Fit fit = Fit::None;
     };
 
-    /// Replaces all tags. Folds every name, which takes about a microsecond each.
+    /// Replaces all tags. Folds the names that are new.
     void setTags(const QVector<Tag>& tags);
     /// Remembers that the tag was put on just now: it comes before others that fit as well.
     void noteUse(qint64 id);
-    /// Tags that are often on the same files as those on the selection, by the number of such files.
-    void setCompanions(const QHash<qint64, int>& files) { m_companions = files; }
-
-    /// At most \a limit tags but those of \a without, by fit, then recent use, companions, number of files and name.
+    /// Whether there is a tag of exactly that name.
+    [[nodiscard]] bool hasTag(const QString& name) const { return m_names.contains(name); }
+    /// At most \a limit tags but those of \a without, by fit, then recent use, number of files and name.
     [[nodiscard]] QVector<Suggestion> suggestions(const QString& typed, const QVector<qint64>& without,
                                                   int limit) const;
 
@@ -54,7 +54,7 @@ private:
 
     [[nodiscard]] static Fit fitOf(const Entry& entry, const QString& folded);
 
-    QVector<Entry> m_entries;
-    QVector<qint64> m_recent;  ///< The latest first.
-    QHash<qint64, int> m_companions;
+    QHash<qint64, Entry> m_entries;  ///< By tag.
+    QVector<qint64> m_recent;        ///< The latest first.
+    QSet<QString> m_names;
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "host/app/widgets/elidedlabel.h"
 
+#include "host/app/widgets/plaintooltip.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QTextDocument>
@@ -45,7 +47,7 @@ QSize ElidedLabel::minimumSizeHint() const
 bool ElidedLabel::event(QEvent* event)
 {
     if (event->type() == QEvent::ToolTip && shownText() != m_text) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), Qt::convertFromPlainText(m_text), this);
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(m_text), this);
         return true;
     }
     return QWidget::event(event);
