@@ -133,7 +133,8 @@ void ImportJob::addReading(const FoundPicture& picture)
     const int parts = 1 + picture.sidecars.size();
     for (int position = 0; position < parts; ++position)
         m_parts.push_back({int(m_readings.size()), position});
-    m_readings.push_back({&picture, parts, false, QVector<QStringList>(parts), QVector<bool>(parts)});
+    m_readings.push_back({&picture, parts, false, QVector<QStringList>(parts), QVector<std::optional<qint64>>(parts),
+                          QVector<bool>(parts)});
 }
 
 void ImportJob::startReading()
@@ -156,6 +157,7 @@ void ImportJob::handleAnswer(int index, const MetadataAnswer& answer)
     const Part part = m_parts.at(size_t(index));
     Reading& reading = m_readings.at(size_t(part.reading));
     reading.keywords[part.position] = answer.keywords;
+    reading.taken[part.position] = answer.taken;
     if (!answer.error.isEmpty()) {
         const FoundPicture& picture = *reading.picture;
         reading.unreadable = reading.unreadable || part.position == 0;
@@ -193,6 +195,8 @@ void ImportJob::completeReading(Reading& reading)
     }
     file.readerVersion = metadataReaderVersion;
     file.keywords = keywordsOf(reading);
+    for (const std::optional<qint64>& taken : qAsConst(reading.taken))
+        file.taken = file.taken ? file.taken : taken;
     m_batch.append(file);
     reading.keywords.clear();
 }

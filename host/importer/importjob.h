@@ -12,6 +12,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 class ComputerState;
 class Library;
@@ -50,8 +51,9 @@ private:
         const FoundPicture* picture;
         int missing;  // Answers still to come.
         bool unreadable;
-        QVector<QStringList> keywords;  // Of the picture and of its sidecars, in order.
-        QVector<bool> isRead;           // Of the same.
+        QVector<QStringList> keywords;         // Of the picture and of its sidecars, in order.
+        QVector<std::optional<qint64>> taken;  // Of the same.
+        QVector<bool> isRead;                  // Of the same.
     };
     /// One file that is being read: the picture itself or one of its sidecars.
     struct Part

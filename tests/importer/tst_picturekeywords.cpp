@@ -2,8 +2,10 @@
 #include "host/importer/metadata/keywordlist.h"
 #include "host/importer/metadata/picturekeywords.h"
 #include "host/importer/metadata/regularfile.h"
+#include "host/importer/metadata/takentext.h"
 #include "tests/importer/taggedpicture.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -180,6 +182,25 @@ private slots:
             const MetadataAnswer answer = read(path(name));
             QVERIFY2(answer.error.isEmpty() && answer.keywords.isEmpty(), name);
         }
+    }
+
+    void timeOfTaking()
+    {
+        const qint64 expected = QDateTime(QDate(2024, 5, 17), QTime(10, 11, 12), Qt::UTC).toMSecsSinceEpoch();
+        for (const char* const text : {"2024:05:17 10:11:12", "2024-05-17T10:11:12.34+02:00", " 2024:05:17 10:11:12\n"})
+            QCOMPARE(takenTimeFrom(text).value_or(0), expected);
+        QCOMPARE(takenTimeFrom("2024-05-17").value_or(0), expected - QTime(0, 0).msecsTo(QTime(10, 11, 12)));
+        for (const char* const text : {"", "    :  :     :  :  ", "0000:00:00 00:00:00", "2024:13:01 10:00:00",
+                                       "2024:05:17 25:00", "2024-05", "٢٠٢٤:05:17"})
+            QVERIFY2(!takenTimeFrom(text), text);
+        writeFile(path("time.xmp"), "<x:xmpmeta xmlns:x='adobe:ns:meta/'><rdf:RDF "
+                                    "xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'><rdf:Description "
+                                    "xmlns:exif='http://ns.adobe.com/exif/1.0/' "
+                                    "exif:DateTimeOriginal='2024-05-17T10:11:12'/></rdf:RDF></x:xmpmeta>");
+        const MetadataAnswer answer = read(path("time.xmp"));
+        QCOMPARE(answer.taken.value_or(0), expected);
+        QCOMPARE(MetadataAnswer::fromLine(answer.toLine())->taken.value_or(0), expected);
+        QVERIFY(!MetadataAnswer::fromLine("{\"keywords\":[],\"problem\":0,\"taken\":1e300}\n")->taken);
     }
 
     void agreesWithExiftool()

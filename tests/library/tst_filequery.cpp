@@ -4,6 +4,7 @@
 #include "host/library/requests/librarycommand.h"
 #include "tests/library/libraryfixture.h"
 
+#include <QDateTime>
 #include <QTest>
 
 namespace {
@@ -31,10 +32,12 @@ private slots:
     {
         f = std::make_unique<LibraryFixture>();
         QVERIFY(f->isOpen());
-        QVERIFY(f->import({picture("2023/a.jpg", {"Beach", "family"}), picture("2023/b.jpg", {"beach", "blurry"}),
-                           picture("2024/Café 1.jpg", {"Café", "not"}), picture("2024/d.jpg", {}),
-                           picture("e.jpg", {"ＢＥＡＣＨ", oddName()})})
-                    .succeeded());
+        ImportedFile dated = picture("2024/d.jpg", {});
+        dated.taken = QDateTime(QDate(2024, 5, 17), QTime(10, 0), Qt::UTC).toMSecsSinceEpoch();
+        QVERIFY(
+            f->import({picture("2023/a.jpg", {"Beach", "family"}), picture("2023/b.jpg", {"beach", "blurry"}),
+                       picture("2024/Café 1.jpg", {"Café", "not"}), dated, picture("e.jpg", {"ＢＥＡＣＨ", oddName()})})
+                .succeeded());
         QVERIFY(f->createCategories({"Places"}));
         QCOMPARE(f->statusOf(f->tags()->addTagsToGroups({2}, {idOf("Beach"), idOf("Café")})), 0);
     }
@@ -75,6 +78,8 @@ private slots:
                                           << "bde";
         QTest::newRow("name") << "name:cafe or name:E.J"
                               << "Ce";
+        QTest::newRow("date") << "date:2024-05 or date:..2023"
+                              << "d";
         QTest::newRow("folder") << "folder:2023 -"
                                 << "";
         QTest::newRow("folder alone") << "FOLDER:2023"

@@ -5,11 +5,17 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cmath>
+
 namespace {
 
 const QLatin1String keywordsKey("keywords");
+const QLatin1String takenKey("taken");
 const QLatin1String problemKey("problem");
 const QLatin1String detailKey("detail");
+
+/// The beginning of the year 10,000: no text that a reader process takes for a time means a later one.
+constexpr double latestTime = 253402300800000;
 
 }  // namespace
 
@@ -46,8 +52,10 @@ void MetadataAnswer::setProblem(Problem newProblem, const QString& newDetail)
 
 QByteArray MetadataAnswer::toLine() const
 {
-    const QJsonObject object = {
+    QJsonObject object = {
         {keywordsKey, QJsonArray::fromStringList(keywords)}, {problemKey, problem}, {detailKey, detail}};
+    if (taken)
+        object.insert(takenKey, *taken);
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -62,5 +70,8 @@ std::optional<MetadataAnswer> MetadataAnswer::fromLine(const QByteArray& line)
     const QJsonArray keywords = object.value(keywordsKey).toArray();
     for (const auto& keyword : keywords)
         answer.keywords.append(keyword.toString());
+    const QJsonValue taken = object.value(takenKey);
+    if (taken.isDouble() && std::abs(taken.toDouble()) < latestTime)
+        answer.taken = static_cast<qint64>(taken.toDouble());
     return answer;
 }

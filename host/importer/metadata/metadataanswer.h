@@ -27,7 +27,9 @@ public:
     static constexpr int lastProblem = DamagedStructure;
 
     QStringList keywords;  ///< Each once, in the file's order.
-    QString error;         ///< Why the file could not be read, for a person; empty on success.
+    /// Milliseconds since the beginning of 1970 on the camera's own clock.
+    std::optional<qint64> taken;
+    QString error;  ///< Why the file could not be read, for a person; empty on success.
 
     /// Sets the error. \a detail: in the words of a library, may be empty.
     void setProblem(Problem newProblem, const QString& newDetail = {});

@@ -6,6 +6,7 @@
 #include "host/importer/metadata/keywordlist.h"
 #include "host/importer/metadata/mappedfile.h"
 #include "host/importer/metadata/pictureformats.h"
+#include "host/importer/metadata/takentext.h"
 #include "host/importer/metadata/xmpsubjects.h"
 
 #include <exiv2/exiv2.hpp>
@@ -67,6 +68,26 @@ void addIptcKeywords(const Exiv2::IptcData& data, KeywordList& keywords)
     }
 }
 
+// Of a sidecar, Exiv2 makes Exif data from its XMP as far as it can.
+std::optional<qint64> takenTimeOf(const Exiv2::Image& image)
+{
+    for (const char* const key : {"Exif.Photo.DateTimeOriginal", "Exif.Image.DateTimeOriginal"}) {
+        const auto datum = image.exifData().findKey(Exiv2::ExifKey(key));
+        if (datum != image.exifData().end()) {
+            if (const std::optional<qint64> taken = takenTimeFrom(fromUtf8(datum->toString())))
+                return taken;
+        }
+    }
+    for (const char* const key : {"Xmp.exif.DateTimeOriginal", "Xmp.photoshop.DateCreated"}) {
+        const auto datum = image.xmpData().findKey(Exiv2::XmpKey(key));
+        if (datum != image.xmpData().end()) {
+            if (const std::optional<qint64> taken = takenTimeFrom(fromUtf8(datum->toString())))
+                return taken;
+        }
+    }
+    return std::nullopt;
+}
+
 // The XMP of an image as it stands in the file.
 QByteArray xmpPacket(const Exiv2::Image& image)
 {
@@ -106,6 +127,7 @@ void readWithExiv2(const MappedFile& file, const QByteArray& name, KeywordList& 
         return;
     }
     image->readMetadata();
+    answer.taken = takenTimeOf(*image);
     addXmpKeywords(image->xmpData(), keywords);
     // The IPTC data of a sidecar are what Exiv2 itself made of the XMP, with arrays as one text.
     if (image->imageType() != Exiv2::ImageType::xmp)

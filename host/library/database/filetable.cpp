@@ -28,6 +28,11 @@ filetable::StoredFile readFile(const LibraryStatement& statement)
     return file;
 }
 
+QVariant timeColumn(const std::optional<qint64>& time)
+{
+    return time ? QVariant(*time) : QVariant(QVariant::LongLong);
+}
+
 }  // namespace
 
 qint64 filetable::idByPath(LibraryDatabase& database, qint64 rootId, const QByteArray& path)
@@ -78,19 +83,19 @@ void filetable::forEachBelow(LibraryDatabase& database, qint64 rootId, const QBy
 
 qint64 filetable::insert(LibraryDatabase& database, qint64 rootId, const ImportedFile& file)
 {
-    LibraryStatement insert(database, "INSERT INTO files (root_id, path, size, modified, sidecars, reader, identity)"
-                                      " VALUES (?, ?, ?, ?, ?, ?, ?)");
+    LibraryStatement insert(database, "INSERT INTO files (root_id, path, size, modified, sidecars, reader, identity,"
+                                      " taken) VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
     insert.run(rootId, file.path, file.state.size, file.state.modified, file.state.sidecars, file.readerVersion,
-               file.identity);
+               file.identity, timeColumn(file.taken));
     return insert.lastInsertId();
 }
 
 void filetable::update(LibraryDatabase& database, qint64 id, const ImportedFile& file, bool keepsVersion1)
 {
     LibraryStatement(database, "UPDATE files SET size = ?, modified = ?, sidecars = ?, reader = ?, identity = ?,"
-                               " v1_content = iif(?, v1_content, NULL) WHERE id = ?")
+                               " taken = ?, v1_content = iif(?, v1_content, NULL) WHERE id = ?")
         .run(file.state.size, file.state.modified, file.state.sidecars, file.readerVersion, file.identity,
-             keepsVersion1, id);
+             timeColumn(file.taken), keepsVersion1, id);
 }
 
 /// Keywords and decisions go with the file's row; so would its tags, which the caller has counted.

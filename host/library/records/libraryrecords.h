@@ -92,6 +92,8 @@ struct ImportedFile
     int readerVersion = 1;      ///< From 1.
     QByteArray identity;        ///< What the file is recognised by after a move, in a form of the importer's choice.
     QVector<QString> keywords;  ///< In the order read, duplicates allowed.
+    /// When the picture was taken: milliseconds since the beginning of 1970 on the camera's own clock.
+    std::optional<qint64> taken = {};
 };
 
 /// A file as the database holds it.
