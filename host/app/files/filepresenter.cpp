@@ -22,12 +22,24 @@
 
 #include <sys/stat.h>
 
+namespace {
+
+constexpr int refreshPause = 300;  // milliseconds
+
+}  // namespace
+
 FilePresenter::FilePresenter(Library& library, FilePanel& panel, QObject* parent)
     : QObject(parent)
     , m_library(library)
     , m_panel(panel)
     , m_tagger(new SelectionTagger(m_library, *m_panel.view(), *m_panel.strip(), this))
 {
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(refreshPause);
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        if (m_outdated)
+            refresh();
+    });
     connect(&m_library, &Library::filesChanged, this, &FilePresenter::refresh);
     connect(m_panel.view(), &FileView::filesNeeded, this, &FilePresenter::fillPaths);
     connect(m_panel.view(), &FileView::fileActivated, this, &FilePresenter::openFile);
@@ -138,10 +150,12 @@ void FilePresenter::refresh()
 {
     if (m_panel.isHidden() || !m_isAsked)
         return;
-    if (m_asking)
+    if (m_asking || m_pause.isActive()) {
         m_outdated = true;
-    else
-        ask(true);
+        return;
+    }
+    m_pause.start();
+    ask(true);
 }
 
 void FilePresenter::ask(bool keepPlace)

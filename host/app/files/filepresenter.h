@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QSet>
 #include <QString>
+#include <QTimer>
 #include <QVector>
 
 class FilePanel;
@@ -69,6 +70,7 @@ private:
     QSet<qint64> m_kept;
     quint64 m_generation = 0;  ///< Number of the last query, to drop answers to earlier ones.
     bool m_isAsked = false;    ///< Whether files were requested; else a hint is shown.
+    QTimer m_pause;            ///< Runs between two refreshes: an import changes files many times a second.
     bool m_asking = false;
     bool m_outdated = false;  ///< The library's files changed while a query was pending.
 };

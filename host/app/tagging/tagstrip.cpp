@@ -124,7 +124,7 @@ void TagStrip::applySkin()
                                          "QToolButton:hover { background: %1; }"
                                          "QLineEdit { background: %3; color: %4; border: 1px solid %1;"
                                          " border-radius: 4px; padding: 4px 8px; font-size: 13px; }"
-                                         "QLineEdit:disabled { color: %1; }"
+                                         "QLineEdit:disabled { color: %2; }"
                                          "QLineEdit:focus { border-color: %5; }");
     setStyleSheet(sheet.arg(skin->GetPopupWinBorderColor().name(), skin->GetTextColor(1).name(),
                             skin->GetTagManagerTagGroupItemBackColor().name(), skin->GetTextColor(0).name(),

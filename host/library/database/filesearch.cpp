@@ -3,7 +3,6 @@
 
 #include "host/library/database/categorytable.h"
 #include "host/library/database/filequeries.h"
-#include "host/library/database/librarydatabase.h"
 #include "host/library/database/librarystatement.h"
 #include "host/library/database/tagtable.h"
 #include "host/library/query/foldedname.h"
@@ -20,8 +19,8 @@ namespace {
 
 using Kind = QueryTerm::Kind;
 
-/// One bit for each file, by id.
-using FileSet = std::vector<bool>;
+/// Ids, ascending, each once. Not bits by id: the ids of a damaged library may be of any size.
+using FileSet = QVector<qint64>;
 
 void forEachCondition(const QueryTerm& term, const std::function<void(const QueryTerm& condition)>& visitor)
 {
@@ -103,7 +102,7 @@ bool namesSomething(const QueryTerm& condition)
 /// A file, as the conditions see it.
 struct File
 {
-    size_t id;
+    qint64 id;
     QString name;    ///< Folded; empty unless a condition asks.
     QString folder;  ///< Likewise.
     std::optional<qint64> taken;
@@ -133,7 +132,6 @@ private:
     [[nodiscard]] File currentFile(LibraryStatement& select) const;
 
     LibraryDatabase& m_database;
-    size_t m_idEnd;  ///< Above every file's id.
     QHash<QVector<qint64>, std::shared_ptr<const FileSet>> m_sets;
     std::shared_ptr<const FileSet> m_tagged;
     bool m_readsPaths = false;
@@ -141,20 +139,21 @@ private:
     Node m_root;
 };
 
-FileSet collect(LibraryStatement& select, size_t end)
+FileSet collect(LibraryStatement& select)
 {
-    FileSet files(end);
-    while (select.next()) {
-        const auto id = size_t(select.integer(0));
-        if (id < end)
-            files[id] = true;
-    }
+    FileSet files = select.integers();
+    std::sort(files.begin(), files.end());
+    files.erase(std::unique(files.begin(), files.end()), files.end());
     return files;
+}
+
+bool isIn(const FileSet* files, qint64 id)
+{
+    return std::binary_search(files->cbegin(), files->cend(), id);
 }
 
 Search::Search(LibraryDatabase& database, const QueryTerm& term)
     : m_database(database)
-    , m_idEnd(size_t(database.number(QStringLiteral("SELECT coalesce(max(id), 0) FROM files"))) + 1)
     , m_root(prepared(term, NamedIds(database, term)))
 {
 }
@@ -180,7 +179,7 @@ const FileSet* Search::filesOf(const QueryTerm& condition, const NamedIds& names
         LibraryStatement select(m_database, "SELECT file_id FROM file_tags JOIN tags ON tags.id = tag_id"
                                             " WHERE tags.deleted IS NULL");
         if (!m_tagged)
-            m_tagged = std::make_shared<const FileSet>(collect(select.run(), m_idEnd));
+            m_tagged = std::make_shared<const FileSet>(collect(select.run()));
         return m_tagged.get();
     }
     QVector<qint64> ids = names.of(condition);
@@ -190,7 +189,7 @@ const FileSet* Search::filesOf(const QueryTerm& condition, const NamedIds& names
     if (!files) {
         LibraryStatement select(m_database,
                                 "SELECT file_id FROM file_tags WHERE tag_id IN (SELECT value FROM json_each(?))");
-        files = std::make_shared<const FileSet>(collect(select.run(filequeries::jsonArray(ids)), m_idEnd));
+        files = std::make_shared<const FileSet>(collect(select.run(filequeries::jsonArray(ids))));
     }
     return files.get();
 }
@@ -206,11 +205,11 @@ bool Search::holds(const Node& node, const File& file)
     case Kind::Not:
         return !holds(node.inner.front(), file);
     case Kind::Untagged:
-        return !node.files->at(file.id);
+        return !isIn(node.files, file.id);
     case Kind::TagLike:
     case Kind::Tag:
     case Kind::Category:
-        return node.files->at(file.id);
+        return isIn(node.files, file.id);
     case Kind::NameHas:
         return file.name.contains(node.folded);
     case Kind::FolderHas:
@@ -223,7 +222,7 @@ bool Search::holds(const Node& node, const File& file)
 
 File Search::currentFile(LibraryStatement& select) const
 {
-    File file = {size_t(select.integer(0)), {}, {}, {}};
+    File file = {select.integer(0), {}, {}, {}};
     if (m_readsPaths) {
         const QByteArray path = select.bytes(1);
         const int slash = path.lastIndexOf('/');
@@ -244,8 +243,8 @@ QVector<qint64> Search::find()
     QVector<qint64> ids;
     while (select.next()) {
         const File file = currentFile(select);
-        if (file.id < m_idEnd && holds(m_root, file))
-            ids.append(qint64(file.id));
+        if (holds(m_root, file))
+            ids.append(file.id);
     }
     return ids;
 }
