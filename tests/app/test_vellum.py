@@ -137,6 +137,33 @@ class Vellum(unittest.TestCase):
                 self.assertFalse((self.home / "x.png").exists() or (self.home / "none.vellum").exists())
                 self.assertEqual((self.pictures / "a.png").read_bytes(), before)
 
+    def found(self, query):
+        outcome = self.run_program("--find", query, "-0", self.pictures, output=subprocess.PIPE)
+        self.assertEqual(outcome.returncode, 0, outcome.stderr)
+        return {path.rsplit("/", 1)[1][0] for path in outcome.stdout.split("\0") if path}
+
+    def change(self, *arguments, status=0):
+        outcome = self.run_program(*arguments, output=subprocess.PIPE)
+        self.assertEqual(outcome.returncode, status, outcome.stderr)
+        return outcome.stdout + outcome.stderr
+
+    def test_tags_are_put_on_merged_and_found(self):
+        picture = self.pictures / "a.png"
+        self.assertIn("No library holds", self.change("--tag", "x", "--", picture, status=2))
+        self.change("--import", self.pictures)
+        self.change("--tag", "one, two", "%1", "--untag", "Zebra", "--dry-run", "--", picture)
+        self.assertEqual(self.found("\"one, two\""), set())
+        said = self.change("--tag", "one, two", "%1", "--untag", "Zebra", "--", picture, self.other)
+        self.assertIn("links added: 4, links removed: 2, tags created: 2", said)
+        self.assertEqual(self.found("\"one, two\" and not zebra"), {"a", "b"})
+        self.assertIn("no tag \"none\"", self.change("--untag", "none", "--", picture, status=2))
+        self.assertIn("does not hold", self.change("--tag", "x", "--", self.pictures / "c.png", status=2))
+        self.change("--merge", "Amber", "--into", "%1", "--", self.pictures)
+        self.change("--rename", "%1", "Joined", "--", self.pictures)
+        self.assertEqual(self.found("joined"), {"a", "b"})
+        self.assertEqual(self.found("amber"), set())
+        self.assertIn("at \")\" (character 5)", self.change("--find", "one )", self.pictures, status=2))
+
     def test_output_that_cannot_be_written_is_a_failure(self):
         library = self.home / "a.vellum"
         for arguments in (["--version"], ["--help"], ["--import", self.pictures, "--library", library],

@@ -42,37 +42,38 @@ T required(const LibraryAnswer<T>& answer)
     return answer.value;
 }
 
-void printPath(const FileRow& file, bool& isFine)
+constexpr int pageSize = 1000;  // files that are read at a time
+
+/// Each path with a NUL behind it.
+void printPaths(ReadOnlyLibrary& reader, const QVector<qint64>& ids)
 {
-    const auto size = size_t(file.path.size()) + 1;  // With the NUL behind it.
-    isFine = isFine && fwrite(file.path.constData(), 1, size, stdout) == size;
+    bool isFine = true;
+    for (int start = 0; start < ids.size() && isFine; start += pageSize) {
+        for (const FileRow& file : required(reader.files(ids.mid(start, pageSize)))) {
+            const auto size = size_t(file.path.size()) + 1;
+            isFine = isFine && fwrite(file.path.constData(), 1, size, stdout) == size;
+        }
+    }
+    requirePrinted(isFine);
 }
 
-void printFound(ReadOnlyLibrary& reader, const QVector<qint64>& ids, const CommandLine& commandLine)
+void printRecords(ReadOnlyLibrary& reader, const QVector<qint64>& ids, bool json)
 {
-    constexpr int pageSize = 1000;
     QHash<qint64, QString> names;
     for (const TagRow& tag : required(reader.tags()))
         names.insert(tag.id, tag.name);
-    RecordPrinter printer(commandLine.json);
-    bool isFine = true;
-    if (!commandLine.separatesByNul)
-        printer.begin();
-    for (int start = 0; start < ids.size() && isFine && printer.isFine(); start += pageSize) {
+    RecordPrinter printer(json);
+    printer.begin();
+    for (int start = 0; start < ids.size() && printer.isFine(); start += pageSize) {
         for (const FileRow& file : required(reader.filesWithTags(ids.mid(start, pageSize)))) {
-            if (commandLine.separatesByNul) {
-                printPath(file, isFine);
-                continue;
-            }
             QStringList tags;
             for (const qint64 id : file.tagIds)
                 tags.append(names.value(id));
             printer.printFile(file, tags);
         }
     }
-    if (!commandLine.separatesByNul)
-        printer.end();
-    requirePrinted(isFine && printer.isFine());
+    printer.end();
+    requirePrinted(printer.isFine());
 }
 
 }  // namespace
@@ -89,6 +90,10 @@ int runFindCommand(const CommandLine& commandLine)
         const ReadOnlyLibrary::Snapshot snapshot(*reader);
         for (const QString& name : required(reader->unknownNames(query)))
             printNote(Words::tr("There is no tag or category called \"%1\".").arg(name).toUtf8());
-        printFound(*reader, required(reader->fileIds(FileQuery::matching(query))), commandLine);
+        const QVector<qint64> ids = required(reader->fileIds(FileQuery::matching(query)));
+        if (commandLine.separatesByNul)
+            printPaths(*reader, ids);
+        else
+            printRecords(*reader, ids, commandLine.json);
     });
 }
